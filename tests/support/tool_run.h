@@ -18,8 +18,7 @@ struct ToolRun {
 struct ToolRunOptions {
   std::string standardInput{};  ///< what the tool can read; standard input ends behind it
   std::string shellPrefix{};    ///< shell text in front of the tool, such as "ulimit -f 1;"
-  std::string
-      redirections{};  ///< shell text behind our own, so that it holds, such as ">/dev/full"
+  std::string redirections{};   ///< what overrules the redirections here, such as ">/dev/full"
 };
 
 /// Runs the tool with `directory` as its current directory.

@@ -1,0 +1,52 @@
+#include "platform/host_path.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace tavrel {
+
+PathKind pathKind(const char* path) {
+  struct stat status {};
+  if (stat(path, &status) != 0) {
+    return PathKind::missing;
+  }
+  switch (status.st_mode & S_IFMT) {
+    case S_IFREG:
+      return PathKind::file;
+    case S_IFDIR:
+      return PathKind::directory;
+    default:
+      return PathKind::other;
+  }
+}
+
+#ifdef _WIN32
+
+std::string hostPath(const char* name) { return name; }
+
+#else
+
+namespace {
+
+std::string folderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+}  // namespace
+
+std::string hostPath(const char* name) {
+  std::string asWritten = name;
+  if (asWritten.find('\\') == std::string::npos || pathKind(name) != PathKind::missing) {
+    return asWritten;
+  }
+  std::string withSlashes = asWritten;
+  std::replace(withSlashes.begin(), withSlashes.end(), '\\', '/');
+  const bool folderExists = pathKind(folderOf(withSlashes).c_str()) == PathKind::directory;
+  return folderExists ? withSlashes : asWritten;
+}
+
+#endif
+
+}  // namespace tavrel

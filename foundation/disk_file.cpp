@@ -1,0 +1,239 @@
+#include "foundation/disk_file.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <new>
+#include <string>
+
+#include "platform/host_path.h"
+
+namespace tavrel {
+
+namespace {
+
+struct ModeRow {
+  std::uint32_t mode;
+  std::ios_base::openmode flags;
+  FileError openError;
+};
+
+constexpr std::array<ModeRow, 3> kModes{{
+    {modeRead, std::ios::binary | std::ios::in, errorNotFound},
+    {modeWrite, std::ios::binary | std::ios::out | std::ios::trunc, errorOpenForWriting},
+    {modeAppend, std::ios::binary | std::ios::out | std::ios::app, errorOpenForAppending},
+}};
+
+/// Null for a mode outside the table.
+const ModeRow* findMode(std::uint32_t mode) {
+  const auto* row = std::find_if(kModes.begin(), kModes.end(), [mode](const ModeRow& candidate) {
+    return candidate.mode == mode;
+  });
+  return row != kModes.end() ? row : nullptr;
+}
+
+/// The size of the file behind `stream`, whose position is then its start; negative if it can't be
+/// told.
+std::int64_t sizeByMoving(std::ifstream& stream) {
+  stream.seekg(0, std::ios::end);
+  const std::int64_t end = stream.tellg();
+  stream.seekg(0);
+  return end;
+}
+
+std::int64_t sizeByMoving(std::ofstream& stream) {
+  stream.seekp(0, std::ios::end);
+  const std::int64_t end = stream.tellp();
+  stream.seekp(0);
+  return end;
+}
+
+}  // namespace
+
+DiskFile::DiskFile(std::uint32_t fileMode, const char* name, const char* path) : mode(fileMode) {
+  setName(name);
+  setPath(path != nullptr ? path : "");
+}
+
+bool DiskFile::fail(std::uint32_t code) {
+  error = code;
+  return false;
+}
+
+bool DiskFile::setName(const char* name) {
+  if (isOpen) {
+    return fail(errorIsOpen);
+  }
+  return fileName.setName(name) || fail(fileName.error);
+}
+
+bool DiskFile::setPath(const char* path) {
+  if (isOpen) {
+    return fail(errorIsOpen);
+  }
+  return fileName.setPath(path) || fail(fileName.error);
+}
+
+bool DiskFile::setMode(std::uint32_t newMode) {
+  if (isOpen) {
+    return fail(errorIsOpen);
+  }
+  mode = newMode;
+  return true;
+}
+
+bool DiskFile::open() {
+  if (isOpen) {
+    return fail(errorAlreadyOpen);
+  }
+  const ModeRow* row = findMode(mode);
+  if (row == nullptr) {
+    return fail(errorBadMode);
+  }
+  if (openFlags == kFlagsNotChosen) {
+    openFlags = static_cast<std::int32_t>(row->flags);
+  }
+  const char* fullName = fileName.getNameAndPath();
+  if (fullName == nullptr) {
+    return fail(fileName.error);
+  }
+  isOpen = openStream(fullName);
+  return isOpen || fail(row->openError);
+}
+
+bool DiskFile::openStream(const char* fullName) {
+  try {
+    const std::string path = hostPath(fullName);
+    const PathKind kind = pathKind(path.c_str());
+    hasNoSize = kind == PathKind::other;
+    if (kind == PathKind::directory) {
+      return false;
+    }
+    const auto flags = static_cast<std::ios_base::openmode>(openFlags);
+    if (mode != modeRead) {
+      output.open(path, flags);
+      return output.good();
+    }
+    if (hasNoSize) {
+      return true;  // really opening a pipe would wait for its writer; every access fails instead
+    }
+    input.open(path, flags);
+    return input.good();
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+bool DiskFile::close() {
+  if (!isOpen) {
+    return fail(errorAlreadyClosed);
+  }
+  isOpen = false;
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  if (mode == modeRead) {
+    input.close();
+    return true;
+  }
+  output.flush();
+  output.close();
+  return output.good() || fail(errorWrite);
+}
+
+bool DiskFile::mayRead(const void* buffer) {
+  if (!isOpen) {
+    return fail(errorNotOpen);
+  }
+  if (mode != modeRead) {
+    return fail(errorBadMode);
+  }
+  return buffer != nullptr || fail(errorNullBuffer);
+}
+
+bool DiskFile::read(void* buffer, std::uint32_t length) {
+  if (!mayRead(buffer)) {
+    return false;
+  }
+  input.read(static_cast<char*>(buffer), length);
+  return input.good() || fail(errorRead);
+}
+
+bool DiskFile::readAll(ByteBlock& buffer, std::uint32_t& length) {
+  if (!buffer) {
+    std::uint32_t size = 0;
+    if (!getSize(size)) {
+      return false;
+    }
+    buffer = newBytes(size);
+    if (!buffer) {
+      return fail(errorNoMemory);
+    }
+    length = size;
+  }
+  return read(buffer.get(), length);
+}
+
+bool DiskFile::readWhole(ByteBlock& buffer, std::uint32_t& length) {
+  return open() && readAll(buffer, length) && close();
+}
+
+bool DiskFile::write(const void* buffer, std::uint32_t length) {
+  if (!isOpen) {
+    return fail(errorWriteNotOpen);
+  }
+  if (mode == modeRead || findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  output.write(static_cast<const char*>(buffer), length);
+  return output.good() || fail(errorWrite);
+}
+
+bool DiskFile::writeWhole(const void* buffer, std::uint32_t length) {
+  return buffer != nullptr && open() && write(buffer, length) && close();
+}
+
+bool DiskFile::readRange(void* buffer, std::uint32_t start, std::uint32_t end) {
+  if (!mayRead(buffer)) {
+    return false;
+  }
+  if (end < start) {
+    return fail(errorRead);
+  }
+  input.seekg(start);
+  input.read(static_cast<char*>(buffer), end - start);
+  return input.good() || fail(errorRead);
+}
+
+bool DiskFile::seek(std::uint32_t position) {
+  if (!isOpen) {
+    return fail(errorNotOpen);
+  }
+  if (mode == modeAppend) {
+    return fail(errorSeekInAppendMode);
+  }
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  if (mode == modeRead) {
+    return input.seekg(position).good() || fail(errorSeek);
+  }
+  return output.seekp(position).good() || fail(errorSeek);
+}
+
+bool DiskFile::getSize(std::uint32_t& size) {
+  if (!isOpen) {
+    return fail(errorNotOpen);
+  }
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  const std::int64_t end = mode == modeRead ? sizeByMoving(input) : sizeByMoving(output);
+  if (hasNoSize || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
+    return fail(errorRead);
+  }
+  size = static_cast<std::uint32_t>(end);
+  return true;
+}
+
+}  // namespace tavrel

@@ -1,0 +1,166 @@
+#include "foundation/file_name.h"
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+#include "foundation/console.h"
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::size_t kExtensionMargin = 5;  // spare bytes of `name`: a dot and four characters
+constexpr std::size_t kLongestExtension = 5;
+constexpr std::size_t kExtensionSearch = 4;  // how far from its end a name's dot counts
+
+/// The length of `name` without the extension that `changeExtension` replaces, its dot left out;
+/// the whole length if there is none.
+std::size_t lengthWithoutExtension(std::string_view name) {
+  for (std::size_t back = 1; back <= kExtensionSearch && back <= name.size(); ++back) {
+    const char character = name[name.size() - back];
+    if (character == '.') {
+      return name.size() - back;
+    }
+    if (character == '\\' || character == '/') {
+      break;
+    }
+  }
+  return name.size();
+}
+
+/// Prints one or two addresses on standard output.
+void printFormatted(const char* format, const void* first, const void* second = nullptr) {
+  std::array<char, 128> text{};
+  std::snprintf(text.data(), text.size(), format, first, second);
+  printText(stdout, text.data());
+}
+
+void dumpText(const char* label, const char* addressFormat, const OwnedText& text) {
+  if (text) {
+    printLine(stdout, label, text.get());
+    printFormatted(addressFormat, text.get());
+  }
+}
+
+}  // namespace
+
+FileName::FileName(const char* newName) { setName(newName); }
+
+FileName::FileName(const char* newName, const char* newPath) {
+  setName(newName);
+  setPath(newPath);
+}
+
+void FileName::clear() {
+  name.reset();
+  path.reset();
+  nameAndPath.reset();
+  nameOnly.reset();
+  extensionOnly.reset();
+}
+
+bool FileName::replace(OwnedText& text, std::string_view newText, std::size_t spare) {
+  text = makeText(newText, {}, spare);
+  if (!text) {
+    error = kOutOfMemory;
+  }
+  return text != nullptr;
+}
+
+bool FileName::setName(const char* text) {
+  if (text == nullptr) {
+    name.reset();
+    error = kOutOfMemory;
+    return false;
+  }
+  nameCapacity = std::strlen(text) + kExtensionMargin;
+  return replace(name, text, kExtensionMargin);
+}
+
+bool FileName::setPath(const char* text) {
+  if (text == nullptr) {
+    path.reset();
+    error = kOutOfMemory;
+    return false;
+  }
+  return replace(path, text, 0);
+}
+
+bool FileName::splitNameAndPath(const char* text) {
+  clear();
+  if (text == nullptr) {
+    error = kOutOfMemory;
+    return false;
+  }
+  const std::string_view fullName = text;
+  const std::size_t backslash = fullName.rfind('\\');
+  const std::size_t nameStart = backslash == std::string_view::npos ? 0 : backslash + 1;
+  nameCapacity = fullName.size() - nameStart;
+  return replace(name, fullName.substr(nameStart), 0) &&
+         replace(path, fullName.substr(0, nameStart), 0);
+}
+
+bool FileName::changeExtension(const char* extension) {
+  const std::size_t stem = lengthWithoutExtension(textOrEmpty(name));
+  if (!name || stem + 1 + std::strlen(extension) > nameCapacity) {
+    return true;
+  }
+  name[stem] = '.';
+  std::strcpy(name.get() + stem + 1, extension);
+  return true;
+}
+
+const char* FileName::getNameAndPath() {
+  nameAndPath.reset();
+  if (!path && !setPath("")) {
+    return nullptr;
+  }
+  if (!name) {
+    error = kOutOfMemory;
+    return nullptr;
+  }
+  nameAndPath = makeText(path.get(), name.get());
+  if (!nameAndPath) {
+    error = kOutOfMemory;
+  }
+  return nameAndPath.get();
+}
+
+const char* FileName::getNameOnly() {
+  const std::string_view whole = textOrEmpty(name);
+  replace(nameOnly, whole.substr(0, whole.find('.')), 0);
+  return nameOnly.get();
+}
+
+const char* FileName::getExtensionOnly() {
+  const std::string_view whole = textOrEmpty(name);
+  const std::size_t dot = whole.find('.');
+  if (dot == std::string_view::npos) {
+    return &noName;
+  }
+  replace(extensionOnly, whole.substr(dot + 1, kLongestExtension), 0);
+  return extensionOnly.get();
+}
+
+bool FileName::dump() const {
+  const std::string_view border =
+      "****************************************************************************";
+  printLine(stdout, border);
+  printFormatted("This: %p\n", this);
+  if (name) {
+    printLine(stdout, "name: ", name.get());
+    printFormatted("name is at: %p the pointer is at: %p\n", name.get(), this);
+  }
+  dumpText("path: ", "path is at: %p\n", path);
+  dumpText("nameAndPath: ", "nameAndPath is at: %p\n", nameAndPath);
+  dumpText("nameOnly: ", "nameOnly is at: %p\n", nameOnly);
+  dumpText("extensionOnly: ", "extensionOnly is at: %p\n", extensionOnly);
+  printLine(stdout, border);
+  printLine(stdout, "Any key...");
+  std::getchar();
+  return true;
+}
+
+}  // namespace tavrel

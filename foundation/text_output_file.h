@@ -1,0 +1,45 @@
+// A disk file for generated text: always in write mode, with operations for texts and line ends.
+// A line end is one line feed on every host. A write to a file that isn't open gives false without
+// an error code; any other failed write leaves its code in `error`.
+#pragma once
+
+#include <cstdint>
+
+#include "foundation/disk_file.h"
+
+namespace tavrel {
+
+class TextOutputFile : public DiskFile {
+ public:
+  /// Names the file; `open` creates it.
+  explicit TextOutputFile(const char* fullName);
+
+  /// Writes the text without its terminator.
+  bool writeText(const char* text);
+
+  /// As `write` of `DiskFile`, with its error codes.
+  bool writeBytes(const void* bytes, std::uint32_t length);
+
+  bool writeNewline();
+
+  /// Writes `count` line ends; a count below 1 writes nothing and is true.
+  bool writeNewlines(std::int16_t count);
+
+  /// Writes the value in decimal.
+  bool writeLong(std::int32_t value);
+
+  /// Writes "1" for the value 1 and "0" for any other.
+  bool writeBool(std::uint8_t value);
+
+  bool writeTab();
+
+  /// Writes `count` tabs; a count below 1 writes nothing and is true.
+  bool writeTabs(std::int16_t count);
+
+  /// Writes `commentChar`, one blank and the text, without a line end.
+  bool writeComment(const char* text);
+
+  char commentChar = ';';
+};
+
+}  // namespace tavrel

@@ -1,0 +1,83 @@
+#include "compiler/asset_block.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <utility>
+
+#include "foundation/console.h"
+
+namespace tavrel {
+
+AssetBlock::AssetBlock(BankScript& script, TokenFile& source) : script_(script), source_(source) {}
+
+bool AssetBlock::open() {
+  entry_.reset(new (std::nothrow) AssetEntry);
+  data_.reset(new (std::nothrow) AssetData);
+  if (!entry_ || !data_ || !source_.readToken()) {
+    return false;
+  }
+  if (!fileName().splitNameAndPath(source_.token.data())) {
+    return false;
+  }
+  fullFileName_ = fileName().getNameAndPath();
+  return fullFileName_ != nullptr && nameAsset();
+}
+
+/// boom.wav is the asset boom_wav.
+bool AssetBlock::nameAsset() {
+  const char* stem = fileName().getNameOnly();
+  const char* extension = fileName().getExtensionOnly();
+  if (stem == nullptr || extension == nullptr) {
+    return false;
+  }
+  if (std::strlen(stem) + 1 + std::strlen(extension) > AssetData::kLongestName) {
+    printLine(stderr, "ERROR: Asset name ", stem, "_", extension,
+              " is too long, only 79 chars allowed");
+    return false;
+  }
+  std::snprintf(data_->name.data(), data_->name.size(), "%s_%s", stem, extension);
+  if (!script_.hasRoomForAsset()) {
+    printLine(stderr, "ERROR: Asset ", data_->name.data(),
+              " is one too many, only 32768 assets allowed");
+    return false;
+  }
+  return true;
+}
+
+void AssetBlock::announce(const char* label) const { printLine(stdout, label, fullFileName_); }
+
+bool AssetBlock::readNumberOption(std::span<const NumberOption> options) {
+  for (const NumberOption& option : options) {
+    if (source_.isToken(option.keyword)) {
+      return source_.readNumber(entry_->parameter[option.parameter]);
+    }
+  }
+  return reportUnidentifiedToken(source_);
+}
+
+bool AssetBlock::makePayload(std::uint32_t size, Padding padding) {
+  const std::uint64_t padded = padding == Padding::none ? size : roundUpTo4(size);
+  if (padded > std::numeric_limits<std::uint32_t>::max()) {
+    return false;
+  }
+  data_->payload = newBytes(padded);
+  if (!data_->payload) {
+    return false;
+  }
+  std::fill(payload() + size, payload() + padded, std::uint8_t{0});
+  entry_->size = size;
+  data_->paddedSize = static_cast<std::uint32_t>(padded);
+  return true;
+}
+
+bool AssetBlock::store(AssetType type, AssetKind kind) {
+  entry_->type = type;
+  data_->kind = kind;
+  return script_.storeAsset(std::move(data_), std::move(entry_));
+}
+
+}  // namespace tavrel

@@ -1,0 +1,7 @@
+#include "compiler/run_driver.h"
+#include "platform/standard_streams.h"
+
+int main(int argumentCount, char** arguments) {
+  tavrel::prepareStandardStreams();
+  return tavrel::runTavrel(argumentCount, arguments);
+}

@@ -1,0 +1,118 @@
+#include "compiler/run_driver.h"
+
+#include <array>
+#include <cstdio>
+#include <new>
+
+#include "compiler/bank_script.h"
+#include "foundation/console.h"
+#include "foundation/text_utilities.h"
+
+namespace tavrel {
+
+namespace {
+
+const char* const kRule =
+    "-------------------------------------------------------------------------------";
+
+struct ArgumentKeyword {
+  const char* keyword;
+  void (*apply)(BankScript& script, const char* value);
+};
+
+// In the order in which an item is tested.
+constexpr std::array<ArgumentKeyword, 4> kKeywords{{
+    {"bankPath", [](BankScript& script, const char* value) { script.bankFileName.setPath(value); }},
+    {"scriptPath", [](BankScript& script, const char* value) { script.fileName.setPath(value); }},
+    {"headerPath",
+     [](BankScript& script, const char* value) { script.headerFileName.setPath(value); }},
+    {"HeaderPrefix", [](BankScript& script, const char* value) { script.setHeaderPrefix(value); }},
+}};
+
+struct Phase {
+  bool (BankScript::*run)();
+  const char* failure;
+};
+
+constexpr std::array<Phase, 3> kPhases{{
+    {&BankScript::parseScript, "Error: Failed to parse script..."},
+    {&BankScript::writeBank, "Error: Failed to write bank..."},
+    {&BankScript::writeHeader, "Error: Failed to write header..."},
+}};
+
+void printTitle(std::FILE* stream) {
+  printLine(stream, kRule);
+  printLine(stream, "Tavrel Audio Packager");
+  printLine(stream, "Revision 1.82", " ", "7/22/1999 5:36 pm");
+}
+
+void printUsage() {
+  printTitle(stderr);
+  printLine(stderr, kRule);
+  printLine(stderr);
+  printLine(stderr, "Error: ", "Incorrect command line arguments...");
+  printLine(stderr, "Usage: ", "tavrel",
+            " scriptFileName [bankPath bankOutputPathWithSlashOnEnd] [scriptPath "
+            "scriptPathWithSlashOnEnd] [headerPath headerPathWithSlashOnEnd] [HeaderPrefix "
+            "theHeaderPrefix]");
+}
+
+void printBanner(BankScript& script) {
+  printTitle(stdout);
+  printLine(stdout);
+  printLine(stdout, "Script File:\t", script.fileName.getNameAndPath());
+  printLine(stdout, "Header Path:\t", textOrEmpty(script.headerFileName.path));
+  printLine(stdout, "Bank Path:\t", textOrEmpty(script.bankFileName.path));
+  printLine(stdout, kRule);
+}
+
+/// Applies the keywords of the argument list. Every item is tested, the program's name and the
+/// script's too; a value that one keyword took is itself tested for the keywords behind that one.
+void applyKeywords(BankScript& script, const char* const* arguments) {
+  for (const char* const* item = arguments; *item != nullptr; ++item) {
+    for (const ArgumentKeyword& row : kKeywords) {
+      if (!equalsIgnoringCase(*item, row.keyword)) {
+        continue;
+      }
+      ++item;
+      if (*item == nullptr) {
+        return;
+      }
+      row.apply(script, *item);
+    }
+  }
+}
+
+/// Runs one phase. Memory that runs out where no step is left to give up fails the phase.
+bool succeeds(BankScript& script, const Phase& phase) {
+  try {
+    return (script.*phase.run)();
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+int runTavrel(int argumentCount, const char* const* arguments) {
+  if (argumentCount < 2) {
+    printUsage();
+    return 1;
+  }
+  BankScript script(arguments[1]);
+  applyKeywords(script, arguments);
+  script.preferencesFileName.setName(arguments[0]);
+  script.preferencesFileName.changeExtension("rsp");
+  printBanner(script);
+  for (const Phase& phase : kPhases) {
+    if (!succeeds(script, phase)) {
+      printLine(stderr, phase.failure);
+      std::getchar();  // keeps a console window open until its user has read the lines
+      return 1;
+    }
+  }
+  printLine(stdout, "Done!");
+  return 0;
+}
+
+}  // namespace tavrel

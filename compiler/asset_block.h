@@ -70,7 +70,6 @@ class AssetBlock {
 
  private:
   bool nameAsset();
-  bool mayBeStored() const;
 
   BankScript& script_;
   TokenFile& source_;

@@ -75,7 +75,7 @@ class BankScript : public TokenFile {
   bool parseBankFileName();
 
   [[nodiscard]] std::uint32_t tableEnd() const;
-  bool bankFits() const;
+  [[nodiscard]] bool bankFits() const;
   bool writeTable(DiskFile& bank) const;
   bool writeBlobs(DiskFile& bank, std::uint32_t& position);
 

@@ -1,0 +1,83 @@
+#include "midi/midi_event.h"
+
+#include <new>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::uint32_t kNoteOff = 0x80;
+constexpr std::uint32_t kNoteOn = 0x90;
+constexpr std::uint32_t kPolyPressure = 0xA0;
+constexpr std::uint32_t kController = 0xB0;
+constexpr std::uint32_t kProgramChange = 0xC0;
+constexpr std::uint32_t kChannelPressure = 0xD0;
+constexpr std::uint32_t kPitchWheel = 0xE0;
+constexpr std::uint32_t kSysEx = 0xF0;
+
+/// Is this the message `firstStatus`, on any of its 16 channels?
+bool isMessage(const MidiEvent& ev, std::uint32_t firstStatus) {
+  return (ev.status & ~0xFU) == firstStatus;
+}
+
+bool hasVelocity(const MidiEvent& ev) { return payloadByte(ev, 1) != 0; }
+
+}  // namespace
+
+MidiEvent* newEvent() { return new (std::nothrow) MidiEvent{}; }
+
+void deleteEvent(MidiEvent* ev) {
+  if (ev != nullptr) {
+    delete[] ev->data;
+    delete ev;
+  }
+}
+
+bool hasFirstByte(const MidiEvent& ev, std::uint8_t value) {
+  return ev.data != nullptr && ev.dataLength > 0 && ev.data[0] == value;
+}
+
+std::uint32_t tempoOf(const MidiEvent& ev) {
+  return std::uint32_t{payloadByte(ev, 0)} << 16U | std::uint32_t{payloadByte(ev, 1)} << 8U |
+         std::uint32_t{payloadByte(ev, 2)};
+}
+
+bool hasStatus(const MidiEvent& ev, std::uint32_t status) { return ev.status == status; }
+
+bool isNoteOn(const MidiEvent& ev) { return isMessage(ev, kNoteOn) && hasVelocity(ev); }
+
+bool isNoteOff(const MidiEvent& ev) {
+  return isMessage(ev, kNoteOff) || (isMessage(ev, kNoteOn) && !hasVelocity(ev));
+}
+
+bool isNoteNumber(const MidiEvent& ev, std::uint8_t number) {
+  return isMessage(ev, kNoteOn) && hasFirstByte(ev, number);
+}
+
+bool isPolyPressure(const MidiEvent& ev) { return isMessage(ev, kPolyPressure); }
+
+bool isController(const MidiEvent& ev) { return isMessage(ev, kController); }
+
+bool isControllerNumber(const MidiEvent& ev, std::uint8_t number) {
+  return isController(ev) && hasFirstByte(ev, number);
+}
+
+bool isProgramChange(const MidiEvent& ev) { return isMessage(ev, kProgramChange); }
+
+bool isProgramNumber(const MidiEvent& ev, std::uint8_t number) {
+  return isProgramChange(ev) && hasFirstByte(ev, number);
+}
+
+bool isChannelPressure(const MidiEvent& ev) { return isMessage(ev, kChannelPressure); }
+
+bool isPitchWheel(const MidiEvent& ev) { return isMessage(ev, kPitchWheel); }
+
+bool isSysEx(const MidiEvent& ev) { return hasStatus(ev, kSysEx); }
+
+bool isMeta(const MidiEvent& ev) { return hasStatus(ev, kMetaStatus); }
+
+bool isMetaType(const MidiEvent& ev, std::uint32_t type) {
+  return matchesMeta(ev, kMetaStatus, type);
+}
+
+}  // namespace tavrel

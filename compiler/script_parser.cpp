@@ -1,5 +1,6 @@
 // The top level of the build script: names the bank and hands each asset block to its parser.
 #include <array>
+#include <new>
 
 #include "compiler/bank_script.h"
 #include "foundation/console.h"
@@ -10,7 +11,7 @@ namespace {
 
 struct BlockKeyword {
   const char* keyword;
-  bool (BankScript::*parse)(TokenFile& source);
+  bool (BankScript::*parse)(TokenFile&);
 };
 
 constexpr std::array<BlockKeyword, 6> kBlocks{{
@@ -51,7 +52,7 @@ bool BankScript::parseStatement(bool& ok) {
   }
   for (const BlockKeyword& block : kBlocks) {
     if (isToken(block.keyword)) {
-      (this->*block.parse)(*this);
+      parseBlock(block.parse);
       return true;
     }
   }
@@ -59,6 +60,16 @@ bool BankScript::parseStatement(bool& ok) {
     ok = reportUnidentifiedToken(*this);
   }
   return false;
+}
+
+/// A block's result doesn't stop the parse: what a failed block leaves unread does, at the top
+/// level.
+void BankScript::parseBlock(BlockParser parse) {
+  try {
+    (this->*parse)(*this);
+  } catch (const std::bad_alloc&) {
+    return;  // the block has dropped its asset, as every failed block does
+  }
 }
 
 bool BankScript::parseBankFileName() {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -34,15 +33,17 @@ bool AssetBlock::nameAsset() {
   if (stem == nullptr || extension == nullptr) {
     return false;
   }
+  std::array<char, AssetData::kLongestName + 1>& name = data_->name;
   if (std::strlen(stem) + 1 + std::strlen(extension) > AssetData::kLongestName) {
     printLine(stderr, "ERROR: Asset name ", stem, "_", extension,
               " is too long, only 79 chars allowed");
     return false;
   }
-  std::snprintf(data_->name.data(), data_->name.size(), "%s_%s", stem, extension);
+  std::strcpy(name.data(), stem);
+  std::strcat(name.data(), "_");
+  std::strcat(name.data(), extension);
   if (!script_.hasRoomForAsset()) {
-    printLine(stderr, "ERROR: Asset ", data_->name.data(),
-              " is one too many, only 32768 assets allowed");
+    printLine(stderr, "ERROR: Asset ", name.data(), " is one too many, only 32768 assets allowed");
     return false;
   }
   return true;

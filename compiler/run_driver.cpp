@@ -31,13 +31,14 @@ constexpr std::array<ArgumentKeyword, 4> kKeywords{{
 
 struct Phase {
   bool (BankScript::*run)();
+  FileName BankScript::*file;  // what it reads or writes
   const char* failure;
 };
 
 constexpr std::array<Phase, 3> kPhases{{
-    {&BankScript::parseScript, "Error: Failed to parse script..."},
-    {&BankScript::writeBank, "Error: Failed to write bank..."},
-    {&BankScript::writeHeader, "Error: Failed to write header..."},
+    {&BankScript::parseScript, &BankScript::fileName, "Error: Failed to parse script..."},
+    {&BankScript::writeBank, &BankScript::bankFileName, "Error: Failed to write bank..."},
+    {&BankScript::writeHeader, &BankScript::headerFileName, "Error: Failed to write header..."},
 }};
 
 void printTitle(std::FILE* stream) {
@@ -83,10 +84,14 @@ void applyKeywords(BankScript& script, const char* const* arguments) {
   }
 }
 
+/// Whether the file has lost its path, or a text made from its name, to a shortage of memory: what
+/// is left of it would lead to another file. Without a name no file can be opened anyway.
+bool isIncomplete(const FileName& file) { return file.name && file.error != 0; }
+
 /// Runs one phase. Memory that runs out where no step is left to give up fails the phase.
 bool succeeds(BankScript& script, const Phase& phase) {
   try {
-    return (script.*phase.run)();
+    return !isIncomplete(script.*phase.file) && (script.*phase.run)();
   } catch (const std::bad_alloc&) {
     return false;
   }

@@ -173,7 +173,10 @@ bool BankScript::parseWaveFile(TokenFile& source) {
     return false;
   }
   const char* extension = assetFileName.getExtensionOnly();
-  if (extension != nullptr && equalsIgnoringCase(extension, "aif")) {
+  if (extension == nullptr) {
+    return false;
+  }
+  if (equalsIgnoringCase(extension, "aif")) {
     block.announce("Reading AIFF File: ");
     return parseSample<AiffFile>(block);
   }

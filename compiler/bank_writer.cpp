@@ -73,14 +73,14 @@ bool BankScript::bankFits() const {
   for (const auto& asset : assets) {
     length += asset->paddedSize;
   }
-  constexpr std::uint64_t kLongestBank = std::numeric_limits<std::uint32_t>::max();
-  if (length > kLongestBank - (kBankAlignment - 1)) {
+  length += kBankAlignment - 1;
+  length -= length % kBankAlignment;
+  constexpr std::uint32_t kLongestBank = std::numeric_limits<std::uint32_t>::max();
+  if (length > kLongestBank) {
     printLine(stderr, "ERROR: Bank of ", static_cast<std::int64_t>(length),
-              " bytes is too long, only ", static_cast<std::int64_t>(kLongestBank),
-              " bytes allowed");
-    return false;
+              " bytes is too long, only ", kLongestBank, " bytes allowed");
   }
-  return true;
+  return length <= kLongestBank;
 }
 
 bool BankScript::writeBank() {

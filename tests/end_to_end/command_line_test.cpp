@@ -24,63 +24,61 @@ TEST(CommandLine, NoArgumentsGiveTheUsageReport) {
 
 TEST(CommandLine, KeywordsAreAppliedItemByItem) {
   const std::string longest(80, 'p');
-  const std::vector<ExpectedRun> rows{
-      {.arguments = {"a.txt"}},
-      {.arguments = {"a.txt", "bankPath"}},
-      {.arguments = {"a.txt", "scriptPath"}},
-      {.arguments = {"a.txt", "headerPath"}},
-      {.arguments = {"a.txt", "HeaderPrefix"}},
-      {.arguments = {"a.txt", "junk", "bankPathx", "one/"}},
-      {.arguments = {"a.txt", "BANKPATH", "one/", "headerpath", "two/"},
-       .bankPath = "one/",
-       .headerPath = "two/"},
-      {.arguments = {"a.txt", "bankPath", "one/", "bankPath", "two/"}, .bankPath = "two/"},
-      {.arguments = {"a.txt", "scriptPath", "one/"}, .scriptFile = "one/a.txt"},
-      {.arguments = {"a.txt", "bankPath", "one"}, .bankPath = "one"},
+  const struct {
+    std::vector<std::string> arguments;
+    std::string scriptFile, bankPath, headerPath, prefix;
+  } rows[] = {
+      {{"a.txt"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "bankPath"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "scriptPath"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "headerPath"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "HeaderPrefix"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "junk", "bankPathx", "one/"}, "a.txt", "", "", "SFX"},
+      {{"a.txt", "BANKPATH", "one/", "headerpath", "two/"}, "a.txt", "one/", "two/", "SFX"},
+      {{"a.txt", "bankPath", "one/", "bankPath", "two/"}, "a.txt", "two/", "", "SFX"},
+      {{"a.txt", "scriptPath", "one/"}, "one/a.txt", "", "", "SFX"},
+      {{"a.txt", "bankPath", "one"}, "a.txt", "one", "", "SFX"},
       // A value is tested for the keywords behind its own in the order bankPath, scriptPath,
       // headerPath, HeaderPrefix, and for no other.
-      {.arguments = {"a.txt", "bankPath", "headerPath", "two/"},
-       .bankPath = "headerPath",
-       .headerPath = "two/"},
-      {.arguments = {"a.txt", "bankPath", "scriptPath", "headerPath", "HeaderPrefix", "x"},
-       .scriptFile = "headerPatha.txt",
-       .bankPath = "scriptPath",
-       .headerPath = "HeaderPrefix",
-       .prefix = "X"},
-      {.arguments = {"a.txt", "bankPath", "bankPath", "one/"}, .bankPath = "bankPath"},
-      {.arguments = {"a.txt", "HeaderPrefix", "bankPath", "one/"}, .prefix = "BANKPATH"},
-      {.arguments = {"bankPath", "one/"}, .scriptFile = "bankPath", .bankPath = "one/"},
-      {.arguments = {"a.txt", "HeaderPrefix", longest}, .prefix = upperCased(longest)},
-      {.arguments = {"a.txt", "HeaderPrefix", "fine", "HeaderPrefix", longest + "p"}},
+      {{"a.txt", "bankPath", "headerPath", "two/"}, "a.txt", "headerPath", "two/", "SFX"},
+      {{"a.txt", "bankPath", "scriptPath", "headerPath", "HeaderPrefix", "x"},
+       "headerPatha.txt",
+       "scriptPath",
+       "HeaderPrefix",
+       "X"},
+      {{"a.txt", "bankPath", "bankPath", "one/"}, "a.txt", "bankPath", "", "SFX"},
+      {{"a.txt", "HeaderPrefix", "bankPath", "one/"}, "a.txt", "", "", "BANKPATH"},
+      {{"bankPath", "one/"}, "bankPath", "one/", "", "SFX"},
+      {{"a.txt", "HeaderPrefix", longest}, "a.txt", "", "", upperCased(longest)},
+      {{"a.txt", "HeaderPrefix", "x", "HeaderPrefix", longest + "p"}, "a.txt", "", "", "SFX"},
   };
-  for (const ExpectedRun& row : rows) {
-    const TemporaryDirectory folder;
-    std::filesystem::create_directory(folder.path("one"));
-    std::filesystem::create_directory(folder.path("two"));
-    folder.write(row.scriptFile, "BankFileName sfx.tvb\n");
-    expectRun(folder, row);
+  for (const auto& row : rows) {
+    expectRun({.arguments = row.arguments,
+               .scriptFile = row.scriptFile,
+               .files = {{"one/", ""}, {"two/", ""}},
+               .bankPath = row.bankPath,
+               .headerPath = row.headerPath,
+               .prefix = row.prefix});
   }
 }
 
 TEST(CommandLine, BothStreamsComeInTheOrderOfTheSteps) {
   const TemporaryDirectory folder;
-  const std::string oversize(1025, 'x');
   folder.write("u.bin", "1234");
-  folder.write("good", "BankFileName sfx.tvb UserAsset u.bin AssetEnd\n" + oversize + " ");
-  const ToolRun good = runToolMerged(folder.path(), {"good"});
-  EXPECT_EQ(good.standardOutput,
+  folder.write("good",
+               "BankFileName sfx.tvb UserAsset u.bin AssetEnd\n" + std::string(1025, 'x') + " ");
+  EXPECT_EQ(runToolMerged(folder.path(), {"good"}).standardOutput,
             expectedBanner({.scriptFile = "good"}) +
                 "Reading Unknown File: u.bin\n"
                 "File: good Line #: 2 has an oversize token, only 1024 chars allowed per token\n"
                 "Writing Bank File: sfx.tvb\nWriting Unknown Data: u_bin\n"
                 "Writing Header File: sfx.h\nDone!\n");
-  folder.write("bad", "BankFileName sfx.tvb UserAsset u.bin Loop 1\n");
-  const ToolRun bad = runToolMerged(folder.path(), {"bad", "bankPath", "b/"});
-  EXPECT_EQ(bad.standardOutput, expectedBanner({.scriptFile = "bad", .bankPath = "b/"}) +
-                                    "Reading Unknown File: u.bin\n"
-                                    "Script File: bad\nError: Unidentified token: Loop at line: 1\n"
-                                    "Script File: bad\nError: Unidentified token: 1 at line: 1\n"
-                                    "Error: Failed to parse script...\n");
+  folder.write("bad", "UserAsset u.bin Loop\n");
+  EXPECT_EQ(runToolMerged(folder.path(), {"bad"}).standardOutput,
+            expectedBanner({.scriptFile = "bad"}) +
+                "Reading Unknown File: u.bin\n"
+                "Script File: bad\nError: Unidentified token: Loop at line: 1\n"
+                "Error: Failed to parse script...\n");
 }
 
 }  // namespace

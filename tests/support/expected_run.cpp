@@ -3,13 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
-#include <map>
 
 namespace tavrel::test {
 namespace {
 
+// In the order of `Outcome`.
+constexpr std::array<const char*, 5> kClosingLines{
+    "Error: Failed to parse script...\n", "Error: Failed to write bank...\n",
+    "Error: Failed to write header...\n", "Error: Failed to write header...\n", ""};
+
 using FileContents = std::map<std::string, std::string>;
+
+std::string replaced(std::string text, char from, char to) {
+  std::replace(text.begin(), text.end(), from, to);
+  return text;
+}
 
 FileContents allFiles(const TemporaryDirectory& folder) {
   FileContents files;
@@ -22,16 +32,14 @@ FileContents allFiles(const TemporaryDirectory& folder) {
   return files;
 }
 
-std::string withSlashes(std::string name) {
-  std::replace(name.begin(), name.end(), '\\', '/');
-  return name;
+std::string bankFile(const ExpectedRun& expected) {
+  return expected.bankPath + expected.bankName.value_or(expected.baseName + ".tvb");
 }
 
 std::string expectedOutput(const ExpectedRun& expected) {
   std::string lines = expectedBanner(expected) + expected.reading;
   if (expected.outcome >= Outcome::bankFails) {
-    lines += "Writing Bank File: " + expected.bankPath + expected.bankName + "\n";
-    lines += expected.writing;
+    lines += "Writing Bank File: " + bankFile(expected) + "\n" + expected.writing;
   }
   if (expected.outcome >= Outcome::headerFails) {
     lines += "Writing Header File: " + expected.baseName + ".h\n";
@@ -39,31 +47,47 @@ std::string expectedOutput(const ExpectedRun& expected) {
   return lines + (expected.outcome == Outcome::done ? "Done!\n" : "");
 }
 
-std::string closingLine(Outcome outcome) {
-  switch (outcome) {
-    case Outcome::parseFails:
-      return "Error: Failed to parse script...\n";
-    case Outcome::bankFails:
-      return "Error: Failed to write bank...\n";
-    case Outcome::headerFails:
-      return "Error: Failed to write header...\n";
-    default:
-      return "";
-  }
-}
-
 void addWritten(FileContents& files, const ExpectedRun& expected, const std::string& stamp) {
-  if (expected.outcome >= Outcome::headerFails) {
-    files[withSlashes(expected.bankPath + expected.bankName)] = expected.bank.bytes();
+  const std::string& base = expected.baseName;
+  const ExpectedBank& bank = expected.bank;
+  if (expected.outcome > Outcome::bankFails) {
+    files[replaced(bankFile(expected), '\\', '/')] = bank.bytes();
   }
   if (expected.outcome == Outcome::done) {
-    files[withSlashes(expected.headerPath + expected.headerName)] =
-        expectedHeader(expected.baseName, expected.prefix, expected.bank.dataSize(),
-                       expected.bank.headerSize(), expected.defines, stamp);
+    const std::string name = expected.headerPath + expected.headerName.value_or(base + ".h");
+    files[replaced(name, '\\', '/')] =
+        expectedHeader(base, expected.prefix.value_or(upperCased(base)), bank.dataSize(),
+                       bank.headerSize(), expected.defines, stamp);
   }
 }
 
 }  // namespace
+
+ExpectedRun& ExpectedRun::asset(const AssetKindRow& kind, const std::string& file,
+                                const std::string& payload, const std::string& options,
+                                const std::vector<std::int32_t>& parameters) {
+  std::string name = file + (file.find('.') == std::string::npos ? "_" : "");
+  name = replaced(name, '.', '_');
+  *script += std::string(kind.keyword) + " " + file + " " + options + " AssetEnd\n";
+  files[file] = payload;
+  reading += kind.reading + file + "\n";
+  writing += kind.writing + name + "\n";
+  bank.asset(kind.type, payload, kind.pad, parameters);
+  defines.push_back({upperCased(name), static_cast<int>(defines.size())});
+  return *this;
+}
+
+void prepareRun(const TemporaryDirectory& folder, const ExpectedRun& expected) {
+  for (const auto& [name, content] : expected.files) {
+    std::filesystem::create_directories(std::filesystem::path(folder.path(name)).parent_path());
+    if (!name.ends_with('/')) {
+      folder.write(name, content);
+    }
+  }
+  if (expected.script) {
+    folder.write(expected.scriptFile, *expected.script);
+  }
+}
 
 std::string expectedBanner(const ExpectedRun& expected) {
   const std::string rule = std::string(79, '-') + "\n";
@@ -72,24 +96,28 @@ std::string expectedBanner(const ExpectedRun& expected) {
          expected.bankPath + "\n" + rule;
 }
 
-void expectRun(const TemporaryDirectory& folder, const ExpectedRun& expected,
-               const ToolRunOptions& options) {
-  SCOPED_TRACE("arguments: " + testing::PrintToString(expected.arguments));
+void expectRun(const TemporaryDirectory& folder, const ExpectedRun& expected) {
+  SCOPED_TRACE("arguments " + testing::PrintToString(expected.arguments) + ", script " +
+               expected.script.value_or("missing").substr(0, 500));
+  prepareRun(folder, expected);
   FileContents files = allFiles(folder);
   std::string stamp;
   ToolRun run;
   do {
     stamp = currentStamp();
-    run = runTool(folder.path(), expected.arguments, options);
+    run = runTool(folder.path(), expected.arguments);
   } while (stamp != currentStamp());
   EXPECT_EQ(run.exitCode, expected.outcome == Outcome::done ? 0 : 1);
   EXPECT_EQ(run.standardOutput, expectedOutput(expected));
-  EXPECT_EQ(run.standardError, expected.problems + closingLine(expected.outcome));
+  EXPECT_EQ(run.standardError,
+            expected.problems + kClosingLines.at(static_cast<std::size_t>(expected.outcome)));
   addWritten(files, expected, stamp);
   EXPECT_EQ(allFiles(folder).size(), files.size()) << "the run left files that nobody asked for";
   for (const auto& [name, content] : files) {
     EXPECT_EQ(folder.read(name), content) << name;
   }
 }
+
+void expectRun(const ExpectedRun& expected) { expectRun(TemporaryDirectory(), expected); }
 
 }  // namespace tavrel::test

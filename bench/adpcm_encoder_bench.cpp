@@ -4,70 +4,16 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
-#include <random>
 #include <vector>
 
+#include "bench/sounds.h"
 #include "samples/adpcm_encoder.h"
 
-namespace tavrel {
+namespace tavrel::bench {
 
 namespace {
 
 constexpr std::size_t kSampleCount = std::size_t{1} << 20;
-constexpr double kSampleRate = 44100;
-
-using Samples = std::vector<std::int16_t>;
-
-std::int16_t toSample(double value) {
-  return static_cast<std::int16_t>(std::clamp(value, -32768.0, 32767.0));
-}
-
-/// Three decaying notes and a little noise, struck anew every 0.7 seconds.
-Samples music() {
-  Samples samples(kSampleCount);
-  std::mt19937 generator(1);
-  std::normal_distribution<double> noise(0, 1500);
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    const double seconds = static_cast<double>(i) / kSampleRate;
-    const double turn = 2 * std::numbers::pi * seconds;
-    const double notes =
-        9000 * std::sin(turn * 220) + 5000 * std::sin(turn * 447) + 3000 * std::sin(turn * 1931);
-    samples[i] = toSample(std::exp(-3 * std::fmod(seconds, 0.7)) * (notes + noise(generator)));
-  }
-  return samples;
-}
-
-/// A hum with the hiss of a recording: the steadiest sound that the plain form meets.
-Samples hum() {
-  Samples samples(kSampleCount);
-  std::mt19937 generator(2);
-  std::normal_distribution<double> hiss(0, 50);
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    const double turn = 2 * std::numbers::pi * static_cast<double>(i) / kSampleRate;
-    samples[i] = toSample(20000 * std::sin(turn * 60) + hiss(generator));
-  }
-  return samples;
-}
-
-/// A bare tone: it repeats itself so exactly that a processor learns the plain form's branches.
-Samples tone() {
-  Samples samples(kSampleCount);
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    const double turn = 2 * std::numbers::pi * static_cast<double>(i) / kSampleRate;
-    samples[i] = toSample(12000 * std::sin(turn * 441.7));
-  }
-  return samples;
-}
-
-Samples whiteNoise() {
-  Samples samples(kSampleCount);
-  std::mt19937 generator(3);
-  std::uniform_int_distribution<int> noise(-32768, 32767);
-  std::generate(samples.begin(), samples.end(), [&] { return toSample(noise(generator)); });
-  return samples;
-}
 
 /// The algorithm written down step by step, with no thought for speed.
 std::vector<std::uint8_t> plainForm(const Samples& samples, const std::array<double, 8>& factors) {
@@ -104,8 +50,7 @@ void reportThroughput(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kSampleCount));
 }
 
-void plain(benchmark::State& state, Samples (*make)()) {
-  const Samples samples = make();
+void plain(benchmark::State& state, const Samples& samples) {
   const AdpcmEncoder encoder;
   for (auto _ : state) {
     benchmark::DoNotOptimize(plainForm(samples, encoder.stepFactors));
@@ -113,8 +58,7 @@ void plain(benchmark::State& state, Samples (*make)()) {
   reportThroughput(state);
 }
 
-void encoder(benchmark::State& state, Samples (*make)()) {
-  const Samples samples = make();
+void encoder(benchmark::State& state, const Samples& samples) {
   const auto byteLength = static_cast<std::uint32_t>(samples.size() * sizeof(samples[0]));
   AdpcmEncoder checked;
   checked.encode(samples.data(), byteLength);
@@ -132,15 +76,15 @@ void encoder(benchmark::State& state, Samples (*make)()) {
   reportThroughput(state);
 }
 
-BENCHMARK_CAPTURE(plain, music, music);
-BENCHMARK_CAPTURE(encoder, music, music);
-BENCHMARK_CAPTURE(plain, hum, hum);
-BENCHMARK_CAPTURE(encoder, hum, hum);
-BENCHMARK_CAPTURE(plain, whiteNoise, whiteNoise);
-BENCHMARK_CAPTURE(encoder, whiteNoise, whiteNoise);
-BENCHMARK_CAPTURE(plain, tone, tone);
-BENCHMARK_CAPTURE(encoder, tone, tone);
+BENCHMARK_CAPTURE(plain, music, music(kSampleCount));
+BENCHMARK_CAPTURE(encoder, music, music(kSampleCount));
+BENCHMARK_CAPTURE(plain, hum, hum(kSampleCount));
+BENCHMARK_CAPTURE(encoder, hum, hum(kSampleCount));
+BENCHMARK_CAPTURE(plain, whiteNoise, whiteNoise(kSampleCount, 3));
+BENCHMARK_CAPTURE(encoder, whiteNoise, whiteNoise(kSampleCount, 3));
+BENCHMARK_CAPTURE(plain, tone, tone(kSampleCount));
+BENCHMARK_CAPTURE(encoder, tone, tone(kSampleCount));
 
 }  // namespace
 
-}  // namespace tavrel
+}  // namespace tavrel::bench

@@ -1,0 +1,48 @@
+// The two passes over every byte of a sound: pairs swapped in place, and signs flipped. A plain
+// copy of the same bytes is the yardstick.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "samples/sound_convert.h"
+
+namespace tavrel::bench {
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::size_t kByteCount = std::size_t{1} << 20;
+
+/// Runs `pass` over a block of sound again and again.
+void measure(benchmark::State& state, void (*pass)(Bytes& bytes)) {
+  Bytes bytes(kByteCount, 1);
+  for (auto _ : state) {
+    pass(bytes);
+    benchmark::ClobberMemory();
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(kByteCount));
+}
+
+void swapInPlace(Bytes& bytes) {
+  SoundConvert::swapBytes(bytes.data(), bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+}
+
+void flipInPlace(Bytes& bytes) {
+  std::transform(bytes.begin(), bytes.end(), bytes.begin(), SoundConvert::flipSign);
+}
+
+void copy(Bytes& bytes) {
+  static Bytes target(kByteCount);
+  std::memcpy(target.data(), bytes.data(), bytes.size());
+}
+
+BENCHMARK_CAPTURE(measure, copy, copy);
+BENCHMARK_CAPTURE(measure, swapBytes, swapInPlace);
+BENCHMARK_CAPTURE(measure, flipSign, flipInPlace);
+
+}  // namespace
+
+}  // namespace tavrel::bench

@@ -1,0 +1,186 @@
+// Times whole runs of the tool beside programs that anyone has, and weighs their memory:
+//   whole_runs tavrel folder
+// The folder holds what make_inputs makes. Each run is a process of its own; tool and yardstick
+// take turns, and the fastest round of each counts, since whatever else the machine does can only
+// slow a run down.
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Command = std::vector<std::string>;
+using Files = std::vector<std::string>;
+
+constexpr double kMebibyte = 1 << 20;
+
+/// The least that a command was seen to need.
+struct Cost {
+  double seconds = std::numeric_limits<double>::max();
+  double peakBytes = std::numeric_limits<double>::max();
+};
+
+/// A command, the file that takes its standard output, and the files that it makes.
+struct Run {
+  Command command;
+  std::string output = "/dev/null";
+  Files made{};
+};
+
+struct Work {
+  const char* name;
+  Run ours;
+  Run yardstick;
+  double bar;
+  int rounds;
+};
+
+void fail(const std::string& what) {
+  std::perror(what.c_str());
+  std::exit(1);
+}
+
+pid_t start(const Run& run) {
+  std::vector<char*> arguments;
+  for (const std::string& argument : run.command) {
+    arguments.push_back(const_cast<char*>(argument.c_str()));
+  }
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, run.output.c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  pid_t child = 0;
+  if (posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ) != 0) {
+    fail(run.command.front());
+  }
+  posix_spawn_file_actions_destroy(&actions);
+  return child;
+}
+
+/// Runs the command once, without its earlier output in the way.
+void measure(const Run& run, Cost& cost) {
+  for (const std::string& file : run.made) {
+    std::filesystem::remove(file);
+  }
+  const auto begin = std::chrono::steady_clock::now();
+  const pid_t child = start(run);
+  int status = 0;
+  rusage usage{};
+  wait4(child, &status, 0, &usage);
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+  if (status != 0) {
+    fail(run.command.front() + " failed");
+  }
+  cost.seconds = std::min(cost.seconds, taken.count());
+  cost.peakBytes = std::min(cost.peakBytes, 1024.0 * static_cast<double>(usage.ru_maxrss));
+}
+
+void printRow(const char* name, double ours, double yardstick, double scale, const char* unit,
+              double bar) {
+  const double ratio = ours / yardstick;
+  std::printf("%-52s %9.1f %9.1f %-3s %6.2f   <= %-5.2f %s\n", name, ours * scale,
+              yardstick * scale, unit, ratio, bar, ratio <= bar ? "holds" : "MISSED");
+  std::fflush(stdout);
+}
+
+/// Measures both sides of the work, prints its row, and gives the tool's cost.
+Cost compare(const Work& work) {
+  Cost ours;
+  Cost yardstick;
+  for (int round = 0; round < work.rounds; ++round) {
+    measure(work.yardstick, yardstick);
+    measure(work.ours, ours);
+  }
+  printRow(work.name, ours.seconds, yardstick.seconds, 1000, "ms", work.bar);
+  return ours;
+}
+
+/// Sets the peak of the run against the bytes that it can't do without. The program itself, the
+/// records and rounding to pages are the tolerance.
+void weigh(const char* name, const Cost& run, double payloads, double largestFile) {
+  printRow(name, run.peakBytes, payloads + largestFile, 1 / kMebibyte, "MiB", 1.05);
+}
+
+Files filesOf(const std::string& folder) {
+  Files files;
+  for (const auto& file : std::filesystem::directory_iterator(folder)) {
+    files.push_back(file.path());
+  }
+  return files;
+}
+
+double sizeOf(const std::string& file) {
+  return static_cast<double>(std::filesystem::file_size(file));
+}
+
+double sumOfSizes(const Files& files) {
+  double sum = 0;
+  for (const std::string& file : files) {
+    sum += sizeOf(file);
+  }
+  return sum;
+}
+
+Run joined(const Files& files) {
+  Command command{"cat"};
+  command.insert(command.end(), files.begin(), files.end());
+  return {command, "joined", {"joined"}};
+}
+
+void runAll(const std::string& tavrel) {
+  const auto packed = [&tavrel](const std::string& script) {
+    return Run{{tavrel, script + ".txt"}, "/dev/null", {script + ".tvb", script + ".h"}};
+  };
+  const Files small = filesOf("small");
+  const Files opaque = filesOf("opaque");
+  const Run ffmpeg{{"ffmpeg", "-nostdin", "-loglevel", "error", "-i", "long.wav", "-c:a",
+                    "adpcm_ima_wav", "ffmpeg.wav"},
+                   "/dev/null",
+                   {"ffmpeg.wav"}};
+
+  compare({"Empty bank / true", packed("empty"), {{"true"}}, 2.0, 500});
+  const Cost compressRun =
+      compare({"Compress 10 minutes / ffmpeg", packed("compress"), ffmpeg, 0.55, 10});
+  const Cost smallRun =
+      compare({"Pack 2,000 small WAVs / cat", packed("small"), joined(small), 1.6, 20});
+  const Cost opaqueRun =
+      compare({"Pack 1 GiB of opaque assets / cat", packed("opaque"), joined(opaque), 2.0, 8});
+  compare({"30,000 blocks / 15,000 blocks", packed("blocks30000"), packed("blocks15000"), 2.5, 20});
+  compare({"Tempo last in 8 MB / midicsv",
+           packed("tempo"),
+           {{"midicsv", "tempo.mid", "/dev/null"}},
+           0.35,
+           20});
+
+  weigh("Memory for 2,000 small WAVs / payloads + a file", smallRun, sumOfSizes(small),
+        sizeOf("small/1999.wav"));
+  weigh("Memory for 1 GiB of assets / payloads + a file", opaqueRun, sumOfSizes(opaque),
+        sizeOf("opaque/0.dat"));
+  weigh("Memory to compress / payloads + a file", compressRun, sizeOf("long.wav") / 4,
+        sizeOf("long.wav"));
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  if (argumentCount != 3) {
+    std::fputs("Usage: whole_runs tavrel folder\n", stderr);
+    return 1;
+  }
+  const std::string tavrel = std::filesystem::absolute(arguments[1]);
+  std::filesystem::current_path(arguments[2]);
+  runAll(tavrel);
+  return 0;
+}

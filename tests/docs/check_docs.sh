@@ -101,6 +101,9 @@ cmake --install "$build" --prefix "$sandbox/usr" >/dev/null
 mkdir "$sandbox/bin"
 ln -s "$compiler" "$sandbox/bin/cc"
 export PATH=$sandbox/usr/bin:$sandbox/bin:$PATH CMAKE_PREFIX_PATH=$sandbox/usr
+# The build tool that is there for this build is the one that is there for those of the documents.
+CMAKE_GENERATOR=$(sed -n 's/^CMAKE_GENERATOR:INTERNAL=//p' "$build/CMakeCache.txt")
+export CMAKE_GENERATOR
 
 cd "$source"
 for document in README.md docs/*.md; do

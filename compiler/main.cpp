@@ -1,7 +1,9 @@
 #include "compiler/run_driver.h"
+#include "platform/large_pages.h"
 #include "platform/standard_streams.h"
 
 int main(int argumentCount, char** arguments) {
+  tavrel::prepareHeap();
   tavrel::prepareStandardStreams();
   return tavrel::runTavrel(argumentCount, arguments);
 }

@@ -8,6 +8,8 @@
 #include <memory>
 #include <new>
 
+#include "platform/large_pages.h"
+
 namespace tavrel {
 
 using ByteBlock = std::unique_ptr<std::uint8_t[]>;
@@ -15,7 +17,11 @@ using ByteBlock = std::unique_ptr<std::uint8_t[]>;
 /// A block of `size` bytes that are not cleared: they are about to be overwritten, and memory that
 /// nobody writes to is never touched. A size of 0 gives a block too. Null when memory is short.
 inline ByteBlock newBytes(std::size_t size) {
-  return ByteBlock(new (std::nothrow) std::uint8_t[size]);
+  ByteBlock block(new (std::nothrow) std::uint8_t[size]);
+  if (block && size >= kLargePageSize) {
+    preferLargePages(block.get(), size);
+  }
+  return block;
 }
 
 /// `size` rounded up to a multiple of 4. The largest results are those of 64 bits, so that no size

@@ -33,7 +33,7 @@ class LineBuffer {
 
  private:
   std::FILE* stream_;
-  std::array<char, kLineCapacity> buffer_;
+  std::array<char, kLineCapacity> buffer_{};
   std::size_t used_ = 0;
 };
 

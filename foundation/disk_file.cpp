@@ -97,31 +97,31 @@ bool DiskFile::open() {
   if (fullName == nullptr) {
     return fail(fileName.error);
   }
-  isOpen = openStream(fullName);
+  try {
+    isOpen = openStream(fullName);
+  } catch (const std::bad_alloc&) {
+    return fail(errorNoMemory);
+  }
   return isOpen || fail(row->openError);
 }
 
 bool DiskFile::openStream(const char* fullName) {
-  try {
-    const std::string path = hostPath(fullName);
-    const PathKind kind = pathKind(path.c_str());
-    hasNoSize = kind == PathKind::other;
-    if (kind == PathKind::directory) {
-      return false;
-    }
-    const auto flags = static_cast<std::ios_base::openmode>(openFlags);
-    if (mode != modeRead) {
-      output.open(path, flags);
-      return output.good();
-    }
-    if (hasNoSize) {
-      return true;  // really opening a pipe would wait for its writer; every access fails instead
-    }
-    input.open(path, flags);
-    return input.good();
-  } catch (const std::bad_alloc&) {
+  const std::string path = hostPath(fullName);
+  const PathKind kind = pathKind(path.c_str());
+  hasNoSize = kind == PathKind::other;
+  if (kind == PathKind::directory) {
     return false;
   }
+  const auto flags = static_cast<std::ios_base::openmode>(openFlags);
+  if (mode != modeRead) {
+    output.open(path, flags);
+    return output.good();
+  }
+  if (hasNoSize) {
+    return true;  // really opening a pipe would wait for its writer; every access fails instead
+  }
+  input.open(path, flags);
+  return input.good();
 }
 
 bool DiskFile::close() {

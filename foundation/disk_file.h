@@ -94,6 +94,10 @@ class DiskFile {
   std::uint32_t mode = kNoMode;
   std::uint32_t error = errorNone;
 
+ protected:
+  /// What a row of the error table says for its "%s": the name without its path.
+  [[nodiscard]] const char* nameInMessages() const;
+
  private:
   static constexpr std::uint32_t kNoMode = 0xFFFFFFFF;
   static constexpr std::int32_t kFlagsNotChosen = -1;

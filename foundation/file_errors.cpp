@@ -40,8 +40,12 @@ bool DiskFile::reportError() const {
   if (error == errorNone) {
     return false;
   }
-  theLog.print(errorText(), fileName.name ? fileName.name.get() : "fileName is NULL");
+  theLog.print(errorText(), nameInMessages());
   return true;
+}
+
+const char* DiskFile::nameInMessages() const {
+  return fileName.name ? fileName.name.get() : "fileName is NULL";
 }
 
 }  // namespace tavrel

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "foundation/console.h"
 
@@ -89,17 +90,21 @@ bool FileName::setPath(const char* text) {
 }
 
 bool FileName::splitNameAndPath(const char* text) {
+  const std::string_view fullName = text != nullptr ? text : "";
+  const std::size_t backslash = fullName.rfind('\\');
+  const std::size_t nameStart = backslash == std::string_view::npos ? 0 : backslash + 1;
+  // Copied ahead of `clear`: the text may be one of this object's own.
+  OwnedText newName = makeText(fullName.substr(nameStart));
+  OwnedText newPath = makeText(fullName.substr(0, nameStart));
   clear();
-  if (text == nullptr) {
+  if (text == nullptr || !newName || !newPath) {
     error = kOutOfMemory;
     return false;
   }
-  const std::string_view fullName = text;
-  const std::size_t backslash = fullName.rfind('\\');
-  const std::size_t nameStart = backslash == std::string_view::npos ? 0 : backslash + 1;
-  nameCapacity = fullName.size() - nameStart;
-  return replace(name, fullName.substr(nameStart), 0) &&
-         replace(path, fullName.substr(0, nameStart), 0);
+  nameCapacity = std::strlen(newName.get());
+  name = std::move(newName);
+  path = std::move(newPath);
+  return true;
 }
 
 bool FileName::changeExtension(const char* extension) {

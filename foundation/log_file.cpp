@@ -43,6 +43,15 @@ class FormattedText {
   OwnedText long_;
 };
 
+/// Writes the formatted line straight to standard error.
+void printFormatted(const char* format, ...) {
+  std::va_list arguments;
+  va_start(arguments, format);
+  const FormattedText text(format, arguments);
+  va_end(arguments);
+  printLine(stderr, text.get());
+}
+
 }  // namespace
 
 LogFile::LogFile() : LogFile("logfile.txt") {}
@@ -52,14 +61,8 @@ LogFile::LogFile(const char* name) : LogFile(name, "") {}
 LogFile::LogFile(const char* name, const char* path) {
   setMode(modeWrite);
   setName(name);
-  setPath(path);
+  setPath(path != nullptr ? path : "");
   hasFailed();
-}
-
-LogFile::~LogFile() {
-  if (isOpen) {
-    close();
-  }
 }
 
 bool LogFile::print(const char* format, ...) {
@@ -90,14 +93,12 @@ bool LogFile::writeToOpenFile(const char* line) {
 
 bool LogFile::appendToFile(const char* line) {
   open();
-  if (hasFailed()) {
-    return false;
+  if (!hasFailed()) {
+    writeToOpenFile(line);
   }
-  write(line, static_cast<std::uint32_t>(std::strlen(line)));
-  if (hasFailed()) {
-    return false;
+  if (isOpen) {
+    close();  // after a failure too: no line leaves the file open
   }
-  close();
   return !hasFailed();
 }
 
@@ -107,9 +108,7 @@ bool LogFile::hasFailed() {
   }
   if (!failureTold) {
     failureTold = true;
-    std::array<char, kUsualLine> row{};
-    std::snprintf(row.data(), row.size(), errorText(), textOrEmpty(fileName.name));
-    printLine(stderr, row.data());
+    printFormatted(errorText(), nameInMessages());
   }
   return true;
 }
@@ -118,7 +117,8 @@ bool LogFile::openLog() {
   if (!keepsFileOpen()) {
     return true;
   }
-  return open() && !hasFailed();
+  open();
+  return !hasFailed();
 }
 
 bool LogFile::closeLog() {

@@ -13,9 +13,6 @@ class LogFile : public DiskFile {
   LogFile();
   explicit LogFile(const char* name);
   LogFile(const char* name, const char* path);
-  LogFile(const LogFile&) = delete;
-  LogFile& operator=(const LogFile&) = delete;
-  ~LogFile();
 
   /// Formats the arguments as `printf` does and writes the line. False only when the log's own file
   /// fails, which takes file output to be on.

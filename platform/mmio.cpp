@@ -57,7 +57,7 @@ class MmioFile {
 
   std::ifstream stream;
   std::uint64_t streamPosition = 0;
-  std::array<std::uint8_t, kBufferSize> buffer;  // not cleared: only what was read is looked at
+  std::array<std::uint8_t, kBufferSize> buffer{};
   std::uint64_t bufferStart = 0;
   std::size_t buffered = 0;
 };

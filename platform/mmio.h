@@ -32,7 +32,7 @@ struct ChunkInfo {
   std::uint32_t dataOffset = 0;  ///< of the content, counted from the start of the file
   std::uint32_t flags = 0;
 };
-static_assert(sizeof(ChunkInfo) == 5 * 4);
+static_assert(sizeof(ChunkInfo) == 5 * sizeof(std::uint32_t));
 
 constexpr std::uint32_t kMmioBuffered = 0x10000;
 

@@ -232,8 +232,8 @@ bool AiffFile::getLoop(std::int32_t which, std::uint32_t& mode, std::uint32_t& s
     return false;
   }
   const AiffLoop& loop = which == 1 ? instrument.sustainLoop : instrument.releaseLoop;
-  const auto names = [this](std::int16_t id) { return id >= 1 && id <= markerList.count; };
-  if (!names(loop.startId) || !names(loop.endId)) {
+  const auto isMarker = [this](std::int16_t id) { return id >= 1 && id <= markerList.count; };
+  if (!isMarker(loop.startId) || !isMarker(loop.endId)) {
     return false;
   }
   start = markerList.markers[static_cast<std::size_t>(loop.startId - 1)].position;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t kFormHeaderSize = 4 + 4 + 4;
 constexpr std::uint32_t kChunkHeaderSize = 4 + 4;
-constexpr std::size_t kSpareBytes = 255;  // the image ends with as many bytes of no meaning
+constexpr std::size_t kSpareBytes = 255;  // behind the file: a reader may look a record ahead
 
 /// The four characters of `id`, which may be any bytes, for printing. Lives as long as `text`.
 std::string_view idView(std::uint32_t id, IffFile::IdText& text) {
@@ -41,6 +41,7 @@ bool IffFile::readImage() {
   return disk.close() && complete;
 }
 
+/// Tells a file of another form type, or too short to have one, in a line.
 bool IffFile::isOfType(std::uint32_t formType) const {
   if (fileSize >= kFormHeaderSize) {
     std::uint32_t type = 0;

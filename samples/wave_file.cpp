@@ -43,13 +43,13 @@ bool WaveFile::readFormat(RiffFile& riff, const ChunkInfo& chunk) {
   if (!riff.readBytes(stored.data(), std::min(chunk.chunkSize, WaveFormat::kStoredSize))) {
     return false;
   }
-  format.formatTag = readLittle16(&stored[0]);
-  format.channels = readLittle16(&stored[2]);
-  format.samplesPerSecond = readLittle32(&stored[4]);
-  format.averageBytesPerSecond = readLittle32(&stored[8]);
-  format.blockAlign = readLittle16(&stored[12]);
-  format.bitsPerSample = readLittle16(&stored[14]);
-  format.extraSize = readLittle16(&stored[16]);
+  format.formatTag = readLittle16(stored.data());
+  format.channels = readLittle16(stored.data() + 2);
+  format.samplesPerSecond = readLittle32(stored.data() + 4);
+  format.averageBytesPerSecond = readLittle32(stored.data() + 8);
+  format.blockAlign = readLittle16(stored.data() + 12);
+  format.bitsPerSample = readLittle16(stored.data() + 14);
+  format.extraSize = readLittle16(stored.data() + 16);
   return true;
 }
 

@@ -79,14 +79,9 @@ TEST(AdpcmEncoder, StateFollowsTheCodes) {
 
 TEST(AdpcmEncoder, SizesRoundAndFill) {
   const Samples zeros(18);
-  for (const auto& [byteLength, outputSize] : {std::pair{0U, 0U},
-                                               {1U, 0U},
-                                               {3U, 0U},
-                                               {4U, 4U},
-                                               {6U, 4U},
-                                               {7U, 4U},
-                                               {16U, 4U},
-                                               {36U, 12U}}) {
+  const std::pair<std::uint32_t, std::uint32_t> sizes[] = {{0, 0}, {1, 0}, {3, 0},  {4, 4},
+                                                           {6, 4}, {7, 4}, {16, 4}, {36, 12}};
+  for (const auto& [byteLength, outputSize] : sizes) {
     AdpcmEncoder encoder;
     // Silence gives the codes 0 and 8 in turn: bytes that look like the fill.
     EXPECT_EQ(encoded(encoder, zeros, byteLength), std::string(outputSize, '\x80')) << byteLength;

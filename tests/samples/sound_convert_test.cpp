@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 #include <string>
 
@@ -41,22 +40,15 @@ TEST(SoundConvert, ReadsBigEndianWithoutSigns) {
 }
 
 TEST(SoundConvert, ReadsExtendedFloats) {
-  const struct {
-    std::uint32_t exponent;
-    std::uint32_t top;
-    std::uint32_t value;
-  } rows[] = {
-      {0x400E, 0xAC440000, 44100},      {0x400B, 0xFA000000, 8000},
-      {0x000E, 0xAC440000, 44100},       // the top byte of the exponent is not looked at
-      {0x401E, 0xFFFFFFFF, 0xFFFFFFFF},  // no shift, nothing to round
-      {0x400B, 0x80040000, 4097},        // 4096.5
-      {0x3FFF, 0x80000000, 1},           // 1.0: the shift wraps to 31
-      {0x3FFE, 0x80000000, 1},           // 0.5: the shift is 32, the lost bit the top one
-      {0x3FFD, 0xFFFFFFFF, 0},          {0x401F, 0xFFFFFFFF, 0},  // the shift wraps to 255
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(extended(float80(row.exponent, row.top)), row.value) << std::hex << row.exponent;
-  }
+  EXPECT_EQ(extended(float80(0x400E, 0xAC440000)), 44100U);
+  EXPECT_EQ(extended(float80(0x400B, 0xFA000000)), 8000U);
+  EXPECT_EQ(extended(float80(0x000E, 0xAC440000)), 44100U) << "the top byte is not looked at";
+  EXPECT_EQ(extended(float80(0x401E, 0xFFFFFFFF)), 0xFFFFFFFFU) << "no shift, nothing to round";
+  EXPECT_EQ(extended(float80(0x400B, 0x80040000)), 4097U) << "4096.5";
+  EXPECT_EQ(extended(float80(0x3FFF, 0x80000000)), 1U) << "1.0: the shift wraps to 31";
+  EXPECT_EQ(extended(float80(0x3FFE, 0x80000000)), 1U) << "0.5: the lost bit is the top one";
+  EXPECT_EQ(extended(float80(0x3FFD, 0xFFFFFFFF)), 0U);
+  EXPECT_EQ(extended(float80(0x401F, 0xFFFFFFFF)), 0U) << "the shift wraps to 255";
 }
 
 TEST(SoundConvert, MakesExtendedFloatsThatReadBack) {
@@ -114,30 +106,23 @@ TEST(SoundConvert, CountsSamples) {
 }
 
 TEST(SoundConvert, ScalesGainsAndPercents) {
-  for (const auto& [gain, byte] :
-       {std::pair{1, 0}, {0, 0}, {-1, 0xFE}, {-96, 0x01}, {-32768, 0x00}}) {
+  using Pairs = std::initializer_list<std::pair<int, int>>;
+  for (const auto& [gain, byte] : Pairs{{1, 0}, {0, 0}, {-1, 0xFE}, {-96, 1}, {-32768, 0}}) {
     EXPECT_EQ(SoundConvert::gainToByte(static_cast<std::int16_t>(gain)), byte) << gain;
   }
-  for (const auto& [percent, value] : {std::pair{-50, 0}, {-49, 2}, {0, 64}, {50, 127}}) {
+  for (const auto& [percent, value] : Pairs{{-50, 0}, {-49, 2}, {0, 64}, {50, 127}}) {
     EXPECT_EQ(SoundConvert::percentTo127(static_cast<std::int8_t>(percent)), value) << percent;
   }
-  for (const auto& [value, scaled] : {std::pair{0, 0}, {1, 1}, {5, 2}, {127, 31}, {-5, -1}}) {
+  for (const auto& [value, scaled] : Pairs{{0, 0}, {1, 1}, {5, 2}, {127, 31}, {-5, -1}}) {
     EXPECT_EQ(SoundConvert::scale127To31(static_cast<std::int8_t>(value)), scaled) << value;
   }
 }
 
 TEST(SoundConvert, FindsThresholds) {
-  for (const auto& [value, index] : {std::pair{47.0, 31},
-                                     {46.9, 0},
-                                     {38.0, 0},
-                                     {31.0, 0},
-                                     {30.9, 1},
-                                     {27.0, 1},
-                                     {0.35, 27},
-                                     {0.349, 28},
-                                     {0.0, 28},
-                                     {-0.1, 31},
-                                     {1e9, 31}}) {
+  const std::pair<double, int> rows[] = {{47, 31},    {46.9, 0},  {38, 0},    {31, 0},
+                                         {30.9, 1},   {27, 1},    {0.35, 27}, {0, 28},
+                                         {0.349, 28}, {-0.1, 31}, {1e9, 31}};
+  for (const auto& [value, index] : rows) {
     EXPECT_EQ(SoundConvert::descendingThresholdIndex(value), index) << value;
   }
 }

@@ -10,7 +10,7 @@ namespace tavrel::test {
 struct Marker {
   std::uint32_t id;
   std::uint32_t position;
-  std::string name;
+  std::string name = {};
 };
 
 /// A loop of an instrument: its mode and its two markers.

@@ -75,6 +75,12 @@ bool AssetBlock::makePayload(std::uint32_t size, Padding padding) {
   return true;
 }
 
+void AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size) {
+  data_->payload = std::move(bytes);
+  entry_->size = size;
+  data_->paddedSize = size;
+}
+
 bool AssetBlock::store(AssetType type, AssetKind kind) {
   entry_->type = type;
   data_->kind = kind;

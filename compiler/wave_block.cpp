@@ -4,6 +4,7 @@
 // The file is loaded and examined before any option is read.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "compiler/asset_block.h"
 #include "compiler/bank_script.h"
@@ -119,11 +120,10 @@ bool settleCompression(AssetBlock& block, const Sample& sample, const Switches& 
 
 bool compress(AssetBlock& block, const Sample& sample) {
   AdpcmEncoder encoder;
-  if (!encoder.encode(reinterpret_cast<const std::int16_t*>(sample.bytes), sample.size) ||
-      !block.makePayload(encoder.outputSize, Padding::toMultipleOf4)) {
+  if (!encoder.encode(reinterpret_cast<const std::int16_t*>(sample.bytes), sample.size)) {
     return false;
   }
-  std::copy_n(encoder.output.get(), encoder.outputSize, block.payload());
+  block.takePayload(std::move(encoder.output), encoder.outputSize);
   block.entry().parameter[kBitsPerSample] = 4;
   return true;
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 namespace tavrel::test {
+
 TEST(ConsoleTest, LinesComeOutWholeOnTheStreamAskedFor) {
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();

@@ -8,6 +8,7 @@
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
+
 TEST(FileNameTest, SplitsAtTheLastBackslashAndTheFirstDot) {
   const struct {
     const char *text, *name, *path, *nameOnly, *extensionOnly;

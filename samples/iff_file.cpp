@@ -57,45 +57,62 @@ bool IffFile::isOfType(std::uint32_t formType) const {
 
 bool IffFile::listChunks() {
   SoundConvert::readLong(formSize, image.get() + 4);
-  bytesWalked = 4;
-  cursor = kFormHeaderSize;
   if (verbose) {
     printLine(stdout, "FORM");
   }
+  // Counted first: a list that grows holds its records twice for a while.
+  std::size_t count = 0;
+  walkChunks([&count](const IffChunk& /*chunk*/) { ++count; });
   try {
-    bool formGoesOn = true;
-    while (formGoesOn) {
-      formGoesOn = listNextChunk() && bytesWalked < formSize;
-    }
+    chunks.reserve(count);
   } catch (const std::bad_alloc&) {
     return false;
   }
+  walkChunks([this](const IffChunk& chunk) { listChunk(chunk); });
   return true;
 }
 
-/// Appends the chunk at the cursor and moves behind it. False if the walk ends here, with or
-/// without another chunk. Throws std::bad_alloc.
-bool IffFile::listNextChunk() {
-  const std::uint32_t left = fileSize - cursor;
-  if (left < kChunkHeaderSize) {
+/// Gives every chunk of the form to `visit`, in file order.
+template <typename Visit>
+void IffFile::walkChunks(Visit visit) {
+  bytesWalked = 4;
+  cursor = kFormHeaderSize;
+  IffChunk chunk;
+  bool formGoesOn = true;
+  while (formGoesOn && readChunk(chunk)) {
+    visit(chunk);
+    formGoesOn = passChunk(chunk) && bytesWalked < formSize;
+  }
+}
+
+/// Reads the header at the cursor. False if the file doesn't hold it wholly.
+bool IffFile::readChunk(IffChunk& chunk) const {
+  if (fileSize - cursor < kChunkHeaderSize) {
     return false;
   }
-  IffChunk chunk;
   SoundConvert::readLong(chunk.id, image.get() + cursor);
   SoundConvert::readLong(chunk.size, image.get() + cursor + 4);
   chunk.data = image.get() + cursor + kChunkHeaderSize;
-  if (verbose) {
-    IdText text;
-    printLine(stdout, "    ", idView(chunk.id, text));
-  }
-  chunks.push_back(chunk);
+  return true;
+}
+
+/// Moves behind the chunk. False if it passes the end of the file.
+bool IffFile::passChunk(const IffChunk& chunk) {
   const std::uint64_t span = std::uint64_t{kChunkHeaderSize} + chunk.size + chunk.size % 2;
-  if (span > left) {
+  if (span > fileSize - cursor) {
     return false;
   }
   cursor += static_cast<std::uint32_t>(span);
   bytesWalked += static_cast<std::uint32_t>(span);
   return true;
+}
+
+void IffFile::listChunk(const IffChunk& chunk) {
+  if (verbose) {
+    IdText text;
+    printLine(stdout, "    ", idView(chunk.id, text));
+  }
+  chunks.push_back(chunk);
 }
 
 bool IffFile::hasChunk(std::uint32_t id) const {

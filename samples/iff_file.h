@@ -82,7 +82,11 @@ class IffFile {
   bool readImage();
   bool isOfType(std::uint32_t formType) const;
   bool listChunks();
-  bool listNextChunk();
+  template <typename Visit>
+  void walkChunks(Visit visit);
+  bool readChunk(IffChunk& chunk) const;
+  bool passChunk(const IffChunk& chunk);
+  void listChunk(const IffChunk& chunk);
 
   std::uint32_t cursor = 0;       // offset in the image of the next chunk header
   std::uint32_t bytesWalked = 0;  // of the form's content, the form type included

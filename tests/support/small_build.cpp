@@ -1,0 +1,70 @@
+#include "tests/support/small_build.h"
+
+#include "tests/support/aiff_builder.h"
+#include "tests/support/midi_builder.h"
+#include "tests/support/wav_builder.h"
+
+namespace tavrel::test {
+
+std::string smallWav() {
+  Bytes samples;
+  for (std::uint32_t i = 0; i < 50; ++i) {
+    samples.le16(i * i * 37);
+  }
+  return wav().fmt(1, 16, 22050).data(samples).str();
+}
+
+std::string smallAiff() {
+  return aiff()
+      .comm(1, 20, 16)
+      .mark({{1, 3, "beg"}, {2, 17}})
+      .inst({1, 1, 2})
+      .ssnd(Bytes().fill(2 * 20, 0x5A))
+      .str();
+}
+
+std::string smallMidi() {
+  return midi().track(events()
+                          .meta(0, 0x03, "song")
+                          .meta(0, 0x58, Bytes().u8(6).u8(3).u8(24).u8(8))
+                          .meta(0, 0x59, Bytes().u8(0xFD).u8(1))
+                          .system(0, 0xF0, "\x7E\x7F\x09\x01\xF7")
+                          .message(0, 0xB0, 7, 100)
+                          .message(0, 0xC0, 5)
+                          .tempo(10, 500000)
+                          .note(0, 1, 60, 100)
+                          .running(200, 60, 0)
+                          .note(0, 2, 64, 1)
+                          .noteOff(96, 2, 64)
+                          .endOfTrack());
+}
+
+std::vector<std::string> smallBlocks() {
+  return {"WaveFile w.wav SampleRate 22050 RandomPitchAmount 100 Adpcm 1 AssetEnd\n",
+          "WaveFile x.wav Loop 1 Adpcm 1 AssetEnd\n",
+          "WaveFile f.aif Loop 1 AssetEnd\n",
+          "MidiFileType0 m.mid Volume 100 GmMode 0 Loop 1 AssetEnd\n",
+          "MidiToneBank d.dat BankType Melodic AssetEnd\n",
+          "FxOutputBank d.dat AssetEnd\n",
+          "FxProgramBank d.dat AssetEnd\n",
+          "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"};
+}
+
+std::string smallScript(const std::vector<std::string>& blocks) {
+  std::string script = "; everything once\nBankFileName b.tvb\n";
+  for (const std::string& block : blocks) {
+    script += block;
+  }
+  return script + "ScriptEnd\n";
+}
+
+std::vector<SmallFile> smallBuild() {
+  return {{"s.txt", smallScript()},
+          {"w.wav", smallWav()},
+          {"x.wav", wav().fmt(1, 8, 11025).data(Bytes().fill(33, 0x85)).str()},
+          {"f.aif", smallAiff()},
+          {"m.mid", smallMidi()},
+          {"d.dat", "ten bytes."}};
+}
+
+}  // namespace tavrel::test

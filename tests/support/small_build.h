@@ -1,0 +1,33 @@
+// A small build with everything in it: a script with one asset of each kind, and the files that it
+// names, each sound and valid.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tavrel::test {
+
+struct SmallFile {
+  std::string name;
+  std::string content;
+};
+
+/// 16-bit samples: "w.wav" in the script, which compresses it.
+std::string smallWav();
+
+/// Samples with a sustain loop between two markers: "f.aif".
+std::string smallAiff();
+
+/// A few notes under a tempo: "m.mid".
+std::string smallMidi();
+
+/// The asset blocks of the script, each with its line feed.
+std::vector<std::string> smallBlocks();
+
+/// The script "s.txt" with these blocks. It makes the bank "b.tvb" and the header "b.h".
+std::string smallScript(const std::vector<std::string>& blocks = smallBlocks());
+
+/// All files of the build, the script included.
+std::vector<SmallFile> smallBuild();
+
+}  // namespace tavrel::test

@@ -1,0 +1,38 @@
+// Writes the seeds: the inputs from which the fuzzers start, small and valid: make_seeds folder
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/support/small_build.h"
+
+namespace {
+
+using namespace tavrel::test;
+
+void write(const std::filesystem::path& path, const std::string& content) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+/// The input of the whole run; run_fuzzer.cpp has its table.
+std::string runInput(const std::string& arguments) {
+  const std::string mark = "\n----\n";
+  return arguments + mark + smallScript() + mark + smallWav() + mark + smallAiff() + mark +
+         smallMidi();
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  if (argumentCount != 2) {
+    return 1;
+  }
+  const std::filesystem::path seeds = arguments[1];
+  write(seeds / "script" / "whole", smallScript());
+  write(seeds / "wav" / "whole", smallWav());
+  write(seeds / "aiff" / "whole", smallAiff());
+  write(seeds / "midi" / "whole", smallMidi());
+  write(seeds / "run" / "plain", runInput(""));
+  write(seeds / "run" / "arguments", runInput("HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny"));
+  return 0;
+}

@@ -1,0 +1,97 @@
+// A whole run: its argument list, its script and three of its asset files are cut out of one input.
+//
+// | Content | Goes to |
+// |---|---|
+// | arguments behind the script's name, one a line, and a line "----" | the argument list |
+// | script and a line "----" | "s.txt" |
+// | WAV file and a line "----" | "w.wav" |
+// | AIFF file and a line "----" | "f.aif" |
+// | MIDI file | "m.mid" |
+//
+// The other files of a small build lie beside them. Names must not lead out of the work directory:
+// in the arguments and the script a dot or a separator counts only behind a letter or a digit.
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "compiler/run_driver.h"
+#include "fuzz/memory_bound.h"
+#include "fuzz/quiet_console.h"
+#include "fuzz/require.h"
+#include "fuzz/work_directory.h"
+#include "tests/support/small_build.h"
+
+namespace tavrel::fuzz {
+
+namespace {
+
+/// Cuts off what stands in front of the first `mark`, or everything.
+std::string_view cutOff(std::string_view& text, std::string_view mark) {
+  const std::string_view front = text.substr(0, text.find(mark));
+  text.remove_prefix(std::min(front.size() + mark.size(), text.size()));
+  return front;
+}
+
+std::string confined(std::string_view text) {
+  std::string result(text);
+  char before = '\0';
+  for (char& character : result) {
+    const bool leadsOut = character == '.' || character == '/' || character == '\\';
+    if (leadsOut && std::isalnum(static_cast<unsigned char>(before)) == 0) {
+      character = '_';
+    }
+    before = character;
+  }
+  return result;
+}
+
+/// The argument list, as the entry point of a program gets it.
+class Arguments {
+ public:
+  explicit Arguments(std::string_view lines) {
+    while (!lines.empty()) {
+      texts_.push_back(confined(cutOff(lines, "\n")));
+    }
+    std::transform(texts_.begin(), texts_.end(), std::back_inserter(pointers_),
+                   [](const std::string& text) { return text.c_str(); });
+    pointers_.push_back(nullptr);
+  }
+
+  [[nodiscard]] int count() const { return static_cast<int>(pointers_.size()) - 1; }
+  [[nodiscard]] const char* const* list() const { return pointers_.data(); }
+
+ private:
+  std::vector<std::string> texts_;
+  std::vector<const char*> pointers_{"tavrel", "s.txt"};
+};
+
+}  // namespace
+
+}  // namespace tavrel::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  using namespace tavrel;
+  fuzz::silenceConsole();
+  static const fuzz::WorkDirectory directory;
+  static const std::vector<test::SmallFile> otherFiles = test::smallBuild();
+  constexpr std::string_view kMark = "\n----\n";
+
+  std::string_view input(reinterpret_cast<const char*>(bytes), size);
+  const fuzz::Arguments arguments(fuzz::cutOff(input, kMark));
+  fuzz::WorkDirectory::removeFiles();
+  for (const test::SmallFile& file : otherFiles) {
+    fuzz::WorkDirectory::write(file.name.c_str(), file.content);
+  }
+  fuzz::WorkDirectory::write("s.txt", fuzz::confined(fuzz::cutOff(input, kMark)));
+  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input, kMark));
+  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input, kMark));
+  fuzz::WorkDirectory::write("m.mid", input);
+  const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
+  const int exitCode = runTavrel(arguments.count(), arguments.list());
+  fuzz::require(exitCode == 0 || exitCode == 1);
+  return 0;
+}

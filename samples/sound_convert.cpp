@@ -64,6 +64,9 @@ std::uint8_t* SoundConvert::swapBytes(const std::uint8_t* source, std::uint8_t* 
       return nullptr;
     }
   }
+  if (count < 2) {
+    return destination;  // the source may be null then
+  }
   const std::size_t wholePairs = count & ~std::uint32_t{1};
   std::memmove(destination, source, wholePairs);
   // In place and a pair at a time as one number: compilers turn this into wide moves.

@@ -19,7 +19,7 @@ class SoundConvert {
   /// Reads the 10 bytes of an 80-bit extended float as a whole number, a half rounded upward.
   static void readExtended(std::uint32_t& value, const std::uint8_t* bytes);
 
-  /// Writes `value` as the 10 bytes that `readExtended` reads back; values below 2 don't survive.
+  /// Writes `value` as the 10 bytes that `readExtended` reads back; only 1 comes back as 2.
   static void makeExtended(std::uint8_t* bytes, std::uint32_t value);
 
   /// A signed 8-bit sample as an unsigned one, and back.

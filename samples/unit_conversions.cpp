@@ -12,7 +12,8 @@ namespace {
 constexpr double kCentsPerPitchUnit = 1.52587890625e-05;          // 1 / 65536
 constexpr double kUnitsPerFixedTenth = 1.52587890625e-6;          // 1 / 655360
 constexpr double kDoublingsPerTimeUnit = 1.2715657552083334e-08;  // 1 / (1200 * 65536)
-constexpr double kPercentPer127th = 0.7874015748031495;           // 100 / 127
+// 1 / 1.27, which as a double is not quite 100 / 127
+constexpr double kPercentPer127th = 0.7874015748031495;
 constexpr std::int32_t kNoTime = 0x8000000;
 
 constexpr std::array<double, 32> kThresholds = {

@@ -108,11 +108,11 @@ bool IffFile::passChunk(const IffChunk& chunk) {
 }
 
 void IffFile::listChunk(const IffChunk& chunk) {
+  chunks.push_back(chunk);
   if (verbose) {
     IdText text;
     printLine(stdout, "    ", idView(chunk.id, text));
   }
-  chunks.push_back(chunk);
 }
 
 bool IffFile::hasChunk(std::uint32_t id) const {

@@ -98,7 +98,7 @@ TEST_F(HostileHost, AFailedWriteLeavesWhatItWroteInTheOldFilesPlace) {
   folder.write("sfx.h", std::string(5000, 'o'));
   EXPECT_EQ(runTool(folder.path(), {"a.txt"}, {.shellPrefix = "ulimit -f 64;"}).exitCode, 1);
   const std::string left = folder.read("sfx.tvb");
-  const Bytes table = Bytes().le32(1).le32(6).le32(0).le32(100000).fill(8 * 4);
+  const Bytes table = Bytes().le32(1).le32(6).le32(0).le32(100000).fill(32);
   EXPECT_EQ(left, Bytes(table).text(kLongPayload).str().substr(0, left.size()));
   EXPECT_GT(left.size(), table.size());
 

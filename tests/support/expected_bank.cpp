@@ -42,7 +42,7 @@ std::string ExpectedBank::bytes() const {
   for (const Asset& asset : assets_) {
     bank.text(asset.payload).fill(asset.padding);
   }
-  return bank.fill(missingTo(32, bank.size()));
+  return bank.fill(missingTo(32, bank.size())).str();
 }
 
 }  // namespace tavrel::test

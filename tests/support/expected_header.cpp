@@ -1,6 +1,7 @@
 #include "tests/support/expected_header.h"
 
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <sstream>
 
@@ -35,7 +36,9 @@ std::string expectedHeader(const std::string& baseName, const std::string& prefi
 }
 
 std::string currentStamp() {
-  const std::time_t now = std::time(nullptr);
+  // The precise clock: the plain one may lag behind it into the minute before.
+  using std::chrono::system_clock;
+  const std::time_t now = system_clock::to_time_t(system_clock::now());
   const std::tm local = *std::localtime(&now);
   const bool afterNoon = local.tm_hour > 12;  // the hour of noon counts as "am"
   std::ostringstream stamp;

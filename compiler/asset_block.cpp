@@ -11,6 +11,14 @@
 
 namespace tavrel {
 
+namespace {
+
+std::uint64_t paddedSize(std::uint32_t size, Padding padding) {
+  return padding == Padding::none ? size : roundUpTo4(size);
+}
+
+}  // namespace
+
 AssetBlock::AssetBlock(BankScript& script, TokenFile& source) : script_(script), source_(source) {}
 
 bool AssetBlock::open() {
@@ -61,24 +69,19 @@ bool AssetBlock::readNumberOption(std::span<const NumberOption> options) {
 }
 
 bool AssetBlock::makePayload(std::uint32_t size, Padding padding) {
-  const std::uint64_t padded = padding == Padding::none ? size : roundUpTo4(size);
-  if (padded > std::numeric_limits<std::uint32_t>::max()) {
+  return takePayload(newBytes(paddedSize(size, padding)), size, padding);
+}
+
+bool AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size, Padding padding) {
+  const std::uint64_t padded = paddedSize(size, padding);
+  if (!bytes || padded > std::numeric_limits<std::uint32_t>::max()) {
     return false;
   }
-  data_->payload = newBytes(padded);
-  if (!data_->payload) {
-    return false;
-  }
-  std::fill(payload() + size, payload() + padded, std::uint8_t{0});
+  std::fill(bytes.get() + size, bytes.get() + padded, std::uint8_t{0});
+  data_->payload = std::move(bytes);
   entry_->size = size;
   data_->paddedSize = static_cast<std::uint32_t>(padded);
   return true;
-}
-
-void AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size) {
-  data_->payload = std::move(bytes);
-  entry_->size = size;
-  data_->paddedSize = size;
 }
 
 bool AssetBlock::store(AssetType type, AssetKind kind) {

@@ -120,26 +120,30 @@ bool settleCompression(AssetBlock& block, const Sample& sample, const Switches& 
 
 bool compress(AssetBlock& block, const Sample& sample) {
   AdpcmEncoder encoder;
-  if (!encoder.encode(reinterpret_cast<const std::int16_t*>(sample.bytes), sample.size)) {
-    return false;
-  }
-  block.takePayload(std::move(encoder.output), encoder.outputSize);
   block.entry().parameter[kBitsPerSample] = 4;
-  return true;
+  return encoder.encode(reinterpret_cast<const std::int16_t*>(sample.bytes), sample.size) &&
+         block.takePayload(std::move(encoder.output), encoder.outputSize, Padding::toMultipleOf4);
 }
 
-bool copySamples(AssetBlock& block, const Sample& sample) {
-  if (!block.makePayload(sample.size, Padding::toMultipleOf4)) {
-    return false;
+/// A WAV file's samples are a block of their own, and change hands.
+ByteBlock takeSamples(WaveFile& reader, const Sample& /*sample*/) { return reader.takeSamples(); }
+
+/// Those of an AIFF file lie among its other chunks.
+ByteBlock takeSamples(AiffFile& /*reader*/, const Sample& sample) {
+  ByteBlock copy = newBytes(roundUpTo4(sample.size));
+  if (copy) {
+    std::copy_n(sample.bytes, sample.size, copy.get());
   }
-  if (sample.bits == 8) {
-    std::transform(sample.bytes, sample.bytes + sample.size, block.payload(),
-                   SoundConvert::flipSign);
-  } else {
-    std::copy_n(sample.bytes, sample.size, block.payload());
-  }
+  return copy;
+}
+
+template <typename Reader>
+bool keepSamples(AssetBlock& block, Reader& reader, const Sample& sample) {
   block.entry().parameter[kBitsPerSample] = sample.bits;
-  return true;
+  if (sample.bits == 8) {
+    std::transform(sample.bytes, sample.bytes + sample.size, sample.bytes, SoundConvert::flipSign);
+  }
+  return block.takePayload(takeSamples(reader, sample), sample.size, Padding::toMultipleOf4);
 }
 
 void noteLoop(AssetBlock& block, const Sample& sample) {
@@ -157,8 +161,9 @@ bool parseSample(AssetBlock& block) {
       !block.readOptions([&block, &switches] { return readOption(block, switches); })) {
     return false;
   }
-  const bool stored = settleCompression(block, sample, switches) ? compress(block, sample)
-                                                                 : copySamples(block, sample);
+  const bool stored = settleCompression(block, sample, switches)
+                          ? compress(block, sample)
+                          : keepSamples(block, reader, sample);
   if (stored && switches.loop != 0) {
     noteLoop(block, sample);
   }

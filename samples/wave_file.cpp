@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tavrel {
 
@@ -58,7 +59,7 @@ bool WaveFile::readSamples(RiffFile& riff, const ChunkInfo& chunk) {
     return false;
   }
   sampleBytes = chunk.chunkSize;
-  samples = newBytes(sampleBytes);
+  samples = newBytes(roundUpTo4(sampleBytes));
   return samples && riff.readChunk(chunk, samples.get());
 }
 
@@ -91,6 +92,8 @@ bool WaveFile::getSampleInfo(WaveSampleInfo& record) const {
 }
 
 std::uint8_t* WaveFile::getSampleData() const { return loaded ? samples.get() : nullptr; }
+
+ByteBlock WaveFile::takeSamples() { return loaded ? std::move(samples) : nullptr; }
 
 void WaveFile::releaseData() { samples.reset(); }
 

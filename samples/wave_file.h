@@ -65,9 +65,13 @@ class WaveFile {
   /// False as well if the samples are released.
   [[nodiscard]] bool getSampleInfo(WaveSampleInfo& record) const;
 
-  /// The sample bytes, which the caller may change in place. Valid until `releaseData`, or the end
-  /// of the object.
+  /// The sample bytes, which the caller may change in place. Valid until `takeSamples`,
+  /// `releaseData` or the end of the object.
   [[nodiscard]] std::uint8_t* getSampleData() const;
+
+  /// Gives the samples to the caller, in a block with room for padding up to a multiple of 4 bytes.
+  /// Null if nothing is loaded; as with `releaseData`, none are left here.
+  ByteBlock takeSamples();
 
   /// Frees the samples at once.
   void releaseData();

@@ -125,11 +125,22 @@ TEST_F(WaveFileTest, AnswersOnlyWhileLoaded) {
   EXPECT_FALSE(wave.getSampleRate(rate) || wave.getDataSize(rate) || wave.getSampleInfo(info));
   EXPECT_FALSE(wave.isMono() || wave.isStereo() || wave.isPcm() || wave.getFormat(format));
   EXPECT_EQ(wave.getSampleData(), nullptr);
+  EXPECT_EQ(wave.takeSamples(), nullptr);
   EXPECT_EQ(value + rate, 77U + 77U);
   EXPECT_TRUE(wave.load() && wave.getFormatTag(value) && wave.getChannels(value));
   wave.releaseData();
   EXPECT_EQ(wave.getSampleData(), nullptr);
   EXPECT_FALSE(wave.getSampleInfo(info));
+}
+
+TEST_F(WaveFileTest, GivesItsSamplesAwayOnce) {
+  WaveFile wave = file(small().str());
+  ASSERT_TRUE(wave.load());
+  const std::uint8_t* samples = wave.getSampleData();
+  const ByteBlock taken = wave.takeSamples();
+  EXPECT_EQ(taken.get(), samples);
+  EXPECT_EQ(wave.getSampleData(), nullptr);
+  EXPECT_EQ(wave.takeSamples(), nullptr);
 }
 
 TEST_F(WaveFileTest, OpensTheNameWithItsExtensionCutToThree) {

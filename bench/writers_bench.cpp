@@ -62,7 +62,7 @@ int main(int argumentCount, char** arguments) {
   if (std::freopen("/dev/null", "w", stdout) == nullptr) {
     return 1;
   }
-  benchmark::ConsoleReporter table;
+  benchmark::ConsoleReporter table(benchmark::ConsoleReporter::OO_None);
   table.SetOutputStream(&std::cerr);
   benchmark::RunSpecifiedBenchmarks(&table);
   return 0;

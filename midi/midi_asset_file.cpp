@@ -25,7 +25,7 @@ bool MidiAssetFile::load() {
 }
 
 bool MidiAssetFile::writeImageTo(DiskFile& out) {
-  return out.isOpen && out.write(image.get(), imageSize);
+  return out.isOpen && isImageWhole() && out.write(image.get(), imageSize);
 }
 
 bool MidiAssetFile::refuse(const char* reason) {

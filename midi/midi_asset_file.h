@@ -20,7 +20,7 @@ class MidiAssetFile : public MidiFile {
   bool writeImageTo(DiskFile& out);
 
   std::uint32_t assetSize = 0;              ///< `imageSize`, once `load` has succeeded
-  const std::uint8_t* assetData = nullptr;  ///< `image`, once `load` has succeeded
+  const std::uint8_t* assetData = nullptr;  ///< `image`, once `load` has succeeded; ends with it
   std::uint16_t anyFormat;
 
  private:

@@ -1,6 +1,6 @@
 // One event of a Standard MIDI Files 1.0 track, as `MidiFile::getNextEvent` delivers it, and the
 // questions asked of it. A plain record: whoever holds it owns `data`, and frees and clears it with
-// `clearEvent` before each read. Nothing here fails: a payload byte that isn't there reads as 0.
+// `clearEvent` before each read. Nothing here fails: a byte that a complete payload lacks is 0.
 #pragma once
 
 #include <cstdint>

@@ -123,6 +123,9 @@ bool MidiFile::readLong(std::uint32_t& out) {
 }
 
 bool MidiFile::writeImageAs(const char* fileName) {
+  if (!isImageWhole()) {
+    return false;
+  }
   DiskFile file(modeWrite, fileName, "");
   file.open();
   if (file.reportError()) {

@@ -88,7 +88,7 @@ class MidiFile {
   // Search (event_search.cpp). A search says so if the track ends without its end event.
 
   /// Finds the next event with that exact status, from the cursor or from the start of the track.
-  /// Frees what `ev` held. False leaves the end of the track in `ev`.
+  /// Frees what `ev` held. False leaves the end of the track, or an event cut short, in `ev`.
   bool findEvent(MidiEvent& ev, std::uint32_t status, bool fromCursor);
   /// The same for an event that also has `firstByte` as its first payload byte.
   bool findEvent(MidiEvent& ev, std::uint32_t status, std::uint8_t firstByte, bool fromCursor);
@@ -138,6 +138,10 @@ class MidiFile {
   std::uint32_t runningStatus = 0;  ///< the last status byte, of any kind; 0 before the first one
 
  protected:
+  /// Whether all of `imageSize` bytes are there: a load that ran out of memory, or of file, leaves
+  /// fewer.
+  [[nodiscard]] bool isImageWhole() const { return cursor != nullptr || imageSize == 0; }
+
   DiskFile disk;  // open only during `loadImage`
 
  private:

@@ -38,6 +38,9 @@ bool BankScript::hasRoomForAsset() const {
 }
 
 bool BankScript::storeAsset(std::unique_ptr<AssetData> asset, std::unique_ptr<AssetEntry> entry) {
+  if (!hasRoomForAsset()) {
+    return false;
+  }
   try {
     // Room first, so that the two vectors can't come to differ in length.
     makeRoom(assets);

@@ -54,7 +54,7 @@ class BankScript : public TokenFile {
   bool parseUserAsset(TokenFile& source);
 
   /// Puts an asset behind those already stored and gives it the next id. False, with nothing
-  /// stored, when memory is short.
+  /// stored, when no id is left or memory is short.
   bool storeAsset(std::unique_ptr<AssetData> asset, std::unique_ptr<AssetEntry> entry);
 
   /// Whether another asset can have an id.

@@ -14,6 +14,15 @@ TEST(BankScript, PrefixesOfMoreThan80CharactersAreRefused) {
   EXPECT_FALSE(script.setHeaderPrefix(std::string(81, 'p').c_str()));
 }
 
+TEST(BankScript, AnAssetBeyondTheLastIdIsNotStored) {
+  BankScript script("a.txt");
+  while (script.hasRoomForAsset()) {
+    ASSERT_TRUE(script.storeAsset(std::make_unique<AssetData>(), std::make_unique<AssetEntry>()));
+  }
+  EXPECT_FALSE(script.storeAsset(std::make_unique<AssetData>(), std::make_unique<AssetEntry>()));
+  EXPECT_EQ(script.assets.back()->id, 32767);
+}
+
 TEST(BankScript, ABankOf4GiBIsRefusedAheadOfTheOldOne) {
   const TemporaryDirectory folder;
   BankScript script("a.txt");

@@ -1,32 +1,45 @@
 // An empty directory of a test's own, deleted with all its files when it ends.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
-#include <string>
-#include <string_view>
+#include <fstream>
+#include <random>
 
 namespace tavrel::test {
 
 class TemporaryDirectory {
  public:
-  TemporaryDirectory();
-  ~TemporaryDirectory();
-  TemporaryDirectory(const TemporaryDirectory&) = delete;
-  TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+  TemporaryDirectory() { EXPECT_TRUE(std::filesystem::create_directory(directory_)); }
+  ~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(directory_, ignored);
+  }
+  TemporaryDirectory& operator=(TemporaryDirectory&&) = delete;  // nor a copy
 
   /// The full path of `name` in this directory, with slashes.
-  [[nodiscard]] std::string path(std::string_view name = "") const;
+  [[nodiscard]] std::string path(std::string_view name = "") const {
+    return (directory_ / name).generic_string();
+  }
 
   /// Writes a file and gives its full path. Fails the test if that can't be done.
-  std::string write(std::string_view name, std::string_view content) const;
+  std::string write(std::string_view name, std::string_view content) const {
+    std::ofstream file(path(name), std::ios::binary);
+    EXPECT_TRUE(file << content << std::flush) << "can't write " << path(name);
+    return path(name);
+  }
 
   /// The bytes of a file. Fails the test if it can't be read.
-  [[nodiscard]] std::string read(std::string_view name) const;
-
-  [[nodiscard]] bool has(std::string_view name) const;
+  [[nodiscard]] std::string read(std::string_view name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    EXPECT_TRUE(file) << "can't read " << path(name);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
 
  private:
-  std::filesystem::path directory_;
+  std::filesystem::path directory_ =
+      std::filesystem::temp_directory_path() / ("tavrel" + std::to_string(std::random_device()()));
 };
 
 }  // namespace tavrel::test

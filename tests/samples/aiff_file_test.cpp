@@ -52,11 +52,11 @@ TEST(AiffFile, TellsItsSamplesAndLoopsOrWhatIsDamaged) {
   const std::string swapped = "\x34\x12\x78\x56";
   const std::string damaged = "fails: ERROR: AIFF file is damaged: ";
   const std::string n(100, 'n');
-  const Marker far{0xFFFF, 4000000000U, n};
+  const Marker distant{0xFFFF, 4000000000U, n};
   const std::pair<std::string, std::string> rows[] = {
-      {small().inst({0, 1, 0xFFFE}, {1}).mark({far}),
+      {small().inst({0, 1, 0xFFFE}, {1}).mark({distant}),
        dumpOf("No Loop Set\n", "Forward\n") + swapped},
-      {small().mark({far}).inst({2, 1, 0xFFFE}, {3}),
+      {small().mark({distant}).inst({2, 1, 0xFFFE}, {3}),
        dumpOf("Forwards and Backwards\n", "") + swapped},
       {aiff().ssnd("\x01\x02").comm(stereo, 1, 8), "\x81"},
       {aiff().chunk("SSND", Bytes().fill(8, 1).text("\x12\x34")).comm(stereo, 1, 16), "\x34\x12"},

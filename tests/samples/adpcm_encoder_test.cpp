@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace tavrel::test {
 
 /// The stream that the first bytes of `samples` give, and the state behind it.
@@ -29,6 +32,37 @@ TEST(AdpcmEncoder, EveryQuarterOfTheStepBelongsToTheUpperMagnitude) {
     EXPECT_EQ(encoded({distance, 0}, 4)[0] & 15, magnitude);
     EXPECT_EQ(encoded({nearer, 0}, 4)[0] & 15, 8 + magnitude - 1);
   }
+}
+
+/// The algorithm in its plain form, with doubles and a walk over the thresholds.
+std::string encodedPlainly(const std::vector<std::int16_t>& samples) {
+  std::string stream(samples.size() / 2, '\0');
+  int predictor = 0;
+  int step = 127;
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    const int distance = std::abs(samples[i] - predictor);
+    const bool below = samples[i] < predictor;
+    int magnitude = 0;
+    for (int threshold = step / 4; magnitude < 7 && distance >= threshold; threshold += step / 4) {
+      ++magnitude;
+    }
+    const int delta = std::min(32767, static_cast<int>(step * (magnitude * 0.25 + 0.125)));
+    predictor = std::clamp(predictor + (below ? -delta : delta), -32768, 32767);
+    step = std::clamp(static_cast<int>(step * AdpcmEncoder().stepFactors[magnitude]), 127, 24576);
+    stream[i / 2] = static_cast<char>(stream[i / 2] | (below * 8 + magnitude) << (i % 2 * 4));
+  }
+  return stream + ' ' + std::to_string(predictor) + ' ' + std::to_string(step);
+}
+
+TEST(AdpcmEncoder, SoundsOfEveryLoudnessGiveTheBytesOfThePlainForm) {
+  std::mt19937 random(1);
+  std::vector<std::int16_t> samples(80000);
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    const int loudness = static_cast<int>(i % 4000 * 32767 / 3999);
+    samples[i] =
+        static_cast<std::int16_t>(std::uniform_int_distribution(-loudness - 1, loudness)(random));
+  }
+  EXPECT_TRUE(encoded(samples, 160000) == encodedPlainly(samples));
 }
 
 }  // namespace tavrel::test

@@ -1,55 +1,196 @@
-#include "compiler/run_driver.h"
-
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <vector>
-
-#include "tests/support/temporary_directory.h"
+#include "tests/support/aiff_builder.h"
+#include "tests/support/expected_run.h"
+#include "tests/support/midi_builder.h"
+#include "tests/support/wav_builder.h"
 
 namespace tavrel::test {
 namespace {
 
-/// Runs the tool and gives its exit code; what it prints on standard output goes to `output`.
-int runQuietly(std::vector<const char*> arguments, std::string& output) {
-  arguments.push_back(nullptr);
-  testing::internal::CaptureStdout();
-  testing::internal::CaptureStderr();
-  const int exitCode = runTavrel(static_cast<int>(arguments.size()) - 1, arguments.data());
-  output = testing::internal::GetCapturedStdout();
-  testing::internal::GetCapturedStderr();
-  return exitCode;
+std::string unidentified(const std::string& token, int line) {
+  return "Script File: a.txt\nError: Unidentified token: " + token +
+         " at line: " + std::to_string(line) + '\n';
 }
 
-TEST(RunDriver, OnlyAFailedRunReadsOneCharacterOfStandardInput) {
-  const TemporaryDirectory folder;
-  const std::string answers = folder.write("answers", "123");
-  const std::string script = folder.write("a.txt", "BankFileName sfx.tvb\n");
-  const std::string paths = folder.path() + "/";
-  const struct {
-    std::vector<const char*> arguments;
-    int exitCode;
-    char nextAnswer;
-  } rows[] = {
-      {{}, 1, '1'},
-      {{"tavrel"}, 1, '1'},
-      {{"tavrel", script.c_str(), "bankPath", paths.c_str(), "headerPath", paths.c_str()}, 0, '1'},
-      {{"tavrel", answers.c_str()}, 1, '2'},
+TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
+  const std::string noAiff = "ERROR: This is not a 'AIFF' file.\nERROR: Not an AIFF file.\n";
+  const std::string drums = "Bad Argument for BankType token.\n" + unidentified("DRUM", 15);
+  const std::string folder = R"(one\16.WAV)";
+  const std::string numbers = "SampleRate 1 RandomPitchAmount -7;\r\nSampleRate 2";
+  const std::string steps = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0).le32(0x7FFF7FFF);
+  const std::string song = midi().ppqn(0xE728).track(events().tempo(9, 0xFFFFFF).endOfTrack());
+  const std::string countDown =
+      "Parameter7 4294967295 Parameter6 0x10 Parameter5 -2147483648 Parameter4 5 "
+      "Parameter3 4 Parameter3 -4x parameter2 3 Parameter1 2 Parameter0 1";
+  const std::vector<Block> blocks = {
+      {kWave, "none.wav", "", {}, "ERROR: File: none.wav not found.\n"},
+      {kWave, "x.aiff", "", {}, "ERROR: File: x.aiff not found.\n"},
+      {kWave, "a.b.aif", "", {}, "ERROR: File: a.b.aif not found.\n"},
+      {kWave, "0", "", {}, "ERROR: File: 0 has a 0 size wave data section.\n"},
+      {kWave, "8.wav", "Loop 2", {}, ""},
+      {kWave, "8.wav", "Volume", {}, unidentified("Volume", 7)},
+      {kAiff, "w.aif", "", {}, noAiff + "ERROR: File: w.aif not found.\n"},
+      {kAiff, "l.AIF", "", {}, "ERROR: File: l.AIF has corrupt loop information.\n"},
+      {kMidi, "none", "AssetEnd", {}, "File System Error: File \"none\" Not Found\n"},
+      {kMidi, "1", "AssetEnd", {}, "Error: The file \"1\" is not a type 0 Standard MIDI File\n"},
+      {kMidi, "still.mid", "AssetEnd", {}, ""},
+      {kMidi, "empty", "AssetEnd", {}, ""},
+      {kToneBank, "empty", "Volume", {}, unidentified("Volume", 14)},
+      {kToneBank, "empty", "BankType DRUM", {}, drums},
+      {kFxOutputBank, "empty", "BankType", {}, ""},
+      {kFxProgramBank, "none", "", {}, ""},
+      {kUserAsset, "empty", "Parameter8", {}, unidentified("Parameter8", 18)},
+      // Those above leave nothing unread, so the run goes on as if they weren't there.
+      {kWave, folder, "Adpcm 1 Loop 1", {{0, 1, 16, 0, 0, 6}}, steps},
+      {kWave, folder, "Loop 1 Adpcm 1 Loop 0", {{0, 0, 4}}, "\x77\x1F\x77\x80"},
+      {kWave, folder, numbers, {{2, 0, 16, -7}}, steps},
+      {kWave, "8.wav", "Loop 0 Adpcm 1", {{0, 0, 8}}, {"\0\x7F\xFF", 3}},
+      {kWave, "8.wav", "loop 10", {{0, 1, 8, 0, 0, 3}}, {"\0\x7F\xFF", 3}},
+      {kWave, "4.wav", "Loop 1", {{0, 1, 4, 0, 0, 6}}, "abc"},
+      {kWave, "24.wav", "Loop 1", {{0, 1, 24}}, "abcdef"},
+      {kAiff, "8.aif", "Loop 1", {{0, 1, 8}}, "\x01\xFF\x80"},
+      {kAiff, "good.aif", "SampleRate 8000 Loop 1", {{8000, 1, 16, 0, 1, 7}}, "\x12\x34\x56\x78"},
+      {kAiff, "good.aif", "", {{0, 0, 16}}, "\x12\x34\x56\x78"},
+      {kMidi, "song.mid", "", {{-6360, 127, 1, 0, 0, 0xFFFFFF}}, song},
+      {kMidi, "t", "volume x GMMODE -2 Loop 3", {{-6360, 0, -2, 3, 0, 0xFFFFFF}}, song + "t"},
+      {kToneBank, "one/x.mtb", "BankType Drum BANKTYPE Melodic", {{1}}, "21 bytes"},
+      {kToneBank, "Wah~1.B~n", "BankType Melodic BankType Drum", {{0}}, ""},
+      {kFxOutputBank, "a-1.b.cdefg", "", {{0}}, "three"},
+      {kFxProgramBank, std::string(75, 'L') + ".bin", "", {{0}}, {"\r\n\0\x1A\xFF;", 6}},
+      {kUserAsset, "nine", countDown, {{1, 2, 3, -4, 5, INT32_MIN, 0, -1}}, "nine bytes"},
+      {kUserAsset, "empty", "", {{0}}, ""},
+      {kUserAsset, "empty", "Parameter0 1", {}, ""},  // cut off by the end of the script
   };
-  for (const auto& row : rows) {
-    ASSERT_NE(std::freopen(answers.c_str(), "r", stdin), nullptr);
-    std::string output;
-    EXPECT_EQ(runQuietly(row.arguments, output), row.exitCode);
-    EXPECT_EQ(std::getchar(), row.nextAnswer);
+  const AiffBuilder sound = aiff().comm(mono, 2, 16).ssnd("\x34\x12\x78\x56");
+  const AiffBuilder marked = AiffBuilder(sound).mark({{2, 1, "later"}, {1, 7}});
+  expectRun({.blocks = blocks,
+             .files = {{"x.aiff", sound.str()},
+                       {"a.b.aif", sound.str()},
+                       {"0", wav().fmt(mono, 8, 1).data("").str()},
+                       {"w.aif", wav().fmt(mono, 8, 8000).data("ab").str()},
+                       {"l.AIF", AiffBuilder(sound).inst({1, 1, 2}).str()},
+                       {"1", midi().format(1).track(events().tempo(0, 1))},
+                       {"still.mid", midi().track(events().endOfTrack())},
+                       {"one/16.WAV", wav().fmt(stereo, 16, 44100).data(steps).str()},
+                       {"8.wav", wav().fmt(mono, 8, 8000).data("\x80\xFF\x7F").str()},
+                       {"4.wav", wav().fmt(mono, 4, 8000).data("abc").str()},
+                       {"24.wav", wav().fmt(mono, 24, 8000).data("abcdef").str()},
+                       {"8.aif", aiff().comm(mono, 3, 8).ssnd("\x01\xFF\x80").str()},
+                       {"good.aif", AiffBuilder(marked).inst({2, 1, 2}).str()}},
+             .problems = "\nWARNING: ADPCM not allowed on loops, 16.WAV not compressed.\n\n"});
+}
+
+TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
+  const std::string bank = "BankFileName sfx.tvb";
+  const std::string name(77, 'n');
+  const std::string tooLong = " is too long, only 79 chars allowed\n";
+  const std::string longAsset = "ERROR: Asset name " + name + "_bi" + tooLong;
+  const std::string longGuard = "ERROR: Header guard _" + name + "_H" + tooLong;
+  const std::string line = "Writing Bank File: ";
+  const std::string parse = "Error: Failed to parse script...\n";
+  const std::string header = "Error: Failed to write header...\n";
+  const std::string rows[][3] = {
+      {"; BankFileName sfx.tvb \n", "", parse},
+      {"ScriptEnd " + bank + '\n', "", parse},
+      {bank + "\nBankFileName\n", "", parse},
+      {bank, "", parse},
+      // Two line feeds count as one line end, two pairs of carriage return and line feed as two.
+      {bank + "\n\n; note\nFoo;bar\n", "", unidentified("Foo", 3) + parse},
+      {bank + "\r\n\r\n; note\r\nAssetEnd\r\n", "", unidentified("AssetEnd", 4) + parse},
+      {"UserAsset " + name + ".bi ", "", longAsset + parse},
+      {"BankFileName " + name + ".x ", line + name + ".x\n", longGuard + header},
+      // These two names are those of folders.
+      {"BankFileName one ", line + "one\n", "Error: Failed to write bank...\n"},
+      {"BankFileName two.x ", line + "two.x\nWriting Header File: two.h\n", header},
+  };
+  const std::string empty(32, '\0');
+  for (const auto& [script, lines, problems] : rows) {
+    expectRun(
+        {.script = script,
+         .files = {{"sfx.tvb", "old"}, {"sfx.h", "old"}, {"two.x", empty}, {name + ".x", empty}},
+         .problems = problems,
+         .failure = lines});
   }
 }
 
-TEST(RunDriver, TheProgramsOwnNameIsTestedForKeywords) {
-  std::string output;
-  EXPECT_EQ(runQuietly({"BankPath", "none.txt", "out/"}, output), 1);
-  EXPECT_NE(output.find("\nScript File:\tnone.txt\nHeader Path:\t\nBank Path:\tnone.txt\n"),
-            std::string::npos)
-      << output;
+TEST(Run, BankFileNameGivesAllOtherNames) {
+  const std::string longest(76, 'x');
+  const std::string rows[][5] = {
+      {"bankfilename first.x\t", "Sfx.bin", "Sfx.h", "Sfx", "FIRST"},
+      {"", "bo.x.y", "bo.x.h", "bo", "BO"},
+      {"", R"(one\a~b.tvb)", R"(one\a~b.h)", R"(one\a~b)", R"(ONE\A~B)"},
+      {"", longest, longest + ".h", longest, std::string(76, 'X')},
+      {"", ".tvb", ".h", "", ""},
+  };
+  for (const auto& [before, bank, header, base, prefix] : rows) {
+    expectRun({.script = before + "BANKFILENAME " + bank + ";BankFileName x\rscriptend Foo ",
+               .base = base,
+               .bankName = bank,
+               .headerName = header,
+               .prefix = prefix});
+  }
+}
+
+TEST(Run, KeywordsAreAppliedItemByItem) {
+  const std::string longest(80, 'p');
+  const std::string tooLong(81, 'p');
+  const std::vector<const char*> chain{
+      "t", "s", "bankPath", "scriptPath", "headerPath", "HeaderPrefix", "x"};
+  const struct {
+    std::vector<const char*> arguments;
+    std::string script, bank, header, prefix = "SFX";
+  } rows[] = {
+      {{"t", "a.txt", "bankPath", "no/", "bankPath", "one/", "bankPath"}, "a.txt", "one/", ""},
+      {{"t", "a.txt", "junk", "bankPathx", "no/", "scriptPath", "one/"}, "one/a.txt", "", ""},
+      {{"t", "a.txt", "BANKPATH", "one/", "headerpath", "two.h/"}, "a.txt", "one/", "two.h/"},
+      {{"t", "a.txt", "HeaderPrefix", longest.c_str()}, "a.txt", "", "", std::string(80, 'P')},
+      {{"t", "a.txt", "HeaderPrefix", "x", "HeaderPrefix", tooLong.c_str()}, "a.txt", "", ""},
+      {{"bankPath", "a.txt"}, "a.txt", "a.txt", ""},
+      {{"t", "bankPath", "one/"}, "bankPath", "one/", ""},
+      // A value is tested for the keywords behind its own in the order of `chain`, and no other.
+      {chain, "headerPaths", "scriptPath", "HeaderPrefix", "X"},
+      {{"t", "a.txt", "bankPath", "bankPath", "one/"}, "a.txt", "bankPath", ""},
+      {{"t", "a.txt", "HeaderPrefix", "bankPath", "one/"}, "a.txt", "", "", "BANKPATH"},
+  };
+  for (const auto& [arguments, script, bank, header, prefix] : rows) {
+    expectRun({.arguments = arguments,
+               .scriptFile = script,
+               .bankPath = bank,
+               .headerPath = header,
+               .prefix = prefix});
+  }
+}
+
+/// The script that everyone begins with. Its bank is full by itself and gets no padding.
+TEST(Run, TakesASoundAndASequenceEveryStepOfTheWay) {
+  std::string song = midi().ppqn(480).track(events().tempo(0, 500000).endOfTrack());
+  song.resize(2012);
+  const std::string boom = wav().fmt(mono, 16, 11025).data(std::string(4000, '\0')).str();
+  expectRun({.script = "; sound effects of level one\r\nBankFileName sfx.tvb\r\n"
+                       "WaveFile boom.wav\r\nSampleRate 22050\r\nLoop 0\r\nAdpcm 1\r\nAssetEnd\r\n"
+                       "MidiFileType0 theme.mid\r\nVolume 100\r\nAssetEnd\r\nScriptEnd\r\n",
+             .blocks = {{kWave, "boom.wav", "", {{22050, 0, 4}}, std::string(1000, '\x80')},
+                        {kMidi, "theme.mid", "", {{480, 100, 1, 0, 0, 500000}}, song}},
+             .files = {{"boom.wav", boom}}});
+}
+
+TEST(Run, PutsPaddedBlobsBehindTheTableInPlaceOfAnOlderBank) {
+  const TemporaryDirectory folder;
+  const std::string boom(1002, 'b');
+  const std::string bells(301, '\xFF');
+  expectRun({.blocks = {{kUserAsset, "boom.bin", "", {{0}}, boom},
+                        {kToneBank, "bells.mtb", "BankType Melodic", {{1}}, bells},
+                        {kUserAsset, "ten.bin", "", {{0}}, "ten bytes."},
+                        {kToneBank, "ten.bin", "BankType", {}, ""}},
+             .files = {{"sfx.tvb", std::string(5000, 'o')}, {"sfx.h", std::string(5000, 'o')}}},
+            folder);
+  // The bank by its places in the file, so that those of all other tests are right as well.
+  Bytes places = Bytes().le32(3).le32(6).le32(136).le32(1002).fill(8 * 4);
+  places.le32(3).le32(1140).le32(301).le32(1).fill(7 * 4).le32(6).le32(1441).le32(10).fill(8 * 4);
+  places.text(boom).fill(2).text(bells).text("ten bytes.").fill(2).fill(19);
+  ASSERT_EQ(places.size(), 1472);
+  EXPECT_EQ(folder.read("sfx.tvb"), places.str());
 }
 
 }  // namespace

@@ -1,80 +1,62 @@
-// What a run of the real tool must print, answer and leave on disk, and the one check of it all.
-// A test states what is special about its run; the rest is that of a script `a.txt` which names
-// the bank `sfx.tvb` and nothing else.
+// What a run must print, answer and leave on disk, and the one check of it all. A test states what
+// is special about its run; the rest is that of a script `a.txt` which names the bank `sfx.tvb` and
+// holds the blocks. The run takes place in this process, with a clock that stands still.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "tests/support/expected_bank.h"
-#include "tests/support/expected_header.h"
 #include "tests/support/temporary_directory.h"
-#include "tests/support/tool_run.h"
 
 namespace tavrel::test {
 
-/// A kind of asset: its keyword, what its lines begin with, and how the bank holds it.
+/// A kind of asset: its keyword, its words in the progress lines, and its type in the bank.
 struct AssetKindRow {
-  const char* keyword;
-  const char* reading;
-  const char* writing;
+  std::string keyword, reading, writing;
   std::uint32_t type;
-  Pad pad;
 };
 
-constexpr AssetKindRow kToneBank{"MidiToneBank",
-                                 "Reading MTB File: ", "Writing Tone Bank Data: ", 3, Pad::none};
-constexpr AssetKindRow kFxProgramBank{
-    "FxProgramBank", "Reading DSP File: ", "Writing DSP Program Data: ", 4, Pad::none};
-constexpr AssetKindRow kFxOutputBank{
-    "FxOutputBank", "Reading DSP File: ", "Writing DSP Program Data: ", 5, Pad::none};
-constexpr AssetKindRow kUserAsset{"UserAsset",
-                                  "Reading Unknown File: ", "Writing Unknown Data: ", 6, Pad::to4};
+const AssetKindRow kWave{"WaveFile", "Wave", "Digital Audio", 1};
+const AssetKindRow kAiff{"WaveFile", "AIFF", "Digital Audio", 1};
+const AssetKindRow kMidi{"MidiFileType0", "Midi", "MIDI", 2};
+const AssetKindRow kToneBank{"MidiToneBank", "MTB", "Tone Bank", 3};
+const AssetKindRow kFxProgramBank{"FxProgramBank", "DSP", "DSP Program", 4};
+const AssetKindRow kFxOutputBank{"FxOutputBank", "DSP", "DSP Program", 5};
+const AssetKindRow kUserAsset{"UserAsset", "Unknown", "Unknown", 6};
 
-/// How far a run gets. A refused header has not even been announced.
-enum class Outcome { parseFails, bankFails, headerRefused, headerFails, done };
+/// A block that makes an asset, or one that fails.
+struct Block {
+  AssetKindRow kind;
+  std::string file;
+  std::string options;                                    ///< of a failed block, all it reads
+  std::optional<std::array<std::int32_t, 8>> parameters;  ///< none: the block fails
+  std::string content;                                    ///< the blob, or the words of the failure
+};
+
+using Files = std::map<std::string, std::string>;
 
 struct ExpectedRun {
-  std::vector<std::string> arguments{"a.txt"};
-  std::string scriptFile = "a.txt";  ///< with its path, as the banner shows it
-  std::optional<std::string> script = "BankFileName sfx.tvb\n";  ///< none: there is no such file
-  std::map<std::string, std::string> files{};  ///< in the folder beforehand; "name/" is a folder
-
-  std::string bankPath{};
-  std::string headerPath{};
-  std::string reading{};   ///< standard output between the banner and the bank's line
-  std::string problems{};  ///< standard error, without the closing line of a failed run
-  std::string writing{};   ///< the lines of the blobs
-  Outcome outcome = Outcome::done;
-
-  std::string baseName = "sfx";
-  std::optional<std::string> bankName{};    ///< the base name and ".tvb", if nothing is said
-  std::optional<std::string> headerName{};  ///< the base name and ".h"
-  std::optional<std::string> prefix{};      ///< the base name in capitals
-  ExpectedBank bank{};
-  std::vector<ExpectedDefine> defines{};
-
-  /// Adds a block to the script, its file, and all that the run makes of it.
-  ExpectedRun& asset(const AssetKindRow& kind, const std::string& file, const std::string& payload,
-                     const std::string& options = "",
-                     const std::vector<std::int32_t>& parameters = {});
+  std::vector<const char*> arguments{"tavrel", "a.txt"};
+  std::string scriptFile = "a.txt";     ///< with its path, as the banner shows it
+  std::optional<std::string> script{};  ///< none: the bank's name and the blocks, one on a line
+  std::vector<Block> blocks{};
+  Files files{};  ///< in the folder beforehand, as are the blobs
+  std::string bankPath{}, headerPath{};
+  std::string base = "sfx", bankName = "sfx.tvb", headerName = "sfx.h", prefix = "SFX";
+  std::string problems{};                ///< standard error behind the words of the blocks
+  std::optional<std::string> failure{};  ///< of a run that fails: standard output behind the blocks
 };
 
 /// The lines that open a run, the last one of them a rule.
-std::string expectedBanner(const ExpectedRun& expected);
+std::string expectedBanner(const ExpectedRun& run);
 
-/// Writes the script and the files of the run into `folder`.
-void prepareRun(const TemporaryDirectory& folder, const ExpectedRun& expected);
-
-/// Prepares `folder`, runs the tool there, and compares both streams, the exit code and every file:
-/// the bank and the header are there if the run gets that far, and all else is as it was. Repeats a
-/// run during which the minute changed, for the sake of the stamp in the header.
-void expectRun(const TemporaryDirectory& folder, const ExpectedRun& expected);
-
-/// The same in a folder of its own.
-void expectRun(const ExpectedRun& expected);
+/// Runs the tool in `folder`, in which there are the folders `one` and `two.h`, and compares both
+/// streams, what is read of standard input, the exit code and every file: what the run writes is
+/// there, and all else is as it was.
+void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder = {});
 
 }  // namespace tavrel::test

@@ -1,0 +1,48 @@
+// What only the real tool shows. All else of a run is tested with
+// tests/compiler/run_driver_test.cpp.
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
+#include "tests/support/expected_run.h"
+#include "tests/support/tool_run.h"
+
+namespace tavrel::test {
+
+TEST(Tool, NoArgumentsGiveTheUsageReport) {
+  const TemporaryDirectory folder;
+  const std::string rule = std::string(79, '-') + '\n';
+  const ToolRun run = runTool(folder.path(), {});
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.standardOutput, "");
+  EXPECT_EQ(run.standardError,
+            rule + "Tavrel Audio Packager\nRevision 1.82 7/22/1999 5:36 pm\n" + rule +
+                "\nError: Incorrect command line arguments...\n"
+                "Usage: tavrel scriptFileName [bankPath bankOutputPathWithSlashOnEnd] [scriptPath "
+                "scriptPathWithSlashOnEnd] [headerPath headerPathWithSlashOnEnd] [HeaderPrefix "
+                "theHeaderPrefix]\n");
+}
+
+TEST(Tool, BothStreamsComeInTheOrderOfTheSteps) {
+  const TemporaryDirectory folder;
+  folder.write("a.txt", "BankFileName sfx.tvb\n" + std::string(1025, 'x') + ' ');
+  const ToolRun run = runTool(folder.path(), {"a.txt"}, {.redirections = "2>&1"});
+  EXPECT_EQ(run.exitCode, 0);
+  EXPECT_EQ(run.standardOutput,
+            expectedBanner({}) +
+                "File: a.txt Line #: 2 has an oversize token, only 1024 chars allowed per token\n"
+                "Writing Bank File: sfx.tvb\nWriting Header File: sfx.h\nDone!\n");
+  EXPECT_EQ(folder.read("sfx.tvb"), std::string(32, '\0'));
+  const std::string header = folder.read("sfx.h");
+  EXPECT_EQ(header.find('\r'), std::string::npos);
+  std::tm time{};
+  std::istringstream(header.substr(header.find("Rev:") + 4)) >>
+      std::get_time(&time, " %m/%d/%Y %H:%M");
+  time.tm_hour += header.find(" pm - File") == std::string::npos ? 0 : 12;
+  time.tm_isdst = -1;
+  EXPECT_NEAR(std::difftime(std::time(nullptr), std::mktime(&time)), 0, 120);
+}
+
+}  // namespace tavrel::test

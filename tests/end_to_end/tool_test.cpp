@@ -1,5 +1,4 @@
-// What only the real tool shows. All else of a run is tested with
-// tests/compiler/run_driver_test.cpp.
+// What only the real tool shows; run_test.cpp shows the rest.
 #include <gtest/gtest.h>
 
 #include <ctime>

@@ -42,14 +42,15 @@ std::string encodedPlainly(const std::vector<std::int16_t>& samples) {
   for (std::size_t i = 0; i < samples.size(); ++i) {
     const int distance = std::abs(samples[i] - predictor);
     const bool below = samples[i] < predictor;
-    int magnitude = 0;
+    std::size_t magnitude = 0;
     for (int threshold = step / 4; magnitude < 7 && distance >= threshold; threshold += step / 4) {
       ++magnitude;
     }
-    const int delta = std::min(32767, static_cast<int>(step * (magnitude * 0.25 + 0.125)));
+    const int delta =
+        std::min(32767, static_cast<int>(step * (static_cast<double>(magnitude) * 0.25 + 0.125)));
     predictor = std::clamp(predictor + (below ? -delta : delta), -32768, 32767);
     step = std::clamp(static_cast<int>(step * AdpcmEncoder().stepFactors[magnitude]), 127, 24576);
-    stream[i / 2] = static_cast<char>(stream[i / 2] | (below * 8 + magnitude) << (i % 2 * 4));
+    stream[i / 2] = static_cast<char>(stream[i / 2] | (magnitude + (below ? 8 : 0)) << (i % 2 * 4));
   }
   return stream + ' ' + std::to_string(predictor) + ' ' + std::to_string(step);
 }

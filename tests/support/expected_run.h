@@ -1,6 +1,7 @@
 // What a run must print, answer and leave on disk, and the one check of it all. A test states what
 // is special about its run; the rest is that of a script `a.txt` which names the bank `sfx.tvb` and
-// holds the blocks. The run takes place in this process, with a clock that stands still.
+// holds the blocks. It takes place twice: in this process, with a clock that stands still, and with
+// the real tool.
 #pragma once
 
 #include <array>
@@ -56,7 +57,8 @@ std::string expectedBanner(const ExpectedRun& run);
 
 /// Runs the tool in `folder`, in which there are the folders `one` and `two.h`, and compares both
 /// streams, what is read of standard input, the exit code and every file: what the run writes is
-/// there, and all else is as it was.
+/// there, and all else is as it was. The real tool has a name of its own: it takes part where the
+/// program's name is "tavrel".
 void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder = {});
 
 }  // namespace tavrel::test

@@ -135,23 +135,23 @@ TEST(Run, BankFileNameGivesAllOtherNames) {
 TEST(Run, KeywordsAreAppliedItemByItem) {
   const std::string longest(80, 'p');
   const std::string tooLong(81, 'p');
-  const std::vector<const char*> chain{
-      "t", "s", "bankPath", "scriptPath", "headerPath", "HeaderPrefix", "x"};
+  const std::vector<const char*> chain{"tavrel",       "s", "bankPath", "scriptPath", "headerPath",
+                                       "HeaderPrefix", "x"};
   const struct {
     std::vector<const char*> arguments;
     std::string script, bank, header, prefix = "SFX";
   } rows[] = {
-      {{"t", "a.txt", "bankPath", "no/", "bankPath", "one/", "bankPath"}, "a.txt", "one/", ""},
-      {{"t", "a.txt", "junk", "bankPathx", "no/", "scriptPath", "one/"}, "one/a.txt", "", ""},
-      {{"t", "a.txt", "BANKPATH", "one/", "headerpath", "two.h/"}, "a.txt", "one/", "two.h/"},
-      {{"t", "a.txt", "HeaderPrefix", longest.c_str()}, "a.txt", "", "", std::string(80, 'P')},
-      {{"t", "a.txt", "HeaderPrefix", "x", "HeaderPrefix", tooLong.c_str()}, "a.txt", "", ""},
+      {{"tavrel", "a.txt", "bankPath", "no/", "bankPath", "one/", "bankPath"}, "a.txt", "one/", ""},
+      {{"tavrel", "a.txt", "junk", "bankPathx", "no/", "scriptPath", "one/"}, "one/a.txt", "", ""},
+      {{"tavrel", "a.txt", "BANKPATH", "one/", "headerpath", "two.h/"}, "a.txt", "one/", "two.h/"},
+      {{"tavrel", "a.txt", "HeaderPrefix", longest.c_str()}, "a.txt", "", "", std::string(80, 'P')},
+      {{"tavrel", "a.txt", "HeaderPrefix", "x", "HeaderPrefix", tooLong.c_str()}, "a.txt", "", ""},
       {{"bankPath", "a.txt"}, "a.txt", "a.txt", ""},
-      {{"t", "bankPath", "one/"}, "bankPath", "one/", ""},
+      {{"tavrel", "bankPath", "one/"}, "bankPath", "one/", ""},
       // A value is tested for the keywords behind its own in the order of `chain`, and no other.
       {chain, "headerPaths", "scriptPath", "HeaderPrefix", "X"},
-      {{"t", "a.txt", "bankPath", "bankPath", "one/"}, "a.txt", "bankPath", ""},
-      {{"t", "a.txt", "HeaderPrefix", "bankPath", "one/"}, "a.txt", "", "", "BANKPATH"},
+      {{"tavrel", "a.txt", "bankPath", "bankPath", "one/"}, "a.txt", "bankPath", ""},
+      {{"tavrel", "a.txt", "HeaderPrefix", "bankPath", "one/"}, "a.txt", "", "", "BANKPATH"},
   };
   for (const auto& [arguments, script, bank, header, prefix] : rows) {
     expectRun({.arguments = arguments,

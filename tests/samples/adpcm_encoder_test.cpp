@@ -50,7 +50,9 @@ std::string encodedPlainly(const std::vector<std::int16_t>& samples) {
         std::min(32767, static_cast<int>(step * (static_cast<double>(magnitude) * 0.25 + 0.125)));
     predictor = std::clamp(predictor + (below ? -delta : delta), -32768, 32767);
     step = std::clamp(static_cast<int>(step * AdpcmEncoder().stepFactors[magnitude]), 127, 24576);
-    stream[i / 2] = static_cast<char>(stream[i / 2] | (magnitude + (below ? 8 : 0)) << (i % 2 * 4));
+    const std::size_t code = magnitude + (below ? 8 : 0);
+    const auto before = static_cast<unsigned char>(stream[i / 2]);
+    stream[i / 2] = static_cast<char>(before | code << (i % 2 * 4));
   }
   return stream + ' ' + std::to_string(predictor) + ' ' + std::to_string(step);
 }

@@ -71,10 +71,7 @@ class BankScript : public TokenFile {
   FileName headerFileName;
 
  private:
-  using BlockParser = bool (BankScript::*)(TokenFile& source);
-
   bool parseStatement(bool& ok);
-  void parseBlock(BlockParser parse);
   bool parseBankFileName();
 
   [[nodiscard]] std::uint32_t tableEnd() const;

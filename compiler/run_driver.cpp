@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <new>
 
 #include "compiler/bank_script.h"
 #include "foundation/console.h"
@@ -88,13 +87,8 @@ void applyKeywords(BankScript& script, const char* const* arguments) {
 /// is left of it would lead to another file. Without a name no file can be opened anyway.
 bool isIncomplete(const FileName& file) { return file.name && file.error != 0; }
 
-/// Runs one phase. Memory that runs out where no step is left to give up fails the phase.
 bool succeeds(BankScript& script, const Phase& phase) {
-  try {
-    return !isIncomplete(script.*phase.file) && (script.*phase.run)();
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
+  return !isIncomplete(script.*phase.file) && (script.*phase.run)();
 }
 
 }  // namespace

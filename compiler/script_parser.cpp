@@ -1,6 +1,5 @@
 // The top level of the build script: names the bank and hands each asset block to its parser.
 #include <array>
-#include <new>
 
 #include "compiler/bank_script.h"
 #include "foundation/console.h"
@@ -52,7 +51,8 @@ bool BankScript::parseStatement(bool& ok) {
   }
   for (const BlockKeyword& block : kBlocks) {
     if (isToken(block.keyword)) {
-      parseBlock(block.parse);
+      // A block's result doesn't stop the parse; what a failed block leaves unread does.
+      (this->*block.parse)(*this);
       return true;
     }
   }
@@ -60,16 +60,6 @@ bool BankScript::parseStatement(bool& ok) {
     ok = reportUnidentifiedToken(*this);
   }
   return false;
-}
-
-/// A block's result doesn't stop the parse: what a failed block leaves unread does, at the top
-/// level.
-void BankScript::parseBlock(BlockParser parse) {
-  try {
-    (this->*parse)(*this);
-  } catch (const std::bad_alloc&) {
-    return;  // the block has dropped its asset, as every failed block does
-  }
 }
 
 bool BankScript::parseBankFileName() {

@@ -18,170 +18,99 @@
 namespace tavrel::test {
 namespace {
 
-const char* const kParseFails = "Error: Failed to parse script...\n";
-const char* const kBankFails = "Error: Failed to write bank...\n";
-const char* const kHeaderFails = "Error: Failed to write header...\n";
-const char* const kDone = "";
+const std::string kParseFails = "Error: Failed to parse script...\n";
+const std::string kBankFails = "Error: Failed to write bank...\n";
+const std::string kHeaderFails = "Error: Failed to write header...\n";
 
-/// The small build in a folder of its own, and runs of the tool in it.
-class StrangeFiles : public testing::Test {
- protected:
-  StrangeFiles() {
-    for (const SmallFile& file : smallBuild()) {
-      directory.write(file.name, file.content);
-    }
-    EXPECT_EQ(runTool(directory.path(), {"s.txt"}).exitCode, 0);
-    wholeBank = directory.read("b.tvb");
-    removeOutputs();
+/// Runs the small build in a folder of its own, with shell text in front of the tool and arguments
+/// or redirections behind it. Gives the bank, or the closing line of a failure.
+std::string outcome(const std::string& front, const std::string& behind = "") {
+  const TemporaryDirectory directory;
+  for (const SmallFile& file : smallBuild()) {
+    directory.write(file.name, file.content);
   }
-
-  void removeOutputs() const {
-    std::filesystem::remove_all(directory.path("b.tvb"));
-    std::filesystem::remove_all(directory.path("b.h"));
+  const ToolRun run =
+      runTool(directory.path(), {"s.txt"}, {.shellPrefix = front, .redirections = behind});
+  if (run.exitCode == 0) {
+    EXPECT_THAT(directory.read("b.h"), testing::EndsWith("_H\n")) << front << behind;
+    return directory.read("b.tvb");
   }
+  EXPECT_EQ(run.exitCode, 1) << front << behind;
+  return run.standardError.substr(run.standardError.rfind("Error: "));
+}
 
-  /// Compares the exit code and the bank, or the closing line of the failure.
-  void expectOutcome(const ToolRun& run, const std::string& failure, const std::string& bank,
-                     const char* bankName = "b.tvb", const char* headerName = "b.h") const {
-    EXPECT_EQ(run.exitCode, failure == kDone ? 0 : 1);
-    if (failure != kDone) {
-      EXPECT_THAT(run.standardError, testing::EndsWith(failure));
-      return;
-    }
-    EXPECT_EQ(directory.read(bankName), bank);
-    EXPECT_THAT(directory.read(headerName), testing::EndsWith("_H\n"));
-  }
-
-  TemporaryDirectory directory;
-  std::string wholeBank;
-};
-
-TEST_F(StrangeFiles, InThePlaceOfAnInput) {
-  std::vector<std::string> blocks = smallBlocks();
-  blocks.erase(blocks.begin() + 3);
-  directory.write("no_midi.txt", smallScript(blocks));
-  ASSERT_EQ(runTool(directory.path(), {"no_midi.txt"}).exitCode, 0);
-  const std::string bankWithoutMidi = directory.read("b.tvb");
-  const struct {
-    const char* name;
-    const char* failure;  // a sequence that can't be read is left out, and that is all
-  } inputs[] = {{"s.txt", kParseFails},
-                {"w.wav", kParseFails},
-                {"f.aif", kParseFails},
-                {"d.dat", kParseFails},
-                {"m.mid", kDone}};
+TEST(StrangeFiles, InThePlaceOfAnInput) {
+  const std::string withoutMidi = outcome("sed -i /m.mid/d s.txt;");
   for (const std::string make :
        {"true ", "mkdir ", "mkfifo ", "ln -s /dev/zero ", "ln -s loop ", "ln -s /proc/self/mem "}) {
-    for (const auto& input : inputs) {
-      const std::string name = input.name;
-      SCOPED_TRACE(make + name);
-      removeOutputs();
-      const ToolRun run =
-          runTool(directory.path(), {"s.txt"},
-                  {.shellPrefix = "mv " + name + " kept; ln -sf loop loop; " + make + name + ';'});
-      expectOutcome(run, input.failure, bankWithoutMidi);
-      std::filesystem::remove_all(directory.path(name));
-      std::filesystem::rename(directory.path("kept"), directory.path(name));
+    for (const std::string name : {"s.txt", "w.wav", "f.aif", "d.dat", "m.mid"}) {
+      // A sequence that can't be read is left out, and that is all.
+      EXPECT_EQ(outcome("rm " + name + "; ln -s loop loop; " + make + name + ';'),
+                name == "m.mid" ? withoutMidi : kParseFails)
+          << make << name;
     }
   }
 }
 
-TEST_F(StrangeFiles, InThePlaceOfAnOutput) {
-  using Arguments = std::vector<std::string>;
+TEST(StrangeFiles, InThePlaceOfAnOutputOrAStream) {
+  const std::string whole = outcome("");
+  // The reader of the pipe goes away at once. A bank in /dev/null can't be asked for its length.
+  const std::string pipe = "mkfifo pipe; : <pipe >/dev/null 2>&1 &";
   const struct {
-    const char* prepare;
-    Arguments arguments;
-    const char* failure;
-  } rows[] = {
-      {"ln -s /dev/full b.tvb;", {}, kBankFails},
-      {"ln -s /dev/full b.h;", {}, kHeaderFails},
-      {"mkdir b.tvb;", {}, kBankFails},
-      {"mkdir b.h;", {}, kHeaderFails},
-      {"ln -s /dev/null b.tvb;", {}, kHeaderFails},  // there is no bank to ask for its length
-      {"", {"bankPath", "none/"}, kBankFails},
-      {"", {"headerPath", "none/"}, kHeaderFails},
-      {"", {"bankPath", "/proc/"}, kBankFails},
-      {"", {"headerPath", "/proc/"}, kHeaderFails},
-      {"ulimit -f 1;", {}, kBankFails},
-      {"cp s.txt b.tvb;", {}, kDone},
-  };
-  for (const auto& row : rows) {
-    Arguments arguments{"s.txt"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    SCOPED_TRACE(testing::PrintToString(arguments) + row.prepare);
-    removeOutputs();
-    const ToolRun run = runTool(directory.path(), arguments, {.shellPrefix = row.prepare});
-    expectOutcome(run, row.failure, wholeBank);
+    std::string front, behind, expected;
+  } rows[] = {{"ln -s /dev/full b.tvb;", "", kBankFails},
+              {"ln -s /dev/full b.h;", "", kHeaderFails},
+              {"mkdir b.tvb;", "", kBankFails},
+              {"mkdir b.h;", "", kHeaderFails},
+              {"ln -s /dev/null b.tvb;", "", kHeaderFails},
+              {"", "bankPath none/", kBankFails},
+              {"", "headerPath none/", kHeaderFails},
+              {"", "bankPath /proc/", kBankFails},
+              {"", "headerPath /proc/", kHeaderFails},
+              {"ulimit -f 1;", "", kBankFails},
+              {"ln -s s.txt b.tvb; ln -s w.wav b.h;", "", whole},
+              {"", ">&-", whole},
+              {"", "2>&-", whole},
+              {"", ">&- 2>&- <&-", whole},
+              {"", ">/dev/full", whole},
+              {"", "2>/dev/full", whole},
+              {pipe, ">pipe", whole},
+              {pipe, "2>pipe", whole},
+              {"rm s.txt;", "<&-", kParseFails}};
+  for (const auto& [front, behind, expected] : rows) {
+    EXPECT_EQ(outcome(front, behind), expected) << front << behind;
   }
 }
 
-TEST_F(StrangeFiles, AnOutputMayTakeThePlaceOfAnInput) {
-  const ToolRun run =
-      runTool(directory.path(), {"s.txt"}, {.shellPrefix = "sed -i s/b.tvb/s.txt/ s.txt;"});
-  expectOutcome(run, kDone, wholeBank, "s.txt", "s.h");
-}
-
-TEST_F(StrangeFiles, InThePlaceOfTheStandardStreams) {
-  // The reader of the pipe goes away at once.
-  const std::string pipe = "rm -f pipe; mkfifo pipe; : <pipe >/dev/null 2>&1 &";
-  const struct {
-    std::string prepare;
-    std::string redirections;
-  } rows[] = {{"", ">&-"},        {"", "2>&-"},        {"", "<&-"},     {"", ">&- 2>&- <&-"},
-              {"", ">/dev/full"}, {"", "2>/dev/full"}, {pipe, ">pipe"}, {pipe, "2>pipe"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.redirections);
-    removeOutputs();
-    const ToolRun run = runTool(directory.path(), {"s.txt"},
-                                {.shellPrefix = row.prepare, .redirections = row.redirections});
-    expectOutcome(run, kDone, wholeBank);
-  }
-  EXPECT_EQ(runTool(directory.path(), {"none.txt"}, {.redirections = "<&-"}).exitCode, 1);
-}
-
-/// One asset from a large file, and how much of it a run may hold.
-struct LargeFile {
-  const char* block;
-  const char* name;
-  std::string head;         // the bytes behind it are a hole
-  std::uint64_t shareHeld;  // besides one copy of the file, in bytes
-};
-
+// The two that follow are left out under sanitizers, which take memory of their own.
 TEST(MemoryOfARun, IsItsPayloadsAndOneFile) {
-  if (TAVREL_SANITIZED) {
-    GTEST_SKIP() << "a sanitizer takes memory of its own";
-  }
   constexpr std::uint32_t kSize = 64U << 20U;
   constexpr std::uint64_t kAlwaysAllowed = 16U << 20U;
-  const std::string wave = wav().fmt(1, 16, 22050).data("").claimDataSize(kSize).str();
-  const std::string sound =
-      aiff().comm(1, kSize / 2, 16).ssnd("").claimSize("SSND", 4 + 4 + kSize).str();
-  const std::string chunks = aiff().comm(1, 2, 16).ssnd("abcd").claimFormSize(kSize).str();
-  const LargeFile files[] = {
-      {"WaveFile l.wav", "l.wav", wave, kSize},
-      {"WaveFile l.wav Adpcm 1", "l.wav", wave, kSize / 4},
-      {"WaveFile l.aif", "l.aif", sound, kSize},
-      {"WaveFile l.aif", "l.aif", chunks, kSize / 8 * sizeof(IffChunk)},  // empty chunks
-      {"MidiFileType0 l.mid", "l.mid", smallMidi(), kSize},
-      {"UserAsset l.dat", "l.dat", "", 0},
-  };
-  for (const LargeFile& file : files) {
-    SCOPED_TRACE(testing::Message() << file.block << ", file of " << file.head.size() << " + hole");
+  const std::string wave = wav().fmt(1, 16, 22050).data("").claimDataSize(kSize);
+  const std::string sound = aiff().comm(1, kSize / 2, 16).ssnd("").claimSize("SSND", 8 + kSize);
+  const std::string chunks = aiff().comm(1, 2, 16).ssnd("abcd").claimFormSize(kSize);
+  const struct {
+    std::string block, name, head;  // the bytes behind the head are a hole
+    std::uint64_t shareHeld;        // besides one copy of the file, in bytes
+  } rows[] = {{"WaveFile l.wav", "l.wav", wave, kSize},
+              {"WaveFile l.wav Adpcm 1", "l.wav", wave, kSize / 4},
+              {"WaveFile l.aif", "l.aif", sound, kSize},
+              {"WaveFile l.aif", "l.aif", chunks, kSize / 8 * sizeof(IffChunk)},  // empty chunks
+              {"MidiFileType0 l.mid", "l.mid", smallMidi(), kSize},
+              {"UserAsset l.dat", "l.dat", "", 0}};
+  for (const auto& [block, name, head, shareHeld] : rows) {
+    SCOPED_TRACE(block + ", a hole behind " + std::to_string(head.size()));
     const TemporaryDirectory directory;
-    directory.write("s.txt", std::string("BankFileName b.tvb\n") + file.block + " AssetEnd\n");
-    const std::string name = directory.write(file.name, file.head);
-    std::filesystem::resize_file(name, file.head.size() + kSize);
-    const std::uint64_t limit = kSize + file.shareHeld + kAlwaysAllowed;
-    const std::string prefix = "ulimit -v " + std::to_string(limit / 1024) + ';';
+    directory.write("s.txt", "BankFileName b.tvb\n" + block + " AssetEnd\n");
+    std::filesystem::resize_file(directory.write(name, head), head.size() + kSize);
+    const std::uint64_t limit = (kSize + shareHeld + kAlwaysAllowed) / 1024;
+    const std::string prefix = "ulimit -v " + std::to_string(limit) + ';';
     EXPECT_EQ(runTool(directory.path(), {"s.txt"}, {.shellPrefix = prefix}).exitCode, 0);
     EXPECT_GT(std::filesystem::file_size(directory.path("b.tvb")), 32U) << "an empty bank";
   }
 }
 
 TEST(MemoryOfARun, DoesNotGrowWithWhatAFileClaims) {
-  if (TAVREL_SANITIZED) {
-    GTEST_SKIP() << "a sanitizer takes memory of its own";
-  }
   // A system event that claims 4 GiB less one byte, in a file of 28 bytes.
   const std::string claim = Bytes().u8(0xF0).u8(0x8F).fill(3, 0xFF).u8(0x7F);
   const TemporaryDirectory directory;
@@ -189,10 +118,10 @@ TEST(MemoryOfARun, DoesNotGrowWithWhatAFileClaims) {
   MidiAssetFile file(name.c_str(), 0);
   ASSERT_TRUE(file.load());
   rusage before{};
-  getrusage(RUSAGE_SELF, &before);
-  std::uint32_t tempo = 0;
-  EXPECT_FALSE(file.firstTempo(tempo));
   rusage after{};
+  std::uint32_t tempo = 0;
+  getrusage(RUSAGE_SELF, &before);
+  EXPECT_FALSE(file.firstTempo(tempo));
   getrusage(RUSAGE_SELF, &after);
   EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 1024) << "kilobytes";
 }

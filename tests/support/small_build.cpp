@@ -15,12 +15,8 @@ std::string smallWav() {
 }
 
 std::string smallAiff() {
-  return aiff()
-      .comm(1, 20, 16)
-      .mark({{1, 3, "beg"}, {2, 17}})
-      .inst({1, 1, 2})
-      .ssnd(Bytes().fill(2 * 20, 0x5A))
-      .str();
+  const std::string samples = Bytes().fill(2 * 20, 0x5A);
+  return aiff().comm(1, 20, 16).mark({{1, 3, "beg"}, {2, 17}}).inst({1, 1, 2}).ssnd(samples);
 }
 
 std::string smallMidi() {
@@ -39,21 +35,19 @@ std::string smallMidi() {
                           .endOfTrack());
 }
 
-std::vector<std::string> smallBlocks() {
-  return {"WaveFile w.wav SampleRate 22050 RandomPitchAmount 100 Adpcm 1 AssetEnd\n",
-          "WaveFile x.wav Loop 1 Adpcm 1 AssetEnd\n",
-          "WaveFile f.aif Loop 1 AssetEnd\n",
-          "MidiFileType0 m.mid Volume 100 GmMode 0 Loop 1 AssetEnd\n",
-          "MidiToneBank d.dat BankType Melodic AssetEnd\n",
-          "FxOutputBank d.dat AssetEnd\n",
-          "FxProgramBank d.dat AssetEnd\n",
-          "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"};
-}
-
-std::string smallScript(const std::vector<std::string>& blocks) {
+std::string smallScript(std::size_t omitted) {
+  const char* const blocks[] = {
+      "WaveFile w.wav SampleRate 22050 RandomPitchAmount 100 Adpcm 1 AssetEnd\n",
+      "WaveFile x.wav Loop 1 Adpcm 1 AssetEnd\n",
+      "WaveFile f.aif Loop 1 AssetEnd\n",
+      "MidiFileType0 m.mid Volume 100 GmMode 0 Loop 1 AssetEnd\n",
+      "MidiToneBank d.dat BankType Melodic AssetEnd\n",
+      "FxOutputBank d.dat AssetEnd\n",
+      "FxProgramBank d.dat AssetEnd\n",
+      "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"};
   std::string script = "; everything once\nBankFileName b.tvb\n";
-  for (const std::string& block : blocks) {
-    script += block;
+  for (std::size_t i = 0; i < std::size(blocks); ++i) {
+    script += i == omitted ? "" : blocks[i];
   }
   return script + "ScriptEnd\n";
 }

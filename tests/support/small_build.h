@@ -21,11 +21,9 @@ std::string smallAiff();
 /// A few notes under a tempo: "m.mid".
 std::string smallMidi();
 
-/// The asset blocks of the script, each with its line feed.
-std::vector<std::string> smallBlocks();
-
-/// The script "s.txt" with these blocks. It makes the bank "b.tvb" and the header "b.h".
-std::string smallScript(const std::vector<std::string>& blocks = smallBlocks());
+/// The script "s.txt", which makes the bank "b.tvb" and the header "b.h". The asset block with the
+/// number `omitted`, counted from 0, is left out: the first three are waves, the fourth a sequence.
+std::string smallScript(std::size_t omitted = static_cast<std::size_t>(-1));
 
 /// All files of the build, the script included.
 std::vector<SmallFile> smallBuild();

@@ -108,8 +108,9 @@ bool DiskFile::open() {
 bool DiskFile::openStream(const char* fullName) {
   const std::string path = hostPath(fullName);
   const PathKind kind = pathKind(path.c_str());
-  hasNoSize = kind == PathKind::other;
-  if (kind == PathKind::directory) {
+  hasNoSize = kind == PathKind::pipe || kind == PathKind::other;
+  // Opening a pipe would wait for whoever is to stand at its other end.
+  if (kind == PathKind::directory || (kind == PathKind::pipe && mode != modeRead)) {
     return false;
   }
   const auto flags = static_cast<std::ios_base::openmode>(openFlags);
@@ -118,7 +119,7 @@ bool DiskFile::openStream(const char* fullName) {
     return output.good();
   }
   if (hasNoSize) {
-    return true;  // really opening a pipe would wait for its writer; every access fails instead
+    return true;  // it isn't really opened, and every access fails
   }
   input.open(path, flags);
   return input.good();

@@ -50,7 +50,7 @@ class DiskFile {
   /// Any value is taken here; `open` judges it.
   bool setMode(std::uint32_t newMode);
 
-  /// Opens the file in its mode. A directory can't be opened.
+  /// Opens the file in its mode. A directory can't be opened, nor a pipe for writing.
   bool open();
 
   /// Closes the file. False with `errorWrite` if what was written can't be flushed; the file is

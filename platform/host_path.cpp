@@ -16,6 +16,8 @@ PathKind pathKind(const char* path) {
       return PathKind::file;
     case S_IFDIR:
       return PathKind::directory;
+    case S_IFIFO:
+      return PathKind::pipe;
     default:
       return PathKind::other;
   }

@@ -6,8 +6,8 @@
 
 namespace tavrel {
 
-/// What a path leads to. `other` is a pipe, a device or a socket: it has no size to ask for.
-enum class PathKind { missing, file, directory, other };
+/// What a path leads to. A pipe, and the devices and sockets of `other`, have no size to ask for.
+enum class PathKind { missing, file, directory, pipe, other };
 
 /// The path under which the host finds the file that a script calls `name`.
 ///

@@ -62,6 +62,8 @@ TEST(StrangeFiles, InThePlaceOfAnOutputOrAStream) {
               {"ln -s /dev/full b.h;", "", kHeaderFails},
               {"mkdir b.tvb;", "", kBankFails},
               {"mkdir b.h;", "", kHeaderFails},
+              {"mkfifo b.tvb;", "", kBankFails},
+              {"mkfifo b.h;", "", kHeaderFails},
               {"ln -s /dev/null b.tvb;", "", kHeaderFails},
               {"", "bankPath none/", kBankFails},
               {"", "headerPath none/", kHeaderFails},

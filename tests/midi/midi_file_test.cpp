@@ -161,7 +161,12 @@ TEST(MidiFileTest, AFirstEventWithoutStatusHasNoPayloadAndTimesKeep32Bits) {
 }
 
 TEST(MidiFileTest, TheFirstTempoBeforeTheEndOfTheTrackCounts) {
+  Events million = events().note(0, 1, 60, 9);
+  for (int note = 1; note < 1000000; ++note) {
+    million += "\1<@";  // a tick later, under the running status
+  }
   const std::tuple<std::string, std::uint32_t, std::uint32_t> cases[] = {
+      {million.tempo(0, 4242), 4242, 1000001},
       {events().tempo(9, 1500000).tempo(0, 1), 1500000, 1},
       {events().note(0, 1, 60, 9).tempo(5000, 0), 0, 2},
       {events().meta(0, 0x51, "\x12\xD6\x87\x09"), 1234567, 1},
@@ -179,8 +184,10 @@ TEST(MidiFileTest, TheFirstTempoBeforeTheEndOfTheTrackCounts) {
   float beatsPerMinute = 0;
   std::uint32_t milliseconds = 0;
   EXPECT_TRUE(loaded.file.firstTempoBpm(beatsPerMinute) && loaded.file.firstTempoMs(milliseconds));
-  EXPECT_FLOAT_EQ(beatsPerMinute, 60 / 1.234567F);
   EXPECT_EQ(milliseconds, 1234U);
+  // Of 0.000001 in single precision, and of a quotient in double precision.
+  EXPECT_TRUE(LoadedMidi(events().tempo(0, 69)).file.firstTempoBpm(beatsPerMinute));
+  EXPECT_EQ(beatsPerMinute, 869565.25F);
 }
 
 TEST(MidiFileTest, FindsEventsAndCountsTheNotesThatSoundAtOnce) {

@@ -12,19 +12,21 @@ TEST(WaveFile, TakesTheFormatAndTheSamplesBehindItFromFormAndFile) {
   // The format of 24-bit stereo, extensible: 18 bytes, and 22 more.
   const std::string tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
   const std::string block = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
-  const std::string cut = block.substr(0, 9);
   const std::string zeros(18, '\0');
   const std::string good = block.substr(0, 18) + "abc";
   const auto small = [&] { return wav().chunk("fmt ", block).chunk("odd ", "a").data("abc"); };
   const std::uint32_t header = 4 + (8 + 40) + (8 + 2) + 8;  // where that of `data` ends in the form
-  const std::pair<std::string, std::string> rows[] = {
-      {wav().chunk("fmt ", cut).data("abc"), cut + zeros.substr(9) + "abc"},
+  std::vector<std::pair<std::string, std::string>> rows = {
       {wav().form("OTHR").data("no").str() + small().data("later").str(), good},
       {small().claimFormSize(0xFFFFFFFF), good},
       {small().claimFormSize(header), good},
       {small().claimFormSize(header - 1), ""},
       {small().claimDataSize(5), ""},
       {wav().data("abc").chunk("fmt ", block), ""}};
+  for (const std::size_t length : {4U, 9U, 14U, 15U, 17U}) {
+    const std::string cut = block.substr(0, length);
+    rows.emplace_back(wav().chunk("fmt ", cut).data("abc"), cut + zeros.substr(length) + "abc");
+  }
   for (const auto& [content, loaded] : rows) {
     WaveFile wave((directory.write("a.wav", content) + "e").c_str());  // opened with three letters
     EXPECT_EQ(wave.load(), !loaded.empty()) << content;

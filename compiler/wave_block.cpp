@@ -118,6 +118,8 @@ bool settleCompression(AssetBlock& block, const Sample& sample, const Switches& 
   return sample.bits == 16;
 }
 
+/// Both readers hold 16-bit samples in the machine's order and at an even address, so they can be
+/// taken as numbers where they stand.
 bool compress(AssetBlock& block, const Sample& sample) {
   AdpcmEncoder encoder;
   block.entry().parameter[kBitsPerSample] = 4;

@@ -3,11 +3,11 @@
 #include <fstream>
 #include <string>
 
-#include "tests/support/small_build.h"
+#include "fuzz/small_build.h"
 
 namespace {
 
-using namespace tavrel::test;
+using namespace tavrel::fuzz;
 
 void write(const std::filesystem::path& path, const std::string& content) {
   std::filesystem::create_directories(path.parent_path());
@@ -15,10 +15,10 @@ void write(const std::filesystem::path& path, const std::string& content) {
 }
 
 /// The input of the whole run; run_fuzzer.cpp has its table.
-std::string runInput(const std::string& arguments) {
+std::string runInput() {
   const std::string mark = "\n----\n";
-  return arguments + mark + smallScript() + mark + smallWav() + mark + smallAiff() + mark +
-         smallMidi();
+  return "HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny" + mark + smallScript() + mark +
+         smallWav() + mark + smallAiff() + mark + smallMidi();
 }
 
 }  // namespace
@@ -32,7 +32,6 @@ int main(int argumentCount, char** arguments) {
   write(seeds / "wav" / "whole", smallWav());
   write(seeds / "aiff" / "whole", smallAiff());
   write(seeds / "midi" / "whole", smallMidi());
-  write(seeds / "run" / "plain", runInput(""));
-  write(seeds / "run" / "arguments", runInput("HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny"));
+  write(seeds / "run" / "whole", runInput());
   return 0;
 }

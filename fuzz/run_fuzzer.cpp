@@ -22,8 +22,8 @@
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
 #include "fuzz/require.h"
+#include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
-#include "tests/support/small_build.h"
 
 namespace tavrel::fuzz {
 
@@ -77,13 +77,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace tavrel;
   fuzz::silenceConsole();
   static const fuzz::WorkDirectory directory;
-  static const std::vector<test::SmallFile> otherFiles = test::smallBuild();
+  static const std::vector<fuzz::SmallFile> otherFiles = fuzz::smallBuild();
   constexpr std::string_view kMark = "\n----\n";
 
   std::string_view input(reinterpret_cast<const char*>(bytes), size);
   const fuzz::Arguments arguments(fuzz::cutOff(input, kMark));
   fuzz::WorkDirectory::removeFiles();
-  for (const test::SmallFile& file : otherFiles) {
+  for (const fuzz::SmallFile& file : otherFiles) {
     fuzz::WorkDirectory::write(file.name.c_str(), file.content);
   }
   fuzz::WorkDirectory::write("s.txt", fuzz::confined(fuzz::cutOff(input, kMark)));

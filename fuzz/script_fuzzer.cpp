@@ -11,8 +11,8 @@
 #include "fuzz/memory_file.h"
 #include "fuzz/quiet_console.h"
 #include "fuzz/require.h"
+#include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
-#include "tests/support/small_build.h"
 
 namespace tavrel::fuzz {
 
@@ -84,7 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace tavrel;
   fuzz::silenceConsole();
   static fuzz::MemoryFile input;
-  static const fuzz::WorkDirectory assets(test::smallBuild());
+  static const fuzz::WorkDirectory assets(fuzz::smallBuild());
   input.fill(bytes, size);
   const fuzz::MemoryBound bound(size);
   fuzz::readFromMemory(bytes, size);

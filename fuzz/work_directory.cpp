@@ -10,12 +10,12 @@
 
 namespace tavrel::fuzz {
 
-WorkDirectory::WorkDirectory(const std::vector<test::SmallFile>& files)
+WorkDirectory::WorkDirectory(const std::vector<SmallFile>& files)
     : before_(std::filesystem::current_path()),
       directory_(std::filesystem::temp_directory_path() / "tavrel_fuzz_XXXXXX") {
   require(mkdtemp(directory_.data()) != nullptr);
   std::filesystem::current_path(directory_);
-  for (const test::SmallFile& file : files) {
+  for (const SmallFile& file : files) {
     write(file.name.c_str(), file.content);
   }
 }

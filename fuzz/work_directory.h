@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/support/small_build.h"
+#include "fuzz/small_build.h"
 
 namespace tavrel::fuzz {
 
 class WorkDirectory {
  public:
   /// Begins with these files in it.
-  explicit WorkDirectory(const std::vector<test::SmallFile>& files = {});
+  explicit WorkDirectory(const std::vector<SmallFile>& files = {});
   ~WorkDirectory();
   WorkDirectory(const WorkDirectory&) = delete;
   WorkDirectory& operator=(const WorkDirectory&) = delete;

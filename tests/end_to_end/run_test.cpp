@@ -19,7 +19,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
   const std::string folder = R"(one\16.WAV)";
   const std::string numbers = "SampleRate 1 RandomPitchAmount -7;\r\nSampleRate 2";
   const std::string steps = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0).le32(0x7FFF7FFF);
-  const std::string song = midi().ppqn(0xE728).track(events().tempo(9, 0xFFFFFF).endOfTrack());
+  const std::string song = midi(0xE728).track(events().tempo(9, 0xFFFFFF).endOfTrack());
   const std::string countDown =
       "Parameter7 4294967295 Parameter6 0x10 Parameter5 -2147483648 Parameter4 5 "
       "Parameter3 4 Parameter3 -4x parameter2 3 Parameter1 2 Parameter0 1";
@@ -70,7 +70,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
                        {"0", wav().fmt(mono, 8, 1).data("").str()},
                        {"w.aif", wav().fmt(mono, 8, 8000).data("ab").str()},
                        {"l.AIF", AiffBuilder(sound).inst({1, 1, 2}).str()},
-                       {"1", midi().format(1).track(events().tempo(0, 1))},
+                       {"1", midi(96, 1).track(events().tempo(0, 1))},
                        {"still.mid", midi().track(events().endOfTrack())},
                        {"one/16.WAV", wav().fmt(stereo, 16, 44100).data(steps).str()},
                        {"8.wav", wav().fmt(mono, 8, 8000).data("\x80\xFF\x7F").str()},
@@ -134,63 +134,41 @@ TEST(Run, BankFileNameGivesAllOtherNames) {
 
 TEST(Run, KeywordsAreAppliedItemByItem) {
   const std::string longest(80, 'p');
-  const std::string tooLong(81, 'p');
-  const std::vector<const char*> chain{"tavrel",       "s", "bankPath", "scriptPath", "headerPath",
-                                       "HeaderPrefix", "x"};
-  const struct {
-    std::vector<const char*> arguments;
-    std::string script, bank, header, prefix = "SFX";
-  } rows[] = {
-      {{"tavrel", "a.txt", "bankPath", "no/", "bankPath", "one/", "bankPath"}, "a.txt", "one/", ""},
-      {{"tavrel", "a.txt", "junk", "bankPathx", "no/", "scriptPath", "one/"}, "one/a.txt", "", ""},
-      {{"tavrel", "a.txt", "BANKPATH", "one/", "headerpath", "two.h/"}, "a.txt", "one/", "two.h/"},
-      {{"tavrel", "a.txt", "HeaderPrefix", longest.c_str()}, "a.txt", "", "", std::string(80, 'P')},
-      {{"tavrel", "a.txt", "HeaderPrefix", "x", "HeaderPrefix", tooLong.c_str()}, "a.txt", "", ""},
-      {{"bankPath", "a.txt"}, "a.txt", "a.txt", ""},
-      {{"tavrel", "bankPath", "one/"}, "bankPath", "one/", ""},
-      // A value is tested for the keywords behind its own in the order of `chain`, and no other.
-      {chain, "headerPaths", "scriptPath", "HeaderPrefix", "X"},
-      {{"tavrel", "a.txt", "bankPath", "bankPath", "one/"}, "a.txt", "bankPath", ""},
-      {{"tavrel", "a.txt", "HeaderPrefix", "bankPath", "one/"}, "a.txt", "", "", "BANKPATH"},
-  };
-  for (const auto& [arguments, script, bank, header, prefix] : rows) {
-    expectRun({.arguments = arguments,
-               .scriptFile = script,
-               .bankPath = bank,
-               .headerPath = header,
-               .prefix = prefix});
+  const ExpectedRun rows[] = {
+      {.arguments = "a.txt bankPath no/ bankPath one/ bankPath", .bankPath = "one/"},
+      {.arguments = "a.txt junk bankPathx no/ scriptPath one/", .scriptFile = "one/a.txt"},
+      {.arguments = "a.txt BANKPATH one/ headerpath two.h/",
+       .bankPath = "one/",
+       .headerPath = "two.h/"},
+      {.arguments = "a.txt HeaderPrefix " + longest, .prefix = std::string(80, 'P')},
+      {.arguments = "a.txt HeaderPrefix x HeaderPrefix x" + longest},
+      {.arguments = "bankPath one/", .scriptFile = "bankPath", .bankPath = "one/"},
+      // A value is tested for the keywords behind its own in the order of this row, and no other.
+      {.arguments = "s bankPath scriptPath headerPath HeaderPrefix x",
+       .scriptFile = "headerPaths",
+       .bankPath = "scriptPath",
+       .headerPath = "HeaderPrefix",
+       .prefix = "X"},
+      {.arguments = "a.txt bankPath bankPath one/", .bankPath = "bankPath"},
+      {.arguments = "a.txt HeaderPrefix bankPath one/", .prefix = "BANKPATH"}};
+  for (const ExpectedRun& run : rows) {
+    expectRun(run);
   }
 }
 
-/// The script that everyone begins with. Its bank is full by itself and gets no padding.
+/// The script that everyone begins with. Its bank is full by itself and gets no padding, and older
+/// and longer outputs are in its place.
 TEST(Run, TakesASoundAndASequenceEveryStepOfTheWay) {
-  std::string song = midi().ppqn(480).track(events().tempo(0, 500000).endOfTrack());
+  std::string song = midi(480).track(events().tempo(0, 500000).endOfTrack());
   song.resize(2012);
-  const std::string boom = wav().fmt(mono, 16, 11025).data(std::string(4000, '\0')).str();
+  const std::string boom = wav().fmt(mono, 16, 11025).data(std::string(4000, '\0'));
+  const std::string old(9000, 'o');
   expectRun({.script = "; sound effects of level one\r\nBankFileName sfx.tvb\r\n"
                        "WaveFile boom.wav\r\nSampleRate 22050\r\nLoop 0\r\nAdpcm 1\r\nAssetEnd\r\n"
                        "MidiFileType0 theme.mid\r\nVolume 100\r\nAssetEnd\r\nScriptEnd\r\n",
              .blocks = {{kWave, "boom.wav", "", {{22050, 0, 4}}, std::string(1000, '\x80')},
                         {kMidi, "theme.mid", "", {{480, 100, 1, 0, 0, 500000}}, song}},
-             .files = {{"boom.wav", boom}}});
-}
-
-TEST(Run, PutsPaddedBlobsBehindTheTableInPlaceOfAnOlderBank) {
-  const TemporaryDirectory folder;
-  const std::string boom(1002, 'b');
-  const std::string bells(301, '\xFF');
-  expectRun({.blocks = {{kUserAsset, "boom.bin", "", {{0}}, boom},
-                        {kToneBank, "bells.mtb", "BankType Melodic", {{1}}, bells},
-                        {kUserAsset, "ten.bin", "", {{0}}, "ten bytes."},
-                        {kToneBank, "ten.bin", "BankType", {}, ""}},
-             .files = {{"sfx.tvb", std::string(5000, 'o')}, {"sfx.h", std::string(5000, 'o')}}},
-            folder);
-  // The bank by its places in the file, so that those of all other tests are right as well.
-  Bytes places = Bytes().le32(3).le32(6).le32(136).le32(1002).fill(8 * 4);
-  places.le32(3).le32(1140).le32(301).le32(1).fill(7 * 4).le32(6).le32(1441).le32(10).fill(8 * 4);
-  places.text(boom).fill(2).text(bells).text("ten bytes.").fill(2).fill(19);
-  ASSERT_EQ(places.size(), 1472);
-  EXPECT_EQ(folder.read("sfx.tvb"), places.str());
+             .files = {{"boom.wav", boom}, {"sfx.tvb", old}, {"sfx.h", old}}});
 }
 
 }  // namespace

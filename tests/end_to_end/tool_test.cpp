@@ -13,7 +13,7 @@ namespace tavrel::test {
 TEST(Tool, NoArgumentsGiveTheUsageReport) {
   const TemporaryDirectory folder;
   const std::string rule = std::string(79, '-') + '\n';
-  const ToolRun run = runTool(folder.path(), {});
+  const ToolRun run = runTool(folder.path(), "");
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_EQ(run.standardOutput, "");
   EXPECT_EQ(run.standardError,
@@ -27,7 +27,7 @@ TEST(Tool, NoArgumentsGiveTheUsageReport) {
 TEST(Tool, BothStreamsComeInTheOrderOfTheSteps) {
   const TemporaryDirectory folder;
   folder.write("a.txt", "BankFileName sfx.tvb\n" + std::string(1025, 'x') + ' ');
-  const ToolRun run = runTool(folder.path(), {"a.txt"}, {.redirections = "2>&1"});
+  const ToolRun run = runTool(folder.path(), "a.txt 2>&1");
   EXPECT_EQ(run.exitCode, 0);
   EXPECT_EQ(run.standardOutput,
             expectedBanner({}) +

@@ -13,7 +13,7 @@ namespace {
 /// A file of one track that was written to a directory of its own, and loaded.
 struct LoadedMidi {
   explicit LoadedMidi(std::string_view track, std::uint32_t ppqn = 96)
-      : file(directory.write("song.mid", midi().ppqn(ppqn).track(track).str()).c_str(), 0) {
+      : file(directory.write("song.mid", midi(ppqn).track(track)).c_str(), 0) {
     file.load();
   }
   TemporaryDirectory directory;
@@ -45,12 +45,12 @@ TEST(MidiAssetFileTest, JudgesTheTwoHeadersAndTheFormatOnlyAndSaysWhyInOrder) {
   const std::string small = midi().track(events().tempo(0, 500000));
   const std::tuple<std::uint16_t, std::string, std::string> cases[] = {
       {0, small, "taken"},
-      {0, midi().trailing("MTrk\xFF\xFF\xFF\xFF"), "taken"},
-      {0x100, midi().format(7).track(""), "taken"},
+      {0, midi().text("MTrk\xFF\xFF\xFF\xFF"), "taken"},
+      {0x100, midi(96, 7).track(""), "taken"},
       {0, small.substr(0, 3), notMidi},
       {0, "mthd" + small.substr(4), "Error: Not a standard midi file.\n" + notMidi},
       {0, small.substr(0, 13), premature},
-      {0, midi().format(1).trailing("mtrk"), noTrack},
+      {0, midi(96, 1).text("mtrk"), noTrack},
       {0, small.substr(0, 21), premature},
       {0, "", ""},  // the last one: the file stays open
   };
@@ -69,7 +69,7 @@ TEST(MidiAssetFileTest, JudgesTheTwoHeadersAndTheFormatOnlyAndSaysWhyInOrder) {
 }
 
 TEST(MidiAssetFileTest, HoldsTheHeadersAndWritesTheWholeImage) {
-  const std::string content = midi().format(7).ppqn(0xE728).track("abc").track("");
+  const std::string content = midi(0xE728, 7).track("abc").track("");
   const TemporaryDirectory directory;
   MidiAssetFile file(directory.write("song.mid", content).c_str(), 1);
   EXPECT_FALSE(file.loadType0()) << "but all is loaded";
@@ -86,7 +86,7 @@ TEST(MidiAssetFileTest, HoldsTheHeadersAndWritesTheWholeImage) {
 }
 
 TEST(MidiFileTest, ReadsAndPrintsEveryKindOfEventTwiceAlikeAndNothingBehindTheEnd) {
-  Events track = events().note(0, 1, 60, 100).running(100, 23, 0).noteOff(284, 16, 12);
+  Events track = events().note(0, 1, 60, 100).message(100, 23, 0).noteOff(284, 16, 12);
   track.message(0x3FFF, 0xB0, 91, 255).message(0x4000, 0xB1, 128, 1).message(0, 0xC1, 5);
   track.message(0, 0xE0, 1, 64).message(0, 0xD0, 7).message(0, 0xA0, 60, 8);
   // The raw events go on under the status before them, 0xF0 and 0xFF too.

@@ -1,7 +1,6 @@
 // What a run must print, answer and leave on disk, and the one check of it all. A test states what
 // is special about its run; the rest is that of a script `a.txt` which names the bank `sfx.tvb` and
-// holds the blocks. It takes place twice: in this process, with a clock that stands still, and with
-// the real tool.
+// holds the blocks.
 #pragma once
 
 #include <array>
@@ -41,7 +40,7 @@ struct Block {
 using Files = std::map<std::string, std::string>;
 
 struct ExpectedRun {
-  std::vector<const char*> arguments{"tavrel", "a.txt"};
+  std::string arguments = "a.txt";
   std::string scriptFile = "a.txt";     ///< with its path, as the banner shows it
   std::optional<std::string> script{};  ///< none: the bank's name and the blocks, one on a line
   std::vector<Block> blocks{};
@@ -56,9 +55,8 @@ struct ExpectedRun {
 std::string expectedBanner(const ExpectedRun& run);
 
 /// Runs the tool in `folder`, in which there are the folders `one` and `two.h`, and compares both
-/// streams, what is read of standard input, the exit code and every file: what the run writes is
-/// there, and all else is as it was. The real tool has a name of its own: it takes part where the
-/// program's name is "tavrel".
+/// streams, the exit code and every file: what the run writes is there, but for the time of day,
+/// and all else is as it was.
 void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder = {});
 
 }  // namespace tavrel::test

@@ -6,18 +6,14 @@
 
 namespace tavrel::test {
 
-ToolRun runTool(const std::string& directory, const std::vector<std::string>& arguments,
-                const ToolRunOptions& options) {
+ToolRun runTool(const std::string& directory, const std::string& arguments,
+                const std::string& front) {
   const bool onPosix = std::filesystem::path::preferred_separator == '/';
   const TemporaryDirectory streams;
-  std::string command = (onPosix ? "cd \"" : "cd /d \"") + directory + "\" && " +
-                        options.shellPrefix + (onPosix ? " timeout 60" : "");
-  command += " \"" TAVREL_EXECUTABLE "\"";
-  for (const std::string& argument : arguments) {
-    command += " \"" + argument + '"';
-  }
-  command += " <\"" + streams.write("in", "") + "\" >\"" + streams.write("out", "") + "\" 2>\"" +
-             streams.write("err", "") + "\" " + options.redirections;
+  const std::string command = (onPosix ? "cd \"" : "cd /d \"") + directory + "\" && " + front +
+                              (onPosix ? " timeout 60" : "") + " \"" TAVREL_EXECUTABLE "\" <\"" +
+                              streams.write("in", "") + "\" >\"" + streams.write("out", "") +
+                              "\" 2>\"" + streams.write("err", "") + "\" " + arguments;
   const int status = std::system(command.c_str());
   // A POSIX host has the exit code, which is 124 for a tool that hangs, in the second byte.
   return {onPosix ? status >> 8 : status, streams.read("out"), streams.read("err")};

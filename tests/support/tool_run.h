@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace tavrel::test {
 
@@ -13,14 +12,10 @@ struct ToolRun {
   std::string standardOutput, standardError;
 };
 
-/// Shell text in front of the tool, such as "ulimit -f 1;", and what overrules the redirections of
-/// its streams, such as "2>&1". Standard input is empty.
-struct ToolRunOptions {
-  std::string shellPrefix{}, redirections{};
-};
-
-/// Runs the tool with `directory` as its current directory. No argument holds a quote.
-ToolRun runTool(const std::string& directory, const std::vector<std::string>& arguments,
-                const ToolRunOptions& options = {});
+/// Runs the tool with `directory` as its current directory. `arguments` is shell text, in which
+/// redirections such as "2>&1" may stand, and so is what stands in `front` of the tool, such as
+/// "ulimit -f 1;". Standard input is empty.
+ToolRun runTool(const std::string& directory, const std::string& arguments,
+                const std::string& front = "");
 
 }  // namespace tavrel::test

@@ -1,10 +1,16 @@
-#include "tests/support/small_build.h"
+#include "fuzz/small_build.h"
 
 #include "tests/support/aiff_builder.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/wav_builder.h"
 
-namespace tavrel::test {
+namespace tavrel::fuzz {
+
+using test::aiff;
+using test::Bytes;
+using test::events;
+using test::midi;
+using test::wav;
 
 std::string smallWav() {
   Bytes samples;
@@ -29,27 +35,24 @@ std::string smallMidi() {
                           .message(0, 0xC0, 5)
                           .tempo(10, 500000)
                           .note(0, 1, 60, 100)
-                          .running(200, 60, 0)
+                          .message(200, 60, 0)
                           .note(0, 2, 64, 1)
                           .noteOff(96, 2, 64)
                           .endOfTrack());
 }
 
-std::string smallScript(std::size_t omitted) {
-  const char* const blocks[] = {
-      "WaveFile w.wav SampleRate 22050 RandomPitchAmount 100 Adpcm 1 AssetEnd\n",
-      "WaveFile x.wav Loop 1 Adpcm 1 AssetEnd\n",
-      "WaveFile f.aif Loop 1 AssetEnd\n",
-      "MidiFileType0 m.mid Volume 100 GmMode 0 Loop 1 AssetEnd\n",
-      "MidiToneBank d.dat BankType Melodic AssetEnd\n",
-      "FxOutputBank d.dat AssetEnd\n",
-      "FxProgramBank d.dat AssetEnd\n",
-      "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"};
-  std::string script = "; everything once\nBankFileName b.tvb\n";
-  for (std::size_t i = 0; i < std::size(blocks); ++i) {
-    script += i == omitted ? "" : blocks[i];
-  }
-  return script + "ScriptEnd\n";
+std::string smallScript() {
+  return "; everything once\n"
+         "BankFileName b.tvb\n"
+         "WaveFile w.wav SampleRate 22050 RandomPitchAmount 100 Adpcm 1 AssetEnd\n"
+         "WaveFile x.wav Loop 1 Adpcm 1 AssetEnd\n"
+         "WaveFile f.aif Loop 1 AssetEnd\n"
+         "MidiFileType0 m.mid Volume 100 GmMode 0 Loop 1 AssetEnd\n"
+         "MidiToneBank d.dat BankType Melodic AssetEnd\n"
+         "FxOutputBank d.dat AssetEnd\n"
+         "FxProgramBank d.dat AssetEnd\n"
+         "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"
+         "ScriptEnd\n";
 }
 
 std::vector<SmallFile> smallBuild() {
@@ -61,4 +64,4 @@ std::vector<SmallFile> smallBuild() {
           {"d.dat", "ten bytes."}};
 }
 
-}  // namespace tavrel::test
+}  // namespace tavrel::fuzz

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace tavrel::test {
+namespace tavrel::fuzz {
 
 struct SmallFile {
   std::string name;
@@ -21,11 +21,10 @@ std::string smallAiff();
 /// A few notes under a tempo: "m.mid".
 std::string smallMidi();
 
-/// The script "s.txt", which makes the bank "b.tvb" and the header "b.h". The asset block with the
-/// number `omitted`, counted from 0, is left out: the first three are waves, the fourth a sequence.
-std::string smallScript(std::size_t omitted = static_cast<std::size_t>(-1));
+/// The script "s.txt", which makes the bank "b.tvb" and the header "b.h".
+std::string smallScript();
 
 /// All files of the build, the script included.
 std::vector<SmallFile> smallBuild();
 
-}  // namespace tavrel::test
+}  // namespace tavrel::fuzz

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <random>
 
+extern "C" void decodeAdpcm(const std::uint8_t* stream, std::size_t size, std::int16_t* samples);
+
 namespace tavrel::test {
 
 /// The stream that the first bytes of `samples` give, and the state behind it.
@@ -25,17 +27,10 @@ TEST(AdpcmEncoder, StreamAndStateFollowTheWholePairsOfSamples) {
   EXPECT_EQ(encoded(std::vector<std::int16_t>(8, -32768), 16).substr(4), " -30060 19463");
 }
 
-TEST(AdpcmEncoder, EveryQuarterOfTheStepBelongsToTheUpperMagnitude) {
-  for (int magnitude = 1; magnitude < 8; ++magnitude) {
-    const auto distance = static_cast<std::int16_t>(127 / 4 * magnitude);
-    const auto nearer = static_cast<std::int16_t>(1 - distance);
-    EXPECT_EQ(encoded({distance, 0}, 4)[0] & 15, magnitude);
-    EXPECT_EQ(encoded({nearer, 0}, 4)[0] & 15, 8 + magnitude - 1);
-  }
-}
-
-/// The algorithm in its plain form, with doubles and a walk over the thresholds.
-std::string encodedPlainly(const std::vector<std::int16_t>& samples) {
+/// The algorithm in its plain form, with doubles and a walk over the thresholds; and what a decoder
+/// makes of each code.
+std::string encodedPlainly(const std::vector<std::int16_t>& samples,
+                           std::vector<std::int16_t>& decoded) {
   std::string stream(samples.size() / 2, '\0');
   int predictor = 0;
   int step = 127;
@@ -49,6 +44,7 @@ std::string encodedPlainly(const std::vector<std::int16_t>& samples) {
     const int delta =
         std::min(32767, static_cast<int>(step * (static_cast<double>(magnitude) * 0.25 + 0.125)));
     predictor = std::clamp(predictor + (below ? -delta : delta), -32768, 32767);
+    decoded.push_back(static_cast<std::int16_t>(predictor));
     step = std::clamp(static_cast<int>(step * AdpcmEncoder().stepFactors[magnitude]), 127, 24576);
     const std::size_t code = magnitude + (below ? 8 : 0);
     const auto before = static_cast<unsigned char>(stream[i / 2]);
@@ -65,7 +61,13 @@ TEST(AdpcmEncoder, SoundsOfEveryLoudnessGiveTheBytesOfThePlainForm) {
     samples[i] =
         static_cast<std::int16_t>(std::uniform_int_distribution(-loudness - 1, loudness)(random));
   }
-  EXPECT_TRUE(encoded(samples, 160000) == encodedPlainly(samples));
+  std::vector<std::int16_t> expected;
+  std::vector<std::int16_t> decoded(samples.size());
+  const std::string stream = encoded(samples, 160000);
+  EXPECT_TRUE(stream == encodedPlainly(samples, expected));
+  decodeAdpcm(reinterpret_cast<const std::uint8_t*>(stream.data()), samples.size() / 2,
+              decoded.data());
+  EXPECT_TRUE(decoded == expected) << "by the decoder that docs/adpcm.md prints";
 }
 
 }  // namespace tavrel::test

@@ -1,8 +1,7 @@
 #include "fuzz/small_build.h"
 
-#include "tests/support/aiff_builder.h"
 #include "tests/support/midi_builder.h"
-#include "tests/support/wav_builder.h"
+#include "tests/support/sound_builder.h"
 
 namespace tavrel::fuzz {
 

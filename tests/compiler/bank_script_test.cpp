@@ -5,36 +5,14 @@
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-namespace {
-
-bool storeAsset(BankScript& script, std::uint32_t paddedSize) {
-  auto asset = std::make_unique<AssetData>();
-  asset->paddedSize = paddedSize;
-  return script.storeAsset(std::move(asset), std::make_unique<AssetEntry>());
-}
-
-TEST(BankScript, AnAssetBeyondTheLastIdOrAPrefixOf81CharactersIsRefused) {
-  BankScript script("a.txt");
-  EXPECT_FALSE(script.setHeaderPrefix(std::string(81, 'p').c_str()));
-  for (int id = 0; id < 32768; ++id) {
-    ASSERT_TRUE(storeAsset(script, 0)) << id;
-  }
-  EXPECT_FALSE(storeAsset(script, 0));
-  script.useMemory(new std::uint8_t[]{'e', ' '}, 2);
-  testing::internal::CaptureStderr();
-  EXPECT_FALSE(script.parseUserAsset(script));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "ERROR: Asset e_ is one too many, only 32768 assets allowed\n");
-  script.freeData();
-}
-
 TEST(BankScript, ABankOf4GiBOrAHeaderWithoutABankIsRefusedAheadOfTheOldOne) {
   const TemporaryDirectory folder;
   BankScript script("a.txt");
   script.bankFileName.setName(folder.write("sfx.tvb", "an older bank").c_str());
   script.headerFileName.setName(folder.write("sfx.h", "an older header").c_str());
-  // One byte more than can be padded to 32.
-  ASSERT_TRUE(storeAsset(script, 0xFFFFFFFF - 31 - (4 + 44) + 1));
+  auto asset = std::make_unique<AssetData>();
+  asset->paddedSize = 0xFFFFFFFF - 31 - (4 + 44) + 1;  // one more than can be padded to 32
+  ASSERT_TRUE(script.storeAsset(std::move(asset), std::make_unique<AssetEntry>()));
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
   EXPECT_FALSE(script.writeBank());
@@ -46,5 +24,27 @@ TEST(BankScript, ABankOf4GiBOrAHeaderWithoutABankIsRefusedAheadOfTheOldOne) {
   EXPECT_EQ(folder.read("sfx.tvb") + folder.read("sfx.h"), "an older bankan older header");
 }
 
-}  // namespace
+TEST(BankScript, PreferencesAreTakenUpToThePreferencesEnd) {
+  const std::string illegal = "Error: Illegal token in pref file tavrel.rsp\nToken: ";
+  const std::string rows[][2] = {
+      {"bankoutputpath b/ SCRIPTPATH s/\nHeaderPath h/ ;x\nPREFSEND Foo ", "read b/ s/ h/ "},
+      {"ScriptPath one ScriptPath PrefsEnd PrefsEnd ", "read  PrefsEnd  "},
+      {"foo\nBankOutputPath b/\nPrefsEnd\n", "read b/   " + illegal + "foo Line Number: 1\n"},
+      {"HeaderPath h/ ", "failed   h/ "},
+      {"HeaderPath h/ BankOutputPath PrefsEnd", "failed   h/ "},
+  };
+  for (const auto& [content, expected] : rows) {
+    const TemporaryDirectory folder;
+    BankScript script("a.txt");
+    script.preferencesFileName.setName(folder.write("tool.rsp", content).c_str());
+    script.preferencesFileName.setPath("nowhere/");  // only the name counts
+    testing::internal::CaptureStderr();
+    std::string result = script.readPreferences() ? "read " : "failed ";
+    for (const FileName* file : {&script.bankFileName, &script.fileName, &script.headerFileName}) {
+      result += std::string(textOrEmpty(file->path)) + ' ';
+    }
+    EXPECT_EQ(result + testing::internal::GetCapturedStderr(), expected) << content;
+  }
+}
+
 }  // namespace tavrel::test

@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/aiff_builder.h"
 #include "tests/support/expected_run.h"
 #include "tests/support/midi_builder.h"
-#include "tests/support/wav_builder.h"
+#include "tests/support/sound_builder.h"
 
 namespace tavrel::test {
 namespace {
+
+const std::string kParseFails = "Error: Failed to parse script...\n";
 
 std::string unidentified(const std::string& token, int line) {
   return "Script File: a.txt\nError: Unidentified token: " + token +
@@ -88,17 +89,16 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
   const std::string longAsset = "ERROR: Asset name " + name + "_bi" + tooLong;
   const std::string longGuard = "ERROR: Header guard _" + name + "_H" + tooLong;
   const std::string line = "Writing Bank File: ";
-  const std::string parse = "Error: Failed to parse script...\n";
   const std::string header = "Error: Failed to write header...\n";
   const std::string rows[][3] = {
-      {"; BankFileName sfx.tvb \n", "", parse},
-      {"ScriptEnd " + bank + '\n', "", parse},
-      {bank + "\nBankFileName\n", "", parse},
-      {bank, "", parse},
+      {"; BankFileName sfx.tvb \n", "", kParseFails},
+      {"ScriptEnd " + bank + '\n', "", kParseFails},
+      {bank + "\nBankFileName\n", "", kParseFails},
+      {bank, "", kParseFails},
       // Two line feeds count as one line end, two pairs of carriage return and line feed as two.
-      {bank + "\n\n; note\nFoo;bar\n", "", unidentified("Foo", 3) + parse},
-      {bank + "\r\n\r\n; note\r\nAssetEnd\r\n", "", unidentified("AssetEnd", 4) + parse},
-      {"UserAsset " + name + ".bi ", "", longAsset + parse},
+      {bank + "\n\n; note\nFoo;bar\n", "", unidentified("Foo", 3) + kParseFails},
+      {bank + "\r\n\r\n; note\r\nAssetEnd\r\n", "", unidentified("AssetEnd", 4) + kParseFails},
+      {"UserAsset " + name + ".bi ", "", longAsset + kParseFails},
       {"BankFileName " + name + ".x ", line + name + ".x\n", longGuard + header},
       // These two names are those of folders.
       {"BankFileName one ", line + "one\n", "Error: Failed to write bank...\n"},
@@ -106,12 +106,36 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
   };
   const std::string empty(32, '\0');
   for (const auto& [script, lines, problems] : rows) {
-    expectRun(
-        {.script = script,
-         .files = {{"sfx.tvb", "old"}, {"sfx.h", "old"}, {"two.x", empty}, {name + ".x", empty}},
-         .problems = problems,
-         .failure = lines});
+    expectRun({.script = script,
+               .files = {{"two.x", empty}, {name + ".x", empty}},
+               .problems = problems,
+               .failure = lines});
   }
+}
+
+TEST(Run, ThereAreIdsFor32768Assets) {
+  std::string script;
+  for (int i = 0; i <= 32768; ++i) {
+    script += "UserAsset e AssetEnd ";
+  }
+  expectRun({.script = script,
+             .blocks = std::vector<Block>(32768, {kUserAsset, "e", "", {{0}}, ""}),
+             .problems = "ERROR: Asset e_ is one too many, only 32768 assets allowed\n" +
+                         unidentified("AssetEnd", 1) + kParseFails,
+             .failure = ""});
+}
+
+TEST(Run, ATokenOf1025CharactersEndsTheScript) {
+  expectRun({.script = "BankFileName sfx.tvb\n" + std::string(1025, 'x') + " Foo ",
+             .problems = "File: a.txt Line #: 2 has an oversize token, only 1024 chars allowed per "
+                         "token\n"});
+}
+
+TEST(Run, BothStreamsComeInTheOrderOfTheSteps) {
+  expectRun(
+      {.arguments = "a.txt 2>&1",
+       .script = "UserAsset none AssetEnd\n",
+       .failure = "Reading Unknown File: none\n" + unidentified("AssetEnd", 1) + kParseFails});
 }
 
 TEST(Run, BankFileNameGivesAllOtherNames) {
@@ -156,19 +180,17 @@ TEST(Run, KeywordsAreAppliedItemByItem) {
   }
 }
 
-/// The script that everyone begins with. Its bank is full by itself and gets no padding, and older
-/// and longer outputs are in its place.
+/// The script that everyone begins with. Its bank is full by itself and gets no padding.
 TEST(Run, TakesASoundAndASequenceEveryStepOfTheWay) {
   std::string song = midi(480).track(events().tempo(0, 500000).endOfTrack());
   song.resize(2012);
   const std::string boom = wav().fmt(mono, 16, 11025).data(std::string(4000, '\0'));
-  const std::string old(9000, 'o');
   expectRun({.script = "; sound effects of level one\r\nBankFileName sfx.tvb\r\n"
                        "WaveFile boom.wav\r\nSampleRate 22050\r\nLoop 0\r\nAdpcm 1\r\nAssetEnd\r\n"
                        "MidiFileType0 theme.mid\r\nVolume 100\r\nAssetEnd\r\nScriptEnd\r\n",
              .blocks = {{kWave, "boom.wav", "", {{22050, 0, 4}}, std::string(1000, '\x80')},
                         {kMidi, "theme.mid", "", {{480, 100, 1, 0, 0, 500000}}, song}},
-             .files = {{"boom.wav", boom}, {"sfx.tvb", old}, {"sfx.h", old}}});
+             .files = {{"boom.wav", boom}}});
 }
 
 }  // namespace

@@ -19,8 +19,6 @@ class FailingCall : public testing::Test {
   FailingCall() {
     std::filesystem::copy(TAVREL_SOURCE_DIR "/examples", directory_.path());
     std::filesystem::current_path(directory_.path());
-    std::filesystem::create_directory("in");
-    std::filesystem::create_directory("out");
     script_ = directory_.read("demo.txt");
     // Where a path of the command line is lost, another script and other folders come into play.
     directory_.write("demo.txt", "BankFileName demo.tvb\n");
@@ -30,22 +28,22 @@ class FailingCall : public testing::Test {
 
   /// The bank and the header of a run in which the `call`th call fails; nothing if the run does.
   std::string run(const std::string& script, Fault fault = Fault::none, std::size_t call = 0) {
-    const char* const arguments[] = {"tavrel", "demo.txt",   "scriptPath", "in/",  "bankPath",
-                                     "out/",   "headerPath", "out/",       nullptr};
-    directory_.write("in/demo.txt", script);
-    std::filesystem::remove("out/demo.tvb");
-    std::filesystem::remove("out/demo.h");
+    const char* const arguments[] = {"tavrel", "demo.txt",   "scriptPath", "its/", "bankPath",
+                                     "its/",   "headerPath", "its/",       nullptr};
+    std::filesystem::remove_all("its");
+    std::filesystem::create_directory("its");
+    directory_.write("its/demo.txt", script);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    const std::ptrdiff_t blocksBefore = blocksHeld();
-    breakCall(fault, call);
+    machine = {fault, call};
     const int exitCode = runTavrel(std::size(arguments) - 1, arguments);
-    hasStruck_ = repairCalls();
-    EXPECT_EQ(blocksHeld(), blocksBefore) << "leaked";
+    const Machine behindRun = std::exchange(machine, {});
+    hasStruck_ = behindRun.hasStruck;
+    EXPECT_EQ(behindRun.blocks, 0) << "leaked";
     const std::string told =
         testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
     if (exitCode == 0) {
-      return directory_.read("out/demo.tvb") + directory_.read("out/demo.h");
+      return directory_.read("its/demo.tvb") + directory_.read("its/demo.h");
     }
     EXPECT_EQ(exitCode, 1);
     EXPECT_THAT(told, testing::Not(testing::HasSubstr("Done!")));

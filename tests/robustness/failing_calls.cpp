@@ -12,22 +12,20 @@
 #include <new>
 
 namespace tavrel::test {
-namespace {
 
-Fault current = Fault::none;
-std::size_t callsLeft = 0;
-bool hasStruck = false;
-std::ptrdiff_t blocks = 0;
+Machine machine;
+
+namespace {
 
 /// Counts one call down; true if the fault strikes it.
 bool strikes(Fault fault) {
   const bool isLasting = fault == Fault::noMemory || fault == Fault::noSpace;
-  if (fault != current || (hasStruck && !isLasting)) {
+  if (fault != machine.fault || (machine.hasStruck && !isLasting)) {
     return false;
   }
-  hasStruck = hasStruck || --callsLeft == 0;
+  machine.hasStruck = machine.hasStruck || --machine.callsLeft == 0;
   errno = EIO;  // where it fails: no reason to try again
-  return hasStruck;
+  return machine.hasStruck;
 }
 
 bool isFull(int file) { return file > STDERR_FILENO && strikes(Fault::noSpace); }
@@ -35,7 +33,7 @@ bool isFull(int file) { return file > STDERR_FILENO && strikes(Fault::noSpace); 
 void* allocate(std::size_t size) {
   const bool fails = strikes(Fault::oneAllocation) || strikes(Fault::noMemory);
   void* block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
-  blocks += block != nullptr ? 1 : 0;
+  machine.blocks += block != nullptr ? 1 : 0;
   return block;
 }
 
@@ -45,25 +43,11 @@ void* allocateOrThrow(std::size_t size) {
 }
 
 void release(void* block) {
-  blocks -= block != nullptr ? 1 : 0;
+  machine.blocks -= block != nullptr ? 1 : 0;
   std::free(block);
 }
 
 }  // namespace
-
-void breakCall(Fault fault, std::size_t call) {
-  current = fault;
-  callsLeft = call;
-  hasStruck = false;
-}
-
-bool repairCalls() {
-  current = Fault::none;
-  return hasStruck;
-}
-
-std::ptrdiff_t blocksHeld() { return blocks; }
-
 }  // namespace tavrel::test
 
 using namespace tavrel::test;

@@ -10,13 +10,14 @@ namespace tavrel::test {
 /// has shrunk.
 enum class Fault { none, oneAllocation, noMemory, noSpace, close, seek, read, readAtEnd };
 
-/// The `call`th call of the fault's kind fails, counted from 1.
-void breakCall(Fault fault, std::size_t call);
+struct Machine {
+  Fault fault = Fault::none;
+  std::size_t callsLeft = 0;  ///< of the fault's kind, the failing one included
+  bool hasStruck = false;
+  std::ptrdiff_t blocks = 0;  ///< of memory, allocated less freed
+};
 
-/// Ends the fault. True if it has struck.
-bool repairCalls();
-
-/// How many blocks of memory are allocated and not yet freed.
-std::ptrdiff_t blocksHeld();
+/// The one under this program.
+extern Machine machine;
 
 }  // namespace tavrel::test

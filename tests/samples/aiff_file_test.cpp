@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/aiff_builder.h"
+#include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {

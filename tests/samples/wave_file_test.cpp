@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
-#include "tests/support/wav_builder.h"
 
 namespace tavrel::test {
 

@@ -20,7 +20,7 @@ class Bytes : public std::string {
     return static_cast<Bytes&>(append(count, static_cast<char>(value)));
   }
 
-  [[nodiscard]] const std::string& str() const { return *this; }
+  [[nodiscard]] std::string str() const { return *this; }
 };
 
 }  // namespace tavrel::test

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "tests/support/bytes.h"
+#include "tests/support/temporary_directory.h"
 #include "tests/support/tool_run.h"
 
 namespace tavrel::test {
@@ -99,8 +100,6 @@ Files filesBehindRun(const ExpectedRun& run, const TemporaryDirectory& folder) {
   return files;
 }
 
-}  // namespace
-
 std::string expectedBanner(const ExpectedRun& run) {
   const std::string rule = std::string(79, '-') + '\n';
   return rule + "Tavrel Audio Packager\nRevision 1.82 7/22/1999 5:36 pm\n\nScript File:\t" +
@@ -108,7 +107,10 @@ std::string expectedBanner(const ExpectedRun& run) {
          '\n' + rule;
 }
 
-void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder) {
+}  // namespace
+
+void expectRun(const ExpectedRun& run) {
+  const TemporaryDirectory folder;
   SCOPED_TRACE(run.arguments + run.script.value_or(""));
   const auto count = std::count_if(run.blocks.begin(), run.blocks.end(),
                                    [](const Block& block) { return bool(block.parameters); });
@@ -116,6 +118,7 @@ void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder) {
   for (const Block& block : run.blocks) {
     addBlock(traces, block, run, 4 + 44 * static_cast<std::size_t>(count));
   }
+  traces.files.insert({{"sfx.tvb", std::string(9000, 'o')}, {"sfx.h", std::string(9000, 'o')}});
   traces.files[run.scriptFile] = run.script.value_or(traces.script);
   std::filesystem::create_directory(folder.path("one"));
   std::filesystem::create_directory(folder.path("two.h"));

@@ -10,8 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/temporary_directory.h"
-
 namespace tavrel::test {
 
 /// A kind of asset: its keyword, its words in the progress lines, and its type in the bank.
@@ -51,12 +49,9 @@ struct ExpectedRun {
   std::optional<std::string> failure{};  ///< of a run that fails: standard output behind the blocks
 };
 
-/// The lines that open a run, the last one of them a rule.
-std::string expectedBanner(const ExpectedRun& run);
-
-/// Runs the tool in `folder`, in which there are the folders `one` and `two.h`, and compares both
-/// streams, the exit code and every file: what the run writes is there, but for the time of day,
-/// and all else is as it was.
-void expectRun(const ExpectedRun& run, const TemporaryDirectory& folder = {});
+/// Runs the tool in a folder in which there are the folders `one` and `two.h` and older and longer
+/// outputs, and compares both streams, the exit code and every file: what the run writes is there,
+/// but for the time of day, and all else is as it was.
+void expectRun(const ExpectedRun& run);
 
 }  // namespace tavrel::test

@@ -48,10 +48,10 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kWave, folder, numbers, {{2, 0, 16, -7}}, steps},
       {kWave, "8.wav", "Loop 0 Adpcm 1", {{0, 0, 8}}, {"\0\x7F\xFF", 3}},
       {kWave, "8.wav", "loop 10", {{0, 1, 8, 0, 0, 3}}, {"\0\x7F\xFF", 3}},
-      {kWave, "4.wav", "Loop 1", {{0, 1, 4, 0, 0, 6}}, "abc"},
+      {kWave, "4.wav", "Loop 1", {{0, 1, 4, 0, 0, 2}}, "a"},
       {kWave, "24.wav", "Loop 1", {{0, 1, 24}}, "abcdef"},
       {kAiff, "8.aif", "Loop 1", {{0, 1, 8}}, "\x01\xFF\x80"},
-      {kAiff, "good.aif", "SampleRate 8000 Loop 1", {{8000, 1, 16, 0, 1, 7}}, "\x12\x34\x56\x78"},
+      {kAiff, "good.aif", "SampleRate 8 Loop 1", {{8, 1, 16, 0, 70000, -16}}, "\x12\x34\x56\x78"},
       {kAiff, "good.aif", "", {{0, 0, 16}}, "\x12\x34\x56\x78"},
       {kMidi, "song.mid", "", {{-6360, 127, 1, 0, 0, 0xFFFFFF}}, song},
       {kMidi, "t", "volume x GMMODE -2 Loop 3", {{-6360, 0, -2, 3, 0, 0xFFFFFF}}, song + "t"},
@@ -64,7 +64,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kUserAsset, "empty", "Parameter0 1", {}, ""},  // cut off by the end of the script
   };
   const AiffBuilder sound = aiff().comm(mono, 2, 16).ssnd("\x34\x12\x78\x56");
-  const AiffBuilder marked = AiffBuilder(sound).mark({{2, 1, "later"}, {1, 7}});
+  const AiffBuilder marked = AiffBuilder(sound).mark({{2, 70000, "later"}, {1, 0xFFFFFFF0}});
   expectRun({.blocks = blocks,
              .files = {{"x.aiff", sound.str()},
                        {"a.b.aif", sound.str()},
@@ -75,7 +75,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
                        {"still.mid", midi().track(events().endOfTrack())},
                        {"one/16.WAV", wav().fmt(stereo, 16, 44100).data(steps).str()},
                        {"8.wav", wav().fmt(mono, 8, 8000).data("\x80\xFF\x7F").str()},
-                       {"4.wav", wav().fmt(mono, 4, 8000).data("abc").str()},
+                       {"4.wav", wav().fmt(mono, 4, 8000).data("a").str()},
                        {"24.wav", wav().fmt(mono, 24, 8000).data("abcdef").str()},
                        {"8.aif", aiff().comm(mono, 3, 8).ssnd("\x01\xFF\x80").str()},
                        {"good.aif", AiffBuilder(marked).inst({2, 1, 2}).str()}},

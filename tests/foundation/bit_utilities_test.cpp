@@ -8,10 +8,10 @@ using Numbers = std::vector<std::uint32_t>;
 
 TEST(BitUtilitiesTest, BitsAndHalvesAreTheRightOnesAndStayWithinTheWord) {
   EXPECT_EQ((Numbers{extractBits(0xF90, 4, 4), extractBits(0xABCD, 12, 40), lowBits(0x1234, 9),
-                     extractBits(0xABCD, 16, 4), combineNibbles(0x12, 0x34), keepHighNibble(0x12),
-                     keepLowNibble(0x12), highByte(0x1234), lowByte(0x1234), highWord(0x12345678),
-                     lowWord(0x12345678)}),
-            (Numbers{9, 0xA, 0x34, 0, 0x14, 0x10, 0x02, 0x12, 0x34, 0x1234, 0x5678}));
+                     extractBits(0xABCD, 16, 4), lowBits(0xFFFF, 15), combineNibbles(0x12, 0x34),
+                     keepHighNibble(0x12), keepLowNibble(0x12), highByte(0x1234), lowByte(0x1234),
+                     highWord(0x12345678), lowWord(0x12345678)}),
+            (Numbers{9, 0xA, 0x34, 0, 0x7FFF, 0x14, 0x10, 0x02, 0x12, 0x34, 0x1234, 0x5678}));
   std::uint16_t word = 0xFFFF;
   insertBits(word, 0xFF05, 4, 4);
   insertBits(word, 2, 14, 9);

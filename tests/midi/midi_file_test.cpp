@@ -94,8 +94,8 @@ TEST(MidiFileTest, ReadsAndPrintsEveryKindOfEventTwiceAlikeAndNothingBehindTheEn
   track.meta(0, 2, "c").meta(0, 3, "n").meta(0, 4, "i").meta(0, 5, "l").meta(0, 6, {"m\0M", 3});
   track.meta(0, 7, "").meta(0, 32, "\1").endOfTrack().tempo(0, 500000).tempo(0, 999);
   track.meta(0, 84, "\1\2\3\4\5").meta(0, 88, "\6\3\x18\x08").meta(0, 88, "\1\x0F");
-  track.meta(0, 89, "\xFD\1").meta(0, 89, "\2").meta(0, 89, "").meta(0, 127, "\x0A");
-  LoadedMidi loaded(track.meta(0, 9, "unknown").system(0, 0xF3, "unknown"));
+  track.meta(0, 89, "\xFD\2").meta(0, 89, "\2").meta(0, 89, "").meta(0, 127, "\x0A");
+  LoadedMidi loaded(track.meta(0, 9, "unknown").system(0, 0xFE, "unknown"));
   // Each | stands for a time and "Meta  - ", @ for a zero byte. The bar of that time is one whose
   // low 16 bits are negative, so that it gets the third tab of a bar below 10.
   std::string expected =
@@ -147,6 +147,7 @@ TEST(MidiFileTest, NamesControllersNotesAndTimesWithoutTicks) {
   LoadedMidi loaded(events().endOfTrack(999999), 0);
   EXPECT_EQ(dump(loaded.file), "1:1:999999\t\t\tMeta  -  EndOfTrack\n");
   EXPECT_STREQ(loaded.file.noteName(60, 1), "C4");
+  EXPECT_STREQ(loaded.file.noteName(60, 2), "C3");
   EXPECT_STREQ(controllerNames[127].data(), "Poly On/Mono Off");
 }
 

@@ -9,11 +9,12 @@ TEST(HostPathTest, BackslashesBecomeSlashesOnlyWhereThatLeadsSomewhere) {
   const std::string folder = directory.path("");
   const bool slashes = std::filesystem::path::preferred_separator == '/';
   std::filesystem::create_directories(directory.path("snd/deep"));
+  directory.write("snd/file", "");
   directory.write(slashes ? "snd\\own.wav" : "own.wav", "");
   for (const auto& [name, found] : {std::pair{"snd\\deep/..\\new.wav", "snd/deep/../new.wav"},
                                     {"snd\\own.wav", "snd\\own.wav"},
                                     {"no folder\\new.wav", "no folder\\new.wav"},
-                                    {"snd\\own.wav\\new.wav", "snd\\own.wav\\new.wav"}}) {
+                                    {"snd\\file\\new.wav", "snd\\file\\new.wav"}}) {
     EXPECT_EQ(hostPath((folder + name).c_str()), folder + (slashes ? found : name));
   }
   EXPECT_EQ(hostPath("\\new.wav"), slashes ? "/new.wav" : "\\new.wav") << "in the root folder";

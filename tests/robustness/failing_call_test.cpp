@@ -59,17 +59,19 @@ class FailingCall : public testing::Test {
 TEST_F(FailingCall, NeverLeavesADamagedBankBehindDone) {
   // Blocks that need memory behind their last token lose their asset without a word when there is
   // none: the waves and the sequence. Of failing files only the sequence says nothing.
+  constexpr std::size_t kInputs = 9;  // without the sequence
+  constexpr std::size_t kOutputs = 2;
   const struct {
     Fault fault;
     const char* mayLoseItsAsset;
     std::size_t leastFailures;
   } rows[] = {{Fault::oneAllocation, "WaveFile|MidiFileType0", 100},
               {Fault::noMemory, "WaveFile|MidiFileType0", 100},
-              {Fault::noSpace, "MidiFileType0", 1},
-              {Fault::close, "MidiFileType0", 1},
-              {Fault::seek, "MidiFileType0", 1},
-              {Fault::read, "MidiFileType0", 1},
-              {Fault::readAtEnd, "MidiFileType0", 1}};
+              {Fault::noSpace, "MidiFileType0", kOutputs},
+              {Fault::close, "MidiFileType0", kOutputs},
+              {Fault::seek, "MidiFileType0", kOutputs},
+              {Fault::read, "MidiFileType0", kInputs},
+              {Fault::readAtEnd, "MidiFileType0", kInputs}};
   for (const auto& [fault, mayLoseItsAsset, leastFailures] : rows) {
     std::vector<std::string> acceptable{run(script_)};
     const std::regex block(std::string("(") + mayLoseItsAsset + ")[^]*?AssetEnd");

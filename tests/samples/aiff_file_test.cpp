@@ -10,7 +10,7 @@ namespace tavrel::test {
 /// The dump of an instrument with loops of these modes, and of one marker.
 std::string dumpOf(const std::string& sustainMode, const std::string& releaseMode) {
   const std::string rule(34, '-');
-  return "FORM\n    COMM\n    SSND\n    INST\n    MARK\n"
+  return "FORM\n    odd \n    COMM\n    SSND\n    INST\n    MARK\n"
          "-------------- Instrument --------------\n\nId:            1229869908\n"
          "Size:          20\nRoot Note:     60\nDetune:        -5\nLo Note:       1\n"
          "Hi Note:       127\nLow Velocity:  2\nHigh Velocity: 126\nGain: -6\n"
@@ -50,7 +50,9 @@ std::string toldBy(const std::string& content, bool dump) {
 }
 
 TEST(AiffFile, TellsItsSamplesAndLoopsOrWhatIsDamaged) {
-  const auto small = [] { return aiff().comm(mono, 2, 16).ssnd("\x12\x34\x56\x78"); };
+  const auto small = [] {
+    return aiff().chunk("odd ", "a").comm(mono, 2, 16).ssnd("\x12\x34\x56\x78");
+  };
   const std::string swapped = "\x34\x12\x78\x56";
   const std::string damaged = "fails: ERROR: AIFF file is damaged: ";
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
@@ -70,20 +72,20 @@ TEST(AiffFile, TellsItsSamplesAndLoopsOrWhatIsDamaged) {
       {small().mark({{1, 10}, {2, 20}}).claimSize("MARK", 2 + (7 + 1) + 7), swapped},
       {small().mark({}).ssnd("second"), swapped},
       {"JUNK" + small().str().substr(4), swapped},
-      {small().claimFormSize(4 + (8 + 18)), "fails: "},
-      {small().claimFormSize(4 + (8 + 18) + 1), swapped},
+      {small().claimFormSize(4 + (8 + 2) + (8 + 18)), "fails: "},
+      {small().claimFormSize(4 + (8 + 2) + (8 + 18) + 1), swapped},
       {small().claimSize("COMM", 0xFFFFFFFF), "fails: "},
-      {small().str().substr(0, 12 + (8 + 18) + 7), "fails: "},
+      {small().str().substr(0, 12 + (8 + 2) + (8 + 18) + 7), "fails: "},
       {small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks), swapped},
       {aiff().chunk("SSND", "").comm(mono, 0, 16).claimSize("COMM", 17), damaged + "COMM\n"},
       {aiff().comm(mono, 0, 16).chunk("SSND", "1234567"), damaged + "SSND\n"},
       {aiff().comm(mono, 0x80000002, 16).ssnd("abcd"), damaged + "SSND\n"},
       {small().claimSize("SSND", 8 + 3), damaged + "SSND\n"},
       {small().chunk("INST", std::string(19, 'i')), damaged + "INST\n"},
-      {small().chunk("MARK", "m"), damaged + "MARK\n"},
+      {small().chunk("MARK", ""), damaged + "MARK\n"},
       {small().chunk("MARK", Bytes().be16(2).fill(6).u8(1).text("a")), damaged + "MARK\n"},
       {small().mark({{1, 10, "ab"}}).claimSize("MARK", 2 + 7 + 1), damaged + "MARK\n"},
-      {aiff().ssnd("abcd"), "fails: "},
+      {aiff(), "fails: "},
       {aiff().comm(mono, 2, 16), "fails: "},
       {aiff().str().substr(0, 11),
        "fails: ERROR: This is not a 'AIFF' file.\nERROR: Not an AIFF file.\n"}};

@@ -42,8 +42,8 @@ TEST(SoundConvert, SwapsWholePairsAndReadsNothingElse) {
 }
 
 TEST(SoundConvert, ConvertsUnits) {
-  expectRows(+[](std::uint16_t bits) { return SoundConvert::sampleCount(1001, bits); },
-             {{4, 500}, {8, 1001}, {16, 500}, {12, 0}});
+  expectRows(+[](std::uint16_t bits) { return SoundConvert::sampleCount(1003, bits); },
+             {{4, 500}, {8, 1003}, {16, 501}, {12, 0}});
   expectRows(SoundConvert::centsToSemitones, {{-150, -1}, {199, 1}});
   expectRows(SoundConvert::pitchToHertz, {{6900 * 65536, 440}, {8100 * 65536, 880}});
   expectRows(SoundConvert::fixedTenthsToDouble, {{655360, 1}});
@@ -51,7 +51,8 @@ TEST(SoundConvert, ConvertsUnits) {
   expectRows(SoundConvert::gainToByte, {{1, 0}, {-1, 0xFE}, {-96, 1}});
   expectRows(SoundConvert::percentTo127, {{-50, 0}, {-49, 2}, {0, 64}, {50, 127}});
   expectRows(SoundConvert::scale127To31, {{-5, -1}, {0, 0}, {1, 1}, {5, 2}, {127, 31}});
-  expectRows(SoundConvert::descendingThresholdIndex, {{47, 31}, {38, 0}, {27, 1}, {0, 28}});
+  expectRows(SoundConvert::descendingThresholdIndex,
+             {{47, 31}, {38, 0}, {27, 1}, {1.15, 20}, {0, 28}});
 }
 
 }  // namespace tavrel::test

@@ -28,6 +28,7 @@ TEST(WaveFile, TakesTheFormatAndTheSamplesBehindItFromFormAndFile) {
       {small().claimFormSize(header), good},
       {small().claimFormSize(header - 1), ""},
       {small().claimDataSize(5), ""},
+      {small().claimSize("odd ", 0xFFFFFFFF), ""},
       {wav().chunk("odd ", big.substr(1)).chunk("fmt ", block).data(big),
        block.substr(0, 18) + big},
       {wav().data("abc").chunk("fmt ", block), ""}};

@@ -6,12 +6,11 @@
 
 namespace tavrel::test {
 
-ToolRun runTool(const std::string& directory, const std::string& arguments,
-                const std::string& front) {
+ToolRun runTool(const std::string& directory, const std::string& arguments) {
   const bool onPosix = std::filesystem::path::preferred_separator == '/';
   const TemporaryDirectory streams;
-  const std::string command = (onPosix ? "cd \"" : "cd /d \"") + directory + "\" && " + front +
-                              (onPosix ? " timeout 60" : "") + " \"" TAVREL_EXECUTABLE "\" <\"" +
+  const std::string command = (onPosix ? "cd \"" : "cd /d \"") + directory + "\" && " +
+                              (onPosix ? "timeout 60 " : "") + "\"" TAVREL_EXECUTABLE "\" <\"" +
                               streams.write("in", "") + "\" >\"" + streams.write("out", "") +
                               "\" 2>\"" + streams.write("err", "") + "\" " + arguments;
   const int status = std::system(command.c_str());

@@ -12,10 +12,8 @@ struct ToolRun {
   std::string standardOutput, standardError;
 };
 
-/// Runs the tool with `directory` as its current directory. `arguments` is shell text, in which
-/// redirections such as "2>&1" may stand, and so is what stands in `front` of the tool, such as
-/// "ulimit -f 1;". Standard input is empty.
-ToolRun runTool(const std::string& directory, const std::string& arguments,
-                const std::string& front = "");
+/// Runs the tool with `directory` as its current directory. `arguments` is shell text, in which a
+/// redirection such as "2>&1" may stand. Standard input is empty.
+ToolRun runTool(const std::string& directory, const std::string& arguments);
 
 }  // namespace tavrel::test

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# The tool among files that are no files, disks that are full and streams that are closed: it may
+# never hang, crash, or say "Done!" without a whole bank and header: strange_files.sh TOOL EXAMPLES
+set -euo pipefail
+tool=$(realpath "$1")
+examples=$(realpath "$2")
+sandbox=$(mktemp -d)
+trap 'rm -rf "$sandbox"' EXIT
+failures=0
+
+# Packs the example bank in a folder of its own, behind a change of that folder and with further
+# arguments or redirections. Prints the hash of the bank, or the last word of the failure.
+outcome() {
+  local folder status=0
+  folder=$(mktemp -d -p "$sandbox")
+  cp "$examples"/* "$folder"
+  cd "$folder"
+  eval "$1"
+  eval "timeout 60 \"$tool\" demo.txt ${2:-}" </dev/null >"$folder.out" 2>"$folder.err" || status=$?
+  if ((status == 0)) && [[ $(tail -c 3 demo.h) == _H ]]; then
+    sha256sum <demo.tvb
+  elif ((status == 1)); then
+    sed -n '$s/^Error: Failed to [a-z]* \([a-z]*\)\.\.\.$/\1/p' "$folder.err"
+  else
+    echo "exit code $status"
+  fi
+}
+
+expect() {
+  local expected=$1 actual
+  actual=$(outcome "${@:2}")
+  if [[ $actual != "$expected" ]]; then
+    echo "${*:2}: expected $expected, but it is $actual" >&2
+    failures=$((failures + 1))
+  fi
+}
+
+whole=$(outcome :)
+without_sequence=$(outcome "sed -i /Midi.*0/,/AssetEnd/d demo.txt")
+
+for make in : mkdir mkfifo 'ln -s /dev/zero' 'ln -s loop' 'ln -s /proc/self/mem'; do
+  for name in demo.txt boom.wav engine.aif level.dat; do
+    expect script "rm $name; ln -s loop loop; $make $name"
+  done
+  # A sequence that can't be read is left out, and that is all.
+  expect "$without_sequence" "rm theme.mid; ln -s loop loop; $make theme.mid"
+done
+
+for make in mkdir mkfifo 'ln -s /dev/full'; do
+  expect bank "$make demo.tvb"
+  expect header "$make demo.h"
+done
+for folder in none/ /proc/; do
+  expect bank : "bankPath $folder"
+  expect header : "headerPath $folder"
+done
+expect header 'ln -s /dev/null demo.tvb' # a bank that can't be asked for its length
+expect bank 'ulimit -f 1'
+expect "$whole" 'ln -s demo.txt demo.tvb; ln -s blip.wav demo.h' # outputs that are inputs
+
+for redirection in '>&-' '2>&-' '>&- 2>&- <&-' '>/dev/full' '2>/dev/full'; do
+  expect "$whole" : "$redirection"
+done
+for stream in 1 2; do
+  expect "$whole" 'mkfifo pipe; : <pipe &' "$stream>pipe" # whose reader goes away at once
+done
+expect script 'rm demo.txt' '<&-'
+
+[[ $failures -eq 0 ]]

@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
 #include "tests/support/expected_run.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/sound_builder.h"
+#include "tests/support/temporary_directory.h"
+#include "tests/support/tool_run.h"
 
 namespace tavrel::test {
 namespace {
@@ -90,6 +96,13 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
   const std::string longGuard = "ERROR: Header guard _" + name + "_H" + tooLong;
   const std::string line = "Writing Bank File: ";
   const std::string header = "Error: Failed to write header...\n";
+  const std::string tooMany = "ERROR: Asset e_ is one too many, only 32768 assets allowed\n";
+  std::string many;
+  std::string reading;
+  for (int i = 0; i < 32768; ++i) {
+    many += "UserAsset e AssetEnd ";
+    reading += "Reading Unknown File: e\n";
+  }
   const std::string rows[][3] = {
       {"; BankFileName sfx.tvb \n", "", kParseFails},
       {"ScriptEnd " + bank + '\n', "", kParseFails},
@@ -99,6 +112,7 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
       {bank + "\n\n; note\nFoo;bar\n", "", unidentified("Foo", 3) + kParseFails},
       {bank + "\r\n\r\n; note\r\nAssetEnd\r\n", "", unidentified("AssetEnd", 4) + kParseFails},
       {"UserAsset " + name + ".bi ", "", longAsset + kParseFails},
+      {many + "UserAsset e Foo ", reading, tooMany + unidentified("Foo", 1) + kParseFails},
       {"BankFileName " + name + ".x ", line + name + ".x\n", longGuard + header},
       // These two names are those of folders.
       {"BankFileName one ", line + "one\n", "Error: Failed to write bank...\n"},
@@ -107,22 +121,10 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
   const std::string empty(32, '\0');
   for (const auto& [script, lines, problems] : rows) {
     expectRun({.script = script,
-               .files = {{"two.x", empty}, {name + ".x", empty}},
+               .files = {{"two.x", empty}, {name + ".x", empty}, {"e", ""}},
                .problems = problems,
                .failure = lines});
   }
-}
-
-TEST(Run, ThereAreIdsFor32768Assets) {
-  std::string script;
-  for (int i = 0; i <= 32768; ++i) {
-    script += "UserAsset e AssetEnd ";
-  }
-  expectRun({.script = script,
-             .blocks = std::vector<Block>(32768, {kUserAsset, "e", "", {{0}}, ""}),
-             .problems = "ERROR: Asset e_ is one too many, only 32768 assets allowed\n" +
-                         unidentified("AssetEnd", 1) + kParseFails,
-             .failure = ""});
 }
 
 TEST(Run, ATokenOf1025CharactersEndsTheScript) {
@@ -159,11 +161,9 @@ TEST(Run, BankFileNameGivesAllOtherNames) {
 TEST(Run, KeywordsAreAppliedItemByItem) {
   const std::string longest(80, 'p');
   const ExpectedRun rows[] = {
-      {.arguments = "a.txt bankPath no/ bankPath one/ bankPath", .bankPath = "one/"},
-      {.arguments = "a.txt junk bankPathx no/ scriptPath one/", .scriptFile = "one/a.txt"},
-      {.arguments = "a.txt BANKPATH one/ headerpath two.h/",
-       .bankPath = "one/",
-       .headerPath = "two.h/"},
+      {.arguments = "a.txt bankPath no/ BANKPATH one/ bankPath", .bankPath = "one/"},
+      {.arguments = "a.txt bankPathx no/ scriptPath one/", .scriptFile = "one/a.txt"},
+      {.arguments = "a.txt headerpath two.h/ junk", .headerPath = "two.h/"},
       {.arguments = "a.txt HeaderPrefix " + longest, .prefix = std::string(80, 'P')},
       {.arguments = "a.txt HeaderPrefix x HeaderPrefix x" + longest},
       {.arguments = "bankPath one/", .scriptFile = "bankPath", .bankPath = "one/"},
@@ -191,6 +191,33 @@ TEST(Run, TakesASoundAndASequenceEveryStepOfTheWay) {
              .blocks = {{kWave, "boom.wav", "", {{22050, 0, 4}}, std::string(1000, '\x80')},
                         {kMidi, "theme.mid", "", {{480, 100, 1, 0, 0, 500000}}, song}},
              .files = {{"boom.wav", boom}}});
+}
+
+TEST(Run, NoArgumentsGiveTheUsageReport) {
+  const TemporaryDirectory folder;
+  const std::string rule = std::string(79, '-') + '\n';
+  const ToolRun run = runTool(folder.path(), "");
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.standardOutput, "");
+  EXPECT_EQ(run.standardError,
+            rule + "Tavrel Audio Packager\nRevision 1.82 7/22/1999 5:36 pm\n" + rule +
+                "\nError: Incorrect command line arguments...\n"
+                "Usage: tavrel scriptFileName [bankPath bankOutputPathWithSlashOnEnd] [scriptPath "
+                "scriptPathWithSlashOnEnd] [headerPath headerPathWithSlashOnEnd] [HeaderPrefix "
+                "theHeaderPrefix]\n");
+}
+
+TEST(Run, TheHeaderTellsTheTime) {
+  const TemporaryDirectory folder;
+  folder.write("a.txt", "BankFileName sfx.tvb\n");
+  runTool(folder.path(), "a.txt");
+  const std::string header = folder.read("sfx.h");
+  std::tm time{};
+  std::istringstream(header.substr(header.find("Rev:") + 4)) >>
+      std::get_time(&time, " %m/%d/%Y %H:%M");
+  time.tm_hour += header.find(" pm - File") == std::string::npos ? 0 : 12;
+  time.tm_isdst = -1;
+  EXPECT_NEAR(std::difftime(std::time(nullptr), std::mktime(&time)), 0, 120);
 }
 
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <ctime>
+
 namespace tavrel::test {
 
 TEST(TimeStampTest, OnlyHoursAbove12AreAfternoonAndOnlyMinutesArePadded) {
@@ -15,6 +18,13 @@ TEST(TimeStampTest, OnlyHoursAbove12AreAfternoonAndOnlyMinutesArePadded) {
     EXPECT_STREQ(TimeStamp().getDateAndTime(), text);
   }
   restartClock();
+  const std::time_t now = std::time(nullptr);
+  const std::tm local = *std::localtime(&now);
+  SYSTEMTIME clock;
+  GetLocalTime(&clock);
+  EXPECT_EQ((std::array{clock.wYear - 1900, clock.wMonth - 1, int{clock.wDay}}),
+            (std::array{local.tm_year, local.tm_mon, local.tm_mday}));
+  EXPECT_NEAR(60 * clock.wHour + clock.wMinute, 60 * local.tm_hour + local.tm_min, 1);
 }
 
 }  // namespace tavrel::test

@@ -79,10 +79,6 @@ ssize_t read(int file, void* bytes, size_t size) {
   return strikes(Fault::readAtEnd) ? 0 : syscall(SYS_read, file, bytes, size);
 }
 
-off64_t lseek64(int file, off64_t offset, int from) {
-  return strikes(Fault::seek) ? -1 : syscall(SYS_lseek, file, offset, from);
-}
-
 int fclose(FILE* file) {
   static const auto original = reinterpret_cast<int (*)(FILE*)>(dlsym(RTLD_NEXT, "fclose"));
   const int result = original(file);

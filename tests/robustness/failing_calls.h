@@ -8,7 +8,7 @@ namespace tavrel::test {
 
 /// Shortages of memory and of space last from the call on that fails; in a read at its end a file
 /// has shrunk.
-enum class Fault { none, oneAllocation, noMemory, noSpace, close, seek, read, readAtEnd };
+enum class Fault { none, oneAllocation, noMemory, noSpace, close, read, readAtEnd };
 
 struct Machine {
   Fault fault = Fault::none;

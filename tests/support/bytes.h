@@ -10,13 +10,13 @@ namespace tavrel::test {
 /// A growing string of bytes. Each operation appends and gives the object back for the next one.
 class Bytes : public std::string {
  public:
-  Bytes& u8(std::uint32_t value) { return fill(1, value); }
-  Bytes& be16(std::uint32_t value) { return u8(value >> 8).u8(value); }
-  Bytes& be32(std::uint32_t value) { return be16(value >> 16).be16(value); }
-  Bytes& le16(std::uint32_t value) { return u8(value).u8(value >> 8); }
-  Bytes& le32(std::uint32_t value) { return le16(value).le16(value >> 16); }
+  Bytes& u8(std::size_t value) { return fill(1, value); }
+  Bytes& be16(std::size_t value) { return u8(value >> 8).u8(value); }
+  Bytes& be32(std::size_t value) { return be16(value >> 16).be16(value); }
+  Bytes& le16(std::size_t value) { return u8(value).u8(value >> 8); }
+  Bytes& le32(std::size_t value) { return le16(value).le16(value >> 16); }
   Bytes& text(std::string_view value) { return static_cast<Bytes&>(append(value)); }
-  Bytes& fill(std::size_t count, std::uint32_t value = 0) {
+  Bytes& fill(std::size_t count, std::size_t value = 0) {
     return static_cast<Bytes&>(append(count, static_cast<char>(value)));
   }
 

@@ -38,7 +38,7 @@ struct Block {
 using Files = std::map<std::string, std::string>;
 
 struct ExpectedRun {
-  std::string arguments = "a.txt";
+  std::string arguments = "a.txt";      ///< shell text: a redirection may stand in it
   std::string scriptFile = "a.txt";     ///< with its path, as the banner shows it
   std::optional<std::string> script{};  ///< none: the bank's name and the blocks, one on a line
   std::vector<Block> blocks{};

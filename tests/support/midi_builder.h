@@ -6,7 +6,7 @@
 
 namespace tavrel::test {
 
-using Number = std::uint32_t;
+using Number = std::size_t;
 
 /// The events of a track. Times are delta times in ticks, channels count from 1.
 class Events : public Bytes {
@@ -31,11 +31,11 @@ class Events : public Bytes {
     return message(delta, 0x80 + channel - 1, number, 64);
   }
   Events& meta(Number delta, Number type, std::string_view payload) {
-    return message(delta, 0xFF, type).raw(static_cast<Number>(payload.size()), payload);
+    return message(delta, 0xFF, type).raw(payload.size(), payload);
   }
   /// A system event; `payload` goes up to the closing 0xF7, if there is one.
   Events& system(Number delta, Number status, std::string_view payload) {
-    return message(delta, status).raw(static_cast<Number>(payload.size()), payload);
+    return message(delta, status).raw(payload.size(), payload);
   }
   Events& tempo(Number delta, Number microseconds) {
     return meta(delta, 0x51, Bytes().u8(microseconds >> 16).be16(microseconds));
@@ -51,7 +51,7 @@ class MidiBuilder : public Bytes {
   MidiBuilder(Number format, Number ppqn) { text("MThd").be32(6).be16(format).be16(0).be16(ppqn); }
   MidiBuilder& track(std::string_view events) {
     ++at(4 + 4 + 2 + 1);  // the number of tracks
-    text("MTrk").be32(static_cast<Number>(events.size())).text(events);
+    text("MTrk").be32(events.size()).text(events);
     return *this;
   }
 };

@@ -34,8 +34,7 @@ class ChunkBuilder : public Bytes {
 
  private:
   static std::string number(std::size_t value) {
-    const auto field = static_cast<std::uint32_t>(value);
-    return order == std::endian::little ? Bytes().le32(field) : Bytes().be32(field);
+    return order == std::endian::little ? Bytes().le32(value) : Bytes().be32(value);
   }
   Self& put(std::size_t position, std::string_view bytes) {
     replace(position, bytes.size(), bytes);
@@ -88,10 +87,9 @@ class AiffBuilder : public ChunkBuilder<AiffBuilder, std::endian::big> {
     return chunk("INST", content);
   }
   AiffBuilder& mark(std::initializer_list<Marker> markers) {
-    Bytes content = Bytes().be16(static_cast<std::uint32_t>(markers.size()));
+    Bytes content = Bytes().be16(markers.size());
     for (const auto& [id, position, name] : markers) {
-      const auto length = static_cast<std::uint32_t>(name.size());
-      content.be16(id).be32(position).u8(length).text(name).fill(1 - length % 2);
+      content.be16(id).be32(position).u8(name.size()).text(name).fill(1 - name.size() % 2);
     }
     return chunk("MARK", content);
   }

@@ -31,8 +31,7 @@ TEST(BankScript, PreferencesAreTakenUpToThePreferencesEnd) {
       {"ScriptPath one ScriptPath PrefsEnd PrefsEnd ", "read  PrefsEnd  "},
       {"foo\nBankOutputPath b/\nPrefsEnd\n", "read b/   " + illegal + "foo Line Number: 1\n"},
       {"HeaderPath h/ ", "failed   h/ "},
-      {"HeaderPath h/ BankOutputPath PrefsEnd", "failed   h/ "},
-  };
+      {"HeaderPath h/ BankOutputPath PrefsEnd", "failed   h/ "}};
   for (const auto& [content, expected] : rows) {
     const TemporaryDirectory folder;
     BankScript script("a.txt");

@@ -110,8 +110,7 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
       {"BankFileName " + name + ".x ", line + name + ".x\n", longGuard + header},
       // These two names are those of folders.
       {"BankFileName one ", line + "one\n", "Error: Failed to write bank...\n"},
-      {"BankFileName two.x ", line + "two.x\nWriting Header File: two.h\n", header},
-  };
+      {"BankFileName two.x ", line + "two.x\nWriting Header File: two.h\n", header}};
   const std::string empty(32, '\0');
   for (const auto& [script, lines, problems] : rows) {
     expectRun({.script = script,
@@ -136,13 +135,11 @@ TEST(Run, BothStreamsComeInTheOrderOfTheSteps) {
 
 TEST(Run, BankFileNameGivesAllOtherNames) {
   const std::string longest(76, 'x');
-  const std::string rows[][5] = {
-      {"bankfilename first.x\t", "Sfx.bin", "Sfx.h", "Sfx", "FIRST"},
-      {"", "bo.x.y", "bo.x.h", "bo", "BO"},
-      {"", R"(one\a~b.tvb)", R"(one\a~b.h)", R"(one\a~b)", R"(ONE\A~B)"},
-      {"", longest, longest + ".h", longest, std::string(76, 'X')},
-      {"", ".tvb", ".h", "", ""},
-  };
+  const std::string rows[][5] = {{"bankfilename first.x\t", "Sfx.bin", "Sfx.h", "Sfx", "FIRST"},
+                                 {"", "bo.x.y", "bo.x.h", "bo", "BO"},
+                                 {"", R"(one\a~b.tvb)", R"(one\a~b.h)", R"(one\a~b)", R"(ONE\A~B)"},
+                                 {"", longest, longest + ".h", longest, std::string(76, 'X')},
+                                 {"", ".tvb", ".h", "", ""}};
   for (const auto& [before, bank, header, base, prefix] : rows) {
     expectRun({.script = before + "BANKFILENAME " + bank + ";BankFileName x\rscriptend Foo ",
                .base = base,

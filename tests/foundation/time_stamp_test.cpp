@@ -11,8 +11,7 @@ TEST(TimeStampTest, OnlyHoursAbove12AreAfternoonAndOnlyMinutesArePadded) {
   const std::pair<SYSTEMTIME, const char*> cases[] = {
       {{1999, 7, 4, 22, 13, 5}, "7/22/1999 1:05 pm"},
       {{1999, 3, 4, 4, 12, 5}, "3/4/1999 12:05 am"},
-      {{2031, 12, 3, 31, 0, 59}, "12/31/2031 0:59 am"},
-  };
+      {{2031, 12, 3, 31, 0, 59}, "12/31/2031 0:59 am"}};
   for (const auto& [time, text] : cases) {
     stopClock(time);
     EXPECT_STREQ(TimeStamp().getDateAndTime(), text);

@@ -30,8 +30,7 @@ TEST(TokenFileTest, DeliversDelimitedTokensWithTheirLines) {
       {"\"two words\"\xFF\v\x01=,#//\nScriptEnd", "\"two@1 words\"\xFF\v\x01=,#//@1 2"},
       {"a\r\nb\rc\nd\n\ne\n", "a@1 b@2 c@3 d@4 e@5 5"},
       {"a\n\n\nb\r\rc\n\rd\r\n\ne\n \nf ", "a@1 b@3 c@5 d@7 e@9 f@11 11"},
-      {std::string(32767, '\r') + "a ", "a@-32768 -32768"},
-  };
+      {std::string(32767, '\r') + "a ", "a@-32768 -32768"}};
   for (const auto& [text, expected] : cases) {
     EXPECT_EQ(allOf(TextInMemory(text)), expected) << text;
   }

@@ -173,8 +173,7 @@ TEST(MidiFileTest, TheFirstTempoBeforeTheEndOfTheTrackCounts) {
       {events().meta(0, 0x51, "\x12\xD6\x87\x09"), 1234567, 1},
       {events().endOfTrack().tempo(0, 1), 7, 1},
       {events().note(0, 1, 60, 100).str() + "\x81", 7, 1},
-      {events().meta(0, 0x51, "\x07\xA1").tempo(0, 1), 7, 1},
-  };
+      {events().meta(0, 0x51, "\x07\xA1").tempo(0, 1), 7, 1}};
   for (const auto& [track, expected, eventsRead] : cases) {
     LoadedMidi loaded(track);
     std::uint32_t tempo = 7;

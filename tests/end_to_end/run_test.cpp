@@ -135,7 +135,7 @@ TEST(Run, BothStreamsComeInTheOrderOfTheSteps) {
 
 TEST(Run, BankFileNameGivesAllOtherNames) {
   const std::string longest(76, 'x');
-  const std::string rows[][5] = {{"bankfilename first.x\t", "Sfx.bin", "Sfx.h", "Sfx", "FIRST"},
+  const std::string rows[][5] = {{"bankfilename first.x\t", "Boom.bin", "Boom.h", "Boom", "FIRST"},
                                  {"", "bo.x.y", "bo.x.h", "bo", "BO"},
                                  {"", R"(one\a~b.tvb)", R"(one\a~b.h)", R"(one\a~b)", R"(ONE\A~B)"},
                                  {"", longest, longest + ".h", longest, std::string(76, 'X')},

@@ -80,7 +80,8 @@ TEST(DiskFileTest, WritesAndReadsExactlyWhatIsAskedFor) {
   ASSERT_TRUE(input.readWhole(block, size) && !input.isOpen && size == 9);
   EXPECT_TRUE(input.open() && input.seek(7) && input.readAll(block, size = 2));
   char bytes[] = "......";
-  EXPECT_TRUE(input.readRange(bytes, 1, 3) && input.read(bytes + 2, 1) && input.getSize(size));
+  EXPECT_TRUE(input.readRange(bytes, 1, 3) && input.readRange(bytes, 3, 3));
+  EXPECT_TRUE(input.read(bytes + 2, 1) && input.getSize(size));
   EXPECT_TRUE(!input.readRange(bytes, 2, 1) && input.read(bytes + 3, 1) && input.seek(7));
   EXPECT_EQ(bytes + std::string(block.get(), block.get() + 9), "BabZ..+2abcd\n+2");
   EXPECT_FALSE(input.read(bytes, 3)) << "only 2 bytes are left";

@@ -44,9 +44,9 @@ TEST(MidiAssetFileTest, JudgesTheTwoHeadersAndTheFormatOnlyAndSaysWhyInOrder) {
   const std::string noTrack = "Error: Not a standard midi file track header\n" + notMidi;
   const std::string small = midi().track(events().tempo(0, 500000));
   const std::tuple<std::uint16_t, std::string, std::string> cases[] = {
-      {0, small, "taken"},
       {0, midi().text("MTrk\xFF\xFF\xFF\xFF"), "taken"},
       {0x100, midi(96, 7).track(""), "taken"},
+      {0, small, "taken"},
       {0, small.substr(0, 3), notMidi},
       {0, "mthd" + small.substr(4), "Error: Not a standard midi file.\n" + notMidi},
       {0, small.substr(0, 13), premature},
@@ -55,6 +55,7 @@ TEST(MidiAssetFileTest, JudgesTheTwoHeadersAndTheFormatOnlyAndSaysWhyInOrder) {
       {0, "", ""},  // the last one: the file stays open
   };
   MidiAssetFile file(name.c_str(), 0);
+  std::uint32_t tempo = 0;
   for (const auto& [anyFormat, content, outcome] : cases) {
     directory.write("song.mid", content);
     file.anyFormat = anyFormat;
@@ -63,8 +64,8 @@ TEST(MidiAssetFileTest, JudgesTheTwoHeadersAndTheFormatOnlyAndSaysWhyInOrder) {
     EXPECT_EQ(testing::internal::GetCapturedStderr() + (taken ? "taken" : ""), outcome);
     EXPECT_EQ(file.assetSize, taken ? content.size() : 0);
     EXPECT_EQ(file.assetData, taken ? file.image.get() : nullptr);
+    EXPECT_EQ(taken && file.firstTempo(tempo), content == small);
   }
-  std::uint32_t tempo = 0;
   EXPECT_FALSE(file.firstTempo(tempo)) << "the track of an older image lies outside this one";
 }
 
@@ -201,6 +202,7 @@ TEST(MidiFileTest, FindsEventsAndCountsTheNotesThatSoundAtOnce) {
   EXPECT_TRUE(file.findEvent(*ev, 0x90, 64, false) && isNoteNumber(*ev, 64));
   EXPECT_TRUE(file.findEvent(*ev, 0xC0) && isProgramNumber(*ev, 9) && !isProgramNumber(*ev, 8));
   EXPECT_FALSE(file.findEvent(*ev, 0x80, 99, false) || !isMetaType(*ev, 47));
+  EXPECT_FALSE(file.findEvent(*ev, 0xFF, 99, false) || !isMetaType(*ev, 47));
   EXPECT_TRUE(file.findEvent(*ev, 0xFF) && isMetaType(*ev, 1));
   deleteEvent(ev);
   file.rewind();

@@ -85,6 +85,7 @@ TEST(AiffFile, TellsItsSamplesAndLoopsOrWhatIsDamaged) {
       {small().chunk("MARK", ""), damaged + "MARK\n"},
       {small().chunk("MARK", Bytes().be16(2).fill(6).u8(1).text("a")), damaged + "MARK\n"},
       {small().mark({{1, 10, "ab"}}).claimSize("MARK", 2 + 7 + 1), damaged + "MARK\n"},
+      {small().mark({{1, 10, "ab"}, {2, 20}}).claimSize("MARK", 2 + 7 + 2), damaged + "MARK\n"},
       {aiff(), "fails: "},
       {aiff().comm(mono, 2, 16), "fails: "},
       {aiff().str().substr(0, 11),

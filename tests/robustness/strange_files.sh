@@ -62,7 +62,8 @@ for redirection in '>&-' '2>&-' '>&- 2>&- <&-' '>/dev/full' '2>/dev/full'; do
   expect "$whole" : "$redirection"
 done
 for stream in 1 2; do
-  expect "$whole" 'mkfifo pipe; : <pipe &' "$stream>pipe" # whose reader goes away at once
+  # The reader of the pipe goes away at once.
+  expect "$whole" 'mkfifo pipe; timeout 60 head -c 0 pipe >/dev/null &' "$stream>pipe"
 done
 expect script 'rm demo.txt' '<&-'
 

@@ -50,6 +50,8 @@ std::int64_t sizeByMoving(std::ofstream& stream) {
 
 }  // namespace
 
+DiskFile::DiskFile() { setPath(""); }
+
 DiskFile::DiskFile(std::uint32_t fileMode, const char* name, const char* path) : mode(fileMode) {
   setName(name);
   setPath(path != nullptr ? path : "");
@@ -131,6 +133,8 @@ bool DiskFile::close() {
   }
   isOpen = false;
   if (findMode(mode) == nullptr) {
+    input.close();
+    output.close();
     return fail(errorBadMode);
   }
   if (mode == modeRead) {

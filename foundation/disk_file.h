@@ -39,7 +39,7 @@ enum FileError : std::uint32_t {
 class DiskFile {
  public:
   /// No mode and no name: `setMode` and `setName` come before `open`.
-  DiskFile() = default;
+  DiskFile();
 
   /// Closed. A null `path` stands for the empty text. A failure is left in `error`.
   DiskFile(std::uint32_t fileMode, const char* name, const char* path);

@@ -59,23 +59,24 @@ bool TokenFile::load() {
   if (!block) {
     return false;
   }
-  disk.read(block.get(), size);
-  if (disk.reportError()) {
-    return false;
-  }
-  disk.close();
-  if (disk.reportError()) {
-    return false;
-  }
   data = block.release();
   cursor = data;
   dataEnd = data + size;
-  return true;
+  disk.read(data, size);
+  bool failed = disk.reportError();
+  if (!failed) {
+    disk.close();
+    failed = disk.reportError();
+  }
+  if (failed) {
+    freeData();
+  }
+  return !failed;
 }
 
 bool TokenFile::freeData() {
   freeBlock(data);
-  data = nullptr;
+  data = cursor = dataEnd = nullptr;  // there is nothing left to read
   return true;
 }
 
@@ -203,9 +204,9 @@ bool TokenFile::readFlag(std::uint8_t& flag) {
 
 bool TokenFile::isToken(const char* text) const { return equalsIgnoringCase(token.data(), text); }
 
-void TokenFile::setFile(const char* name) {
-  fileName.setName(name);
-  fileName.setPath("");
+bool TokenFile::setFile(const char* name) {
+  const bool named = fileName.setName(name);
+  return fileName.setPath("") && named;
 }
 
 bool TokenFile::useMemory(std::uint8_t* block, std::size_t length) {
@@ -216,7 +217,10 @@ bool TokenFile::useMemory(std::uint8_t* block, std::size_t length) {
   return true;
 }
 
-void TokenFile::rewind() { cursor = data; }
+bool TokenFile::rewind() {
+  cursor = data;
+  return true;
+}
 
 bool TokenFile::skipLine() {
   char character = '\0';

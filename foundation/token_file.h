@@ -29,7 +29,7 @@ class TokenFile {
   /// Reads the whole file into memory. A file that can't be read is reported on standard error.
   bool load();
 
-  /// Releases the text, whoever made it. Always true. Nothing may be read afterwards.
+  /// Releases the text, whoever made it. Always true. There is nothing to read afterwards.
   bool freeData();
 
   /// Puts the next token into `token`. False at the end of the text, behind which a token without a
@@ -49,15 +49,15 @@ class TokenFile {
   /// Whether `token` equals the text, whole, regardless of the case of the letters A to Z.
   [[nodiscard]] bool isToken(const char* text) const;
 
-  /// Gives the file this name and an empty path.
-  void setFile(const char* name);
+  /// Gives the file this name and an empty path. False: no memory, or a null name.
+  bool setFile(const char* name);
 
   /// Makes `block` the text, `length` bytes of it. The block isn't copied; `freeData` would release
   /// it with delete[]. Always true.
   bool useMemory(std::uint8_t* block, std::size_t length);
 
-  /// Back to the start of the text. `lineNumber` stays.
-  void rewind();
+  /// Back to the start of the text. `lineNumber` stays. Always true.
+  bool rewind();
 
   /// Passes over the next line end. False if the text ends before or directly behind the first
   /// character of that line end. `lineNumber` stays.

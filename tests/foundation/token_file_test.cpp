@@ -85,7 +85,7 @@ TEST(TokenFileTest, LoadsBytesAsTheyStandOrReportsTheFullName) {
   file.lineNumber = 7;
   file.rewind();
   EXPECT_EQ(allOf(std::move(file)), "a@7 b@7 c@8 11");
-  EXPECT_TRUE(file.freeData() && file.freeData());
+  EXPECT_TRUE(file.freeData() && file.freeData() && file.rewind() && !file.readToken());
 }
 
 }  // namespace tavrel::test

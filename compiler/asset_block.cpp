@@ -73,14 +73,17 @@ bool AssetBlock::makePayload(std::uint32_t size, Padding padding) {
 }
 
 bool AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size, Padding padding) {
-  const std::uint64_t padded = paddedSize(size, padding);
-  if (!bytes || padded > std::numeric_limits<std::uint32_t>::max()) {
+  if (!bytes) {
     return false;
   }
+  const std::uint64_t padded = paddedSize(size, padding);
   std::fill(bytes.get() + size, bytes.get() + padded, std::uint8_t{0});
   data_->payload = std::move(bytes);
   entry_->size = size;
-  data_->paddedSize = static_cast<std::uint32_t>(padded);
+  // A blob of 4 GiB with its padding is one byte too long for the field, and for any bank: the
+  // writer refuses that one.
+  constexpr std::uint64_t kLongest = std::numeric_limits<std::uint32_t>::max();
+  data_->paddedSize = static_cast<std::uint32_t>(std::min(padded, kLongest));
   return true;
 }
 

@@ -57,8 +57,8 @@ class AssetBlock {
   /// for the padding.
   bool makePayload(std::uint32_t size, Padding padding);
 
-  /// Takes over `bytes` as `payload`: `size` bytes, and room for the padding behind them. False,
-  /// too, for a null block.
+  /// Takes over `bytes` as `payload`: `size` bytes, and room for the padding behind them. False
+  /// for a null block.
   bool takePayload(ByteBlock bytes, std::uint32_t size, Padding padding);
 
   /// Stores the asset as what `type` and `kind` say.

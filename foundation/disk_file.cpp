@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/host_path.h"
+#include "platform/transfer.h"
 
 namespace tavrel {
 
@@ -160,7 +161,7 @@ bool DiskFile::read(void* buffer, std::uint32_t length) {
   if (!mayRead(buffer)) {
     return false;
   }
-  input.read(static_cast<char*>(buffer), length);
+  readBytes(input, buffer, length);
   return input.good() || fail(errorRead);
 }
 
@@ -190,7 +191,7 @@ bool DiskFile::write(const void* buffer, std::uint32_t length) {
   if (mode == modeRead || findMode(mode) == nullptr) {
     return fail(errorBadMode);
   }
-  output.write(static_cast<const char*>(buffer), length);
+  writeBytes(output, buffer, length);
   return output.good() || fail(errorWrite);
 }
 
@@ -206,7 +207,7 @@ bool DiskFile::readRange(void* buffer, std::uint32_t start, std::uint32_t end) {
     return fail(errorRead);
   }
   input.seekg(start);
-  input.read(static_cast<char*>(buffer), end - start);
+  readBytes(input, buffer, end - start);
   return input.good() || fail(errorRead);
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/host_path.h"
+#include "platform/transfer.h"
 
 namespace tavrel {
 
@@ -109,8 +110,7 @@ std::size_t MmioFile::readStream(std::uint8_t* destination, std::size_t count) {
   if (streamPosition != position) {
     stream.seekg(static_cast<std::streamoff>(position));
   }
-  stream.read(reinterpret_cast<char*>(destination), static_cast<std::streamsize>(count));
-  const auto came = static_cast<std::size_t>(stream.gcount());
+  const auto came = static_cast<std::size_t>(readBytes(stream, destination, count));
   streamPosition = position + came;
   stream.clear();
   return came;

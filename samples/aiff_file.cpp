@@ -41,11 +41,6 @@ AiffLoop loopAt(const std::uint8_t* bytes) {
   return {wordAt(bytes), signedWordAt(bytes + 2), signedWordAt(bytes + 4)};
 }
 
-/// How many bytes `count` markers take at least: nameless ones, the last without its pad byte.
-std::uint64_t smallestTable(std::uint16_t count) {
-  return count > 0 ? std::uint64_t{count} * (AiffMarker::kHeaderSize + 1) - 1 : 0;
-}
-
 /// The marker whose header stands at `bytes`, its name of `nameLength` bytes behind that.
 AiffMarker markerAt(const std::uint8_t* bytes, std::size_t nameLength) {
   AiffMarker marker;
@@ -151,10 +146,10 @@ bool AiffFile::parseMarkers() {
     dumpMarkerListHead();
   }
   const std::uint32_t tableSize = held - AiffMarkerList::kStoredSize;
-  if (smallestTable(markerList.count) > tableSize) {
-    return damaged("MARK");
-  }
-  markerList.markers.reset(new (std::nothrow) AiffMarker[markerList.count]);
+  // Room for as many as the chunk can hold, whatever it claims.
+  const std::uint32_t room =
+      std::min<std::uint32_t>(markerList.count, tableSize / AiffMarker::kHeaderSize);
+  markerList.markers.reset(new (std::nothrow) AiffMarker[room]);
   return markerList.markers && parseMarkerTable(data + AiffMarkerList::kStoredSize, tableSize);
 }
 

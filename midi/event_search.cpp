@@ -1,4 +1,5 @@
 #include <array>
+#include <memory>
 
 #include "foundation/console.h"
 #include "midi/midi_file.h"
@@ -93,10 +94,13 @@ bool MidiFile::findEvent(MidiEvent& ev, std::uint32_t status) {
 }
 
 bool MidiFile::channelHasEvents(std::int16_t channel, std::uint8_t kinds) {
-  HeldEvent ev;
+  const std::unique_ptr<MidiEvent, decltype(&deleteEvent)> ev(newEvent(), &deleteEvent);
+  if (!ev) {
+    return false;
+  }
   for (const ChannelKind& kind : kChannelKinds) {
     const std::uint32_t status = kind.firstStatus + static_cast<std::uint32_t>(channel);
-    if (findEvent(ev, status) && (kinds & kind.bit) != 0) {
+    if (findEvent(*ev, status) && (kinds & kind.bit) != 0) {
       return true;
     }
   }

@@ -125,6 +125,7 @@ bool DiskFile::openStream(const char* fullName) {
     return true;  // it isn't really opened, and every access fails
   }
   input.open(path, flags);
+  hasNoSize = kind != PathKind::file;  // a device that the host doesn't list, such as Windows' nul
   return input.good();
 }
 

@@ -76,8 +76,33 @@ std::string expectedHeader(const ExpectedRun& run, const Traces& traces, std::si
          traces.defines + "\n\n#endif\t//\tend of " + guard;
 }
 
-/// What a run of the tool, as a process of its own, leaves behind: all files of the folder, and
-/// what goes by the names here. The time in the header is masked. A tool that hangs fails the test.
+std::string expectedOutput(const ExpectedRun& run, const Traces& traces) {
+  const std::string rule = std::string(79, '-') + '\n';
+  return rule + "Tavrel Audio Packager\nRevision 1.82 7/22/1999 5:36 pm\n\nScript File:\t" +
+         run.scriptFile + "\nHeader Path:\t" + run.headerPath + "\nBank Path:\t" + run.bankPath +
+         '\n' + rule + traces.reading +
+         run.failure.value_or("Writing Bank File: " + run.bankPath + run.bankName + '\n' +
+                              traces.writing + "Writing Header File: " + run.base + ".h\nDone!\n");
+}
+
+/// All files behind the run, and what goes by the names here.
+Files expectedFiles(const ExpectedRun& run, const Traces& traces) {
+  Files files = traces.files;
+  files["exit code"] = run.failure ? "1" : "0";
+  files["standard error"] = traces.problems + run.problems;
+  files["standard output"] = expectedOutput(run, traces);
+  if (!run.failure) {
+    Bytes bank = Bytes().le32(traces.table.size() / 44).text(traces.table).text(traces.blobs);
+    bank.fill(-bank.size() % 32);
+    files[replaced(run.bankPath + run.bankName, '\\', '/')] = bank;
+    files[replaced(run.headerPath + run.headerName, '\\', '/')] =
+        expectedHeader(run, traces, bank.size());
+  }
+  return files;
+}
+
+/// The same behind a run of the tool, as a process of its own. The time in the header is masked. A
+/// tool that hangs fails the test.
 Files filesBehindRun(const std::string& arguments, const TemporaryDirectory& folder) {
   const bool onPosix = std::filesystem::path::preferred_separator == '/';
   const TemporaryDirectory streams;
@@ -119,24 +144,7 @@ void expectRun(const ExpectedRun& run) {
     folder.write(name, content);
   }
 
-  Files expected = traces.files;
-  expected["exit code"] = run.failure ? "1" : "0";
-  expected["standard error"] = traces.problems + run.problems;
-  const std::string rule = std::string(79, '-') + '\n';
-  std::string& output = expected["standard output"] =
-      rule + "Tavrel Audio Packager\nRevision 1.82 7/22/1999 5:36 pm\n\nScript File:\t" +
-      run.scriptFile + "\nHeader Path:\t" + run.headerPath + "\nBank Path:\t" + run.bankPath +
-      '\n' + rule + traces.reading;
-  const std::string bankName = run.bankPath + run.bankName;
-  const std::string headerName = replaced(run.headerPath + run.headerName, '\\', '/');
-  output += run.failure.value_or("Writing Bank File: " + bankName + '\n' + traces.writing +
-                                 "Writing Header File: " + run.base + ".h\nDone!\n");
-  if (!run.failure) {
-    Bytes bank = Bytes().le32(traces.table.size() / 44).text(traces.table).text(traces.blobs);
-    bank.fill(-bank.size() % 32);
-    expected[replaced(bankName, '\\', '/')] = bank;
-    expected[headerName] = expectedHeader(run, traces, bank.size());
-  }
+  const Files expected = expectedFiles(run, traces);
   Files left = filesBehindRun(run.arguments, folder);
   EXPECT_EQ(left.size(), expected.size());
   for (const auto& [name, content] : expected) {

@@ -51,7 +51,11 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kWave, "4.wav", "Loop 1", {{0, 1, 4, 0, 0, 2}}, "a"},
       {kWave, "24.wav", "Loop 1", {{0, 1, 24}}, "abcdef"},
       {kAiff, "8.aif", "Loop 1", {{0, 1, 8}}, "\x01\xFF\x80"},
-      {kAiff, "good.aif", "SampleRate 8 Loop 1", {{8, 1, 16, 0, 70000, -16}}, "\x12\x34\x56\x78"},
+      {kAiff,
+       "good.aif",
+       "SampleRate 8 Loop 1",
+       {{8, 1, 16, 0, 70000, -1048576}},
+       "\x12\x34\x56\x78"},
       {kAiff, "good.aif", "", {{0, 0, 16}}, "\x12\x34\x56\x78"},
       {kMidi, "song.mid", "", {{-6360, 127, 1, 0, 0, 0xFFFFFF}}, song},
       {kMidi, "t", "volume x GMMODE -2 Loop 3", {{-6360, 0, -2, 3, 0, 0xFFFFFF}}, song + "t"},
@@ -64,7 +68,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kUserAsset, "empty", "Parameter0 1", {}, ""},  // cut off by the end of the script
   };
   const AiffBuilder sound = aiff().comm(mono, 2, 16).ssnd("\x34\x12\x78\x56");
-  const AiffBuilder marked = AiffBuilder(sound).mark({{2, 70000, "later"}, {1, 0xFFFFFFF0}});
+  const AiffBuilder marked = AiffBuilder(sound).mark({{2, 70000, "later"}, {1, 0xFFF00000}});
   expectRun({.blocks = blocks,
              .files = {{"x.aiff", sound.str()},
                        {"a.b.aif", sound.str()},

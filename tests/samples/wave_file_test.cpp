@@ -29,7 +29,7 @@ TEST(WaveFile, TakesTheFormatAndTheSamplesBehindItFromFormAndFile) {
       {small().claimFormSize(header - 1), ""},
       {wav().chunk("fmt ", '\3' + block.substr(1)).data("abc"), '\3' + good.substr(1)},
       {small().claimDataSize(5), ""},
-      {small().claimSize("odd ", 0xFFFFFFFF), ""},
+      {small().claimSize("odd ", 0xFFFFFFF8), ""},
       {wav().chunk("odd ", big.substr(1)).chunk("fmt ", block).data(big),
        block.substr(0, 18) + big},
       {wav().data("abc").chunk("fmt ", block), ""}};

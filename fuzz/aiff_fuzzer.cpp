@@ -5,9 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "fuzz/memory_bound.h"
-#include "fuzz/memory_file.h"
-#include "fuzz/quiet_console.h"
+#include "fuzz/hostile_file.h"
 #include "fuzz/require.h"
 #include "samples/aiff_file.h"
 #include "samples/sound_convert.h"
@@ -56,10 +54,7 @@ void checkSamples(AiffFile& aiff, std::string_view file) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace tavrel;
-  fuzz::silenceConsole();
-  static fuzz::MemoryFile input;
-  input.fill(bytes, size);
-  const fuzz::MemoryBound bound(size);
+  const fuzz::HostileFile input(bytes, size);
   AiffFile aiff(input.path());
   aiff.verbose = size % 2 == 0;
   aiff.dump = aiff.verbose;

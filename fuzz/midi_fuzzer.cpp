@@ -2,9 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "fuzz/memory_bound.h"
-#include "fuzz/memory_file.h"
-#include "fuzz/quiet_console.h"
+#include "fuzz/hostile_file.h"
 #include "fuzz/require.h"
 #include "midi/midi_asset_file.h"
 
@@ -63,10 +61,7 @@ void search(MidiAssetFile& file, std::uint8_t byte) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace tavrel;
-  fuzz::silenceConsole();
-  static fuzz::MemoryFile input;
-  input.fill(bytes, size);
-  const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
+  const fuzz::HostileFile input(bytes, size, fuzz::LargeBlocks::refuse);
   MidiAssetFile file(input.path(), 1);
   if (!file.load()) {
     fuzz::require(file.assetData == nullptr && file.assetSize == 0);

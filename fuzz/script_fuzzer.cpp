@@ -7,9 +7,7 @@
 
 #include "compiler/bank_script.h"
 #include "foundation/token_file.h"
-#include "fuzz/memory_bound.h"
-#include "fuzz/memory_file.h"
-#include "fuzz/quiet_console.h"
+#include "fuzz/hostile_file.h"
 #include "fuzz/require.h"
 #include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
@@ -82,11 +80,8 @@ void parse(const char* script) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace tavrel;
-  fuzz::silenceConsole();
-  static fuzz::MemoryFile input;
   static const fuzz::WorkDirectory assets(fuzz::smallBuild());
-  input.fill(bytes, size);
-  const fuzz::MemoryBound bound(size);
+  const fuzz::HostileFile input(bytes, size);
   fuzz::readFromMemory(bytes, size);
   fuzz::parse(input.path());
   return 0;

@@ -2,9 +2,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "fuzz/memory_bound.h"
-#include "fuzz/memory_file.h"
-#include "fuzz/quiet_console.h"
+#include "fuzz/hostile_file.h"
 #include "fuzz/require.h"
 #include "samples/adpcm_encoder.h"
 #include "samples/wave_file.h"
@@ -41,10 +39,7 @@ void checkSamples(WaveFile& wave, std::string_view file) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace tavrel;
-  fuzz::silenceConsole();
-  static fuzz::MemoryFile input;
-  input.fill(bytes, size);
-  const fuzz::MemoryBound bound(size);
+  const fuzz::HostileFile input(bytes, size);
   WaveFile wave(input.path());
   if (wave.load()) {
     fuzz::checkSamples(wave, {reinterpret_cast<const char*>(bytes), size});

@@ -37,6 +37,12 @@ expect() {
 
 whole=$(outcome :)
 without_sequence=$(outcome "sed -i /Midi.*0/,/AssetEnd/d demo.txt")
+for bank in "$whole" "$without_sequence"; do
+  if [[ ! $bank =~ ^[0-9a-f]{64} || $whole == "$without_sequence" ]]; then
+    echo "The example isn't packed: $bank" >&2
+    exit 1
+  fi
+done
 
 for make in : mkdir mkfifo 'ln -s /dev/zero' 'ln -s loop' 'ln -s /proc/self/mem'; do
   for name in demo.txt boom.wav engine.aif level.dat; do

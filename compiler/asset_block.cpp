@@ -14,7 +14,7 @@ namespace tavrel {
 namespace {
 
 std::uint64_t paddedSize(std::uint32_t size, Padding padding) {
-  return padding == Padding::none ? size : roundUpTo4(size);
+  return padding == Padding::none ? size : roundUp(size, 4);
 }
 
 }  // namespace

@@ -132,7 +132,7 @@ ByteBlock takeSamples(WaveFile& reader, const Sample& /*sample*/) { return reade
 
 /// Those of an AIFF file lie among its other chunks.
 ByteBlock takeSamples(AiffFile& /*reader*/, const Sample& sample) {
-  ByteBlock copy = newBytes(roundUpTo4(sample.size));
+  ByteBlock copy = newBytes(roundUp(sample.size, 4));
   if (copy) {
     std::copy_n(sample.bytes, sample.size, copy.get());
   }

@@ -1,10 +1,9 @@
-// Blocks of bytes for file images and payloads, owned by a type.
-// Making one never throws; without memory it is null.
+// Owned blocks of bytes for file images and payloads. Allocating one never throws.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -14,18 +13,24 @@ namespace tavrel {
 
 using ByteBlock = std::unique_ptr<std::uint8_t[]>;
 
-/// A block of `size` bytes that are not cleared: they are about to be overwritten, and memory that
-/// nobody writes to is never touched. A size of 0 gives a block too. Null when memory is short.
-inline ByteBlock newBytes(std::size_t size) {
-  ByteBlock block(new (std::nothrow) std::uint8_t[size]);
-  if (block && size >= kLargePageSize) {
-    preferLargePages(block.get(), size);
+/// Allocates `size` uninitialised bytes. Returns null if memory runs out, or if the host can't
+/// address a block of that size. A size of 0 also returns a block.
+inline ByteBlock newBytes(std::uint64_t size) {
+  if (size > std::numeric_limits<std::size_t>::max()) {
+    return nullptr;
+  }
+  const auto count = static_cast<std::size_t>(size);
+  ByteBlock block(new (std::nothrow) std::uint8_t[count]);
+  if (block && count >= kLargePageSize) {
+    preferLargePages(block.get(), count);
   }
   return block;
 }
 
-/// `size` rounded up to a multiple of 4. The largest results are those of 64 bits, so that no size
-/// of a file wraps to a small one.
-constexpr std::uint64_t roundUpTo4(std::uint64_t size) { return (size + 3) & ~std::uint64_t{3}; }
+/// Returns `size` rounded up to a multiple of `unit`, a power of two. Computed in 64 bits so that a
+/// size near 4 GiB can't wrap.
+constexpr std::uint64_t roundUp(std::uint64_t size, std::uint64_t unit) {
+  return (size + unit - 1) & ~(unit - 1);
+}
 
 }  // namespace tavrel

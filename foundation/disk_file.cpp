@@ -25,7 +25,7 @@ constexpr std::array<ModeRow, 3> kModes{{
     {modeAppend, std::ios::binary | std::ios::out | std::ios::app, errorOpenForAppending},
 }};
 
-/// Null for a mode outside the table.
+/// Returns null for a mode outside the table.
 const ModeRow* findMode(std::uint32_t mode) {
   const auto* row = std::find_if(kModes.begin(), kModes.end(), [mode](const ModeRow& candidate) {
     return candidate.mode == mode;
@@ -33,19 +33,25 @@ const ModeRow* findMode(std::uint32_t mode) {
   return row != kModes.end() ? row : nullptr;
 }
 
-/// The size of the file behind `stream`, whose position is then its start; negative if it can't be
-/// told.
-std::int64_t sizeByMoving(std::ifstream& stream) {
+/// Returns the size of the file, or a negative number if it has none. Leaves the position at the
+/// start and the stream in the state that it had.
+std::int64_t measure(std::ifstream& stream) {
+  const std::ios_base::iostate state = stream.rdstate();
+  stream.clear();
   stream.seekg(0, std::ios::end);
   const std::int64_t end = stream.tellg();
   stream.seekg(0);
+  stream.clear(state);
   return end;
 }
 
-std::int64_t sizeByMoving(std::ofstream& stream) {
+std::int64_t measure(std::ofstream& stream) {
+  const std::ios_base::iostate state = stream.rdstate();
+  stream.clear();
   stream.seekp(0, std::ios::end);
   const std::int64_t end = stream.tellp();
   stream.seekp(0);
+  stream.clear(state);
   return end;
 }
 
@@ -93,8 +99,8 @@ bool DiskFile::open() {
   if (row == nullptr) {
     return fail(errorBadMode);
   }
-  if (openFlags == kFlagsNotChosen) {
-    openFlags = static_cast<std::int32_t>(row->flags);
+  if (openFlags_ == kFlagsNotChosen) {
+    openFlags_ = static_cast<std::int32_t>(row->flags);
   }
   const char* fullName = fileName.getNameAndPath();
   if (fullName == nullptr) {
@@ -111,22 +117,22 @@ bool DiskFile::open() {
 bool DiskFile::openStream(const char* fullName) {
   const std::string path = hostPath(fullName);
   const PathKind kind = pathKind(path.c_str());
-  hasNoSize = kind == PathKind::pipe || kind == PathKind::other;
-  // Opening a pipe would wait for whoever is to stand at its other end.
+  hasNoSize_ = kind == PathKind::pipe || kind == PathKind::other;
+  // Opening a pipe would block until another process opens its other end.
   if (kind == PathKind::directory || (kind == PathKind::pipe && mode != modeRead)) {
     return false;
   }
-  const auto flags = static_cast<std::ios_base::openmode>(openFlags);
+  const auto flags = static_cast<std::ios_base::openmode>(openFlags_);
   if (mode != modeRead) {
-    output.open(path, flags);
-    return output.good();
+    output_.open(path, flags);
+    return output_.good();
   }
-  if (hasNoSize) {
-    return true;  // it isn't really opened, and every access fails
+  if (hasNoSize_) {
+    return true;  // left unopened, so that every access fails
   }
-  input.open(path, flags);
-  hasNoSize = kind != PathKind::file;  // a device that the host doesn't list, such as Windows' nul
-  return input.good();
+  input_.open(path, flags);
+  hasNoSize_ = kind != PathKind::file;  // a device that the host doesn't list, such as Windows' nul
+  return input_.good();
 }
 
 bool DiskFile::close() {
@@ -135,20 +141,20 @@ bool DiskFile::close() {
   }
   isOpen = false;
   if (findMode(mode) == nullptr) {
-    input.close();
-    output.close();
+    input_.close();
+    output_.close();
     return fail(errorBadMode);
   }
   if (mode == modeRead) {
-    input.close();
+    input_.close();
     return true;
   }
-  output.flush();
-  output.close();
-  return output.good() || fail(errorWrite);
+  output_.flush();
+  output_.close();
+  return output_.good() || fail(errorWrite);
 }
 
-bool DiskFile::mayRead(const void* buffer) {
+bool DiskFile::canRead(const void* buffer) {
   if (!isOpen) {
     return fail(errorNotOpen);
   }
@@ -159,11 +165,75 @@ bool DiskFile::mayRead(const void* buffer) {
 }
 
 bool DiskFile::read(void* buffer, std::uint32_t length) {
-  if (!mayRead(buffer)) {
+  if (!canRead(buffer)) {
     return false;
   }
-  readBytes(input, buffer, length);
-  return input.good() || fail(errorRead);
+  readBytes(input_, buffer, length);
+  return input_.good() || fail(errorRead);
+}
+
+DiskFile::WholeRead DiskFile::readImage(ByteBlock& image, std::uint32_t& size,
+                                        std::uint32_t spareBytes) {
+  if (!open()) {
+    return WholeRead::failed;
+  }
+  const WholeRead result = readOpenImage(image, size, spareBytes);
+  const bool closed = close();
+  return result == WholeRead::complete && !closed ? WholeRead::failed : result;
+}
+
+DiskFile::WholeRead DiskFile::readOpenImage(ByteBlock& image, std::uint32_t& size,
+                                            std::uint32_t spareBytes) {
+  if (!getSize(size)) {
+    return WholeRead::failed;
+  }
+  image = newBytes(std::uint64_t{size} + spareBytes);
+  if (!image) {
+    return WholeRead::noMemory;
+  }
+  return read(image.get(), size) ? WholeRead::complete : WholeRead::failed;
+}
+
+bool DiskFile::write(const void* buffer, std::uint32_t length) {
+  if (!isOpen) {
+    return fail(errorWriteNotOpen);
+  }
+  if (mode == modeRead || findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  writeBytes(output_, buffer, length);
+  return output_.good() || fail(errorWrite);
+}
+
+bool DiskFile::seek(std::uint32_t position) {
+  if (!isOpen) {
+    return fail(errorNotOpen);
+  }
+  if (mode == modeAppend) {
+    return fail(errorSeekInAppendMode);
+  }
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  if (mode == modeRead) {
+    return input_.seekg(position).good() || fail(errorSeek);
+  }
+  return output_.seekp(position).good() || fail(errorSeek);
+}
+
+bool DiskFile::getSize(std::uint32_t& size) {
+  if (!isOpen) {
+    return fail(errorNotOpen);
+  }
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
+  }
+  const std::int64_t end = mode == modeRead ? measure(input_) : measure(output_);
+  if (hasNoSize_ || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
+    return fail(errorRead);
+  }
+  size = static_cast<std::uint32_t>(end);
+  return true;
 }
 
 bool DiskFile::readAll(ByteBlock& buffer, std::uint32_t& length) {
@@ -185,62 +255,20 @@ bool DiskFile::readWhole(ByteBlock& buffer, std::uint32_t& length) {
   return open() && readAll(buffer, length) && close();
 }
 
-bool DiskFile::write(const void* buffer, std::uint32_t length) {
-  if (!isOpen) {
-    return fail(errorWriteNotOpen);
-  }
-  if (mode == modeRead || findMode(mode) == nullptr) {
-    return fail(errorBadMode);
-  }
-  writeBytes(output, buffer, length);
-  return output.good() || fail(errorWrite);
-}
-
 bool DiskFile::writeWhole(const void* buffer, std::uint32_t length) {
   return buffer != nullptr && open() && write(buffer, length) && close();
 }
 
 bool DiskFile::readRange(void* buffer, std::uint32_t start, std::uint32_t end) {
-  if (!mayRead(buffer)) {
+  if (!canRead(buffer)) {
     return false;
   }
   if (end < start) {
     return fail(errorRead);
   }
-  input.seekg(start);
-  readBytes(input, buffer, end - start);
-  return input.good() || fail(errorRead);
-}
-
-bool DiskFile::seek(std::uint32_t position) {
-  if (!isOpen) {
-    return fail(errorNotOpen);
-  }
-  if (mode == modeAppend) {
-    return fail(errorSeekInAppendMode);
-  }
-  if (findMode(mode) == nullptr) {
-    return fail(errorBadMode);
-  }
-  if (mode == modeRead) {
-    return input.seekg(position).good() || fail(errorSeek);
-  }
-  return output.seekp(position).good() || fail(errorSeek);
-}
-
-bool DiskFile::getSize(std::uint32_t& size) {
-  if (!isOpen) {
-    return fail(errorNotOpen);
-  }
-  if (findMode(mode) == nullptr) {
-    return fail(errorBadMode);
-  }
-  const std::int64_t end = mode == modeRead ? sizeByMoving(input) : sizeByMoving(output);
-  if (hasNoSize || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
-    return fail(errorRead);
-  }
-  size = static_cast<std::uint32_t>(end);
-  return true;
+  input_.seekg(start);
+  readBytes(input_, buffer, end - start);
+  return input_.good() || fail(errorRead);
 }
 
 }  // namespace tavrel

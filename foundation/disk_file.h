@@ -1,6 +1,6 @@
-// A binary file behind a mode chosen before opening: the one class that reads and writes whole
-// files. Owns its streams and its name. Operations give false and leave the code of the failure in
-// `error`, where it stays; `reportError` puts it into words. Nothing throws.
+// A binary file with a mode chosen before opening: the one class that reads and writes files.
+// Owns its streams and its name. Operations return false on failure and leave its code in `error`,
+// where it stays; `reportError` prints the message. Nothing throws.
 #pragma once
 
 #include <cstdint>
@@ -38,56 +38,71 @@ enum FileError : std::uint32_t {
 
 class DiskFile {
  public:
-  /// No mode and no name: `setMode` and `setName` come before `open`.
+  /// Outcome of `readImage`.
+  enum class WholeRead {
+    complete,
+    failed,    ///< the code is in `error`
+    noMemory,  ///< for the block; `error` is unchanged
+  };
+
+  /// No mode and no name: call `setMode` and `setName` before `open`.
   DiskFile();
 
-  /// Closed. A null `path` stands for the empty text. A failure is left in `error`.
+  /// Closed. A null `path` counts as empty. A failure is left in `error`.
   DiskFile(std::uint32_t fileMode, const char* name, const char* path);
 
-  // These three refuse an open file.
+  // These three fail on an open file.
   bool setName(const char* name);
   bool setPath(const char* path);
-  /// Any value is taken here; `open` judges it.
+  /// Accepts any value; `open` checks it.
   bool setMode(std::uint32_t newMode);
 
-  /// Opens the file in its mode. A directory can't be opened, nor a pipe for writing.
+  /// Opens the file in its mode. Fails for a directory, and for a pipe that would be written.
   bool open();
 
-  /// Closes the file. False with `errorWrite` if what was written can't be flushed; the file is
-  /// closed all the same.
+  /// Closes the file, after a failure too. Returns false with `errorWrite` if what was written
+  /// can't be flushed.
   bool close();
 
   /// Reads exactly `length` bytes from the current position; fewer are a failure.
   bool read(void* buffer, std::uint32_t length);
 
-  /// With a null `buffer`: reads the whole file into a new block and gives its size in `length`.
-  /// With a block: reads `length` bytes into it. The caller owns the block.
-  bool readAll(ByteBlock& buffer, std::uint32_t& length);
-
-  /// `open`, `readAll`, `close`, up to the first failure.
-  bool readWhole(ByteBlock& buffer, std::uint32_t& length);
+  /// Opens the file, reads it whole and closes it. Allocates `image` with room for `spareBytes`
+  /// more, which are uninitialised. `size`, in bytes, is set before `image` is allocated, and both
+  /// keep what they have got after a failure.
+  WholeRead readImage(ByteBlock& image, std::uint32_t& size, std::uint32_t spareBytes = 0);
 
   /// Writes `length` bytes at the current position.
   bool write(const void* buffer, std::uint32_t length);
 
-  /// `open`, `write`, `close`, up to the first failure. A null buffer fails without a code.
-  bool writeWhole(const void* buffer, std::uint32_t length);
-
-  /// Reads the bytes from `start` up to but without `end`.
-  bool readRange(void* buffer, std::uint32_t start, std::uint32_t end);
-
   /// Moves to `position`, counted from the start of the file.
   bool seek(std::uint32_t position);
 
-  /// The file's size; moves the position to the start. False with `errorRead` for a file of 4 GiB
-  /// or more and for one whose size can't be told.
+  /// Returns the file's size in `size` and moves to the start, after a failed read too. Fails with
+  /// `errorRead` for a file of 4 GiB or more and for one without a size, such as a pipe.
   bool getSize(std::uint32_t& size);
 
-  /// The row of the error table for `error`, its "%s" unfilled; null if there is no error.
+  /// Returns the row of the error table for `error`, its "%s" unfilled; null if there is no error
+  /// or no such row.
   [[nodiscard]] const char* errorText() const;
 
-  /// Did this file fail? If so, hands the row of `error`, with the file's name, to the log.
+  /// Returns true if an operation failed, after logging the row of `error` with the file's name.
   [[nodiscard]] bool reportError() const;
+
+  // Not used by the tool; for programs that handle small files whole.
+
+  /// With a null `buffer`: reads the whole file into a new block and sets `length` to its size.
+  /// With a block: reads `length` bytes into it. The caller owns the block.
+  bool readAll(ByteBlock& buffer, std::uint32_t& length);
+
+  /// `open`, `readAll` and `close`, up to the first failure.
+  bool readWhole(ByteBlock& buffer, std::uint32_t& length);
+
+  /// `open`, `write` and `close`, up to the first failure. A null buffer fails without a code.
+  bool writeWhole(const void* buffer, std::uint32_t length);
+
+  /// Reads the bytes from `start` up to but not including `end`.
+  bool readRange(void* buffer, std::uint32_t start, std::uint32_t end);
 
   bool isOpen = false;
   FileName fileName;
@@ -95,7 +110,7 @@ class DiskFile {
   std::uint32_t error = errorNone;
 
  protected:
-  /// What a row of the error table says for its "%s": the name without its path.
+  /// Returns what replaces the "%s" of an error row: the name without its path.
   [[nodiscard]] const char* nameInMessages() const;
 
  private:
@@ -103,13 +118,14 @@ class DiskFile {
   static constexpr std::int32_t kFlagsNotChosen = -1;
 
   bool fail(std::uint32_t code);
-  bool mayRead(const void* buffer);
+  bool canRead(const void* buffer);
+  WholeRead readOpenImage(ByteBlock& image, std::uint32_t& size, std::uint32_t spareBytes);
   bool openStream(const char* fullName);
 
-  std::ofstream output;
-  std::ifstream input;
-  std::int32_t openFlags = kFlagsNotChosen;
-  bool hasNoSize = false;  // a pipe or a device: it opens, and nothing can be read from it
+  std::ofstream output_;
+  std::ifstream input_;
+  std::int32_t openFlags_ = kFlagsNotChosen;
+  bool hasNoSize_ = false;  // a pipe or a device: it opens, but every read fails
 };
 
 }  // namespace tavrel

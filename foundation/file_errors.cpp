@@ -1,5 +1,4 @@
-// What the user reads when a disk file fails: the rows of the error table, and their way to the
-// log.
+// Messages of failed disk files: the rows of the error table, and how they reach the log.
 #include <array>
 
 #include "foundation/disk_file.h"
@@ -33,7 +32,7 @@ static_assert(kErrorRows.size() == errorSeek + 1, "one row for each code");
 }  // namespace
 
 const char* DiskFile::errorText() const {
-  return error == errorNone ? nullptr : kErrorRows.at(error);
+  return error != errorNone && error < kErrorRows.size() ? kErrorRows[error] : nullptr;
 }
 
 bool DiskFile::reportError() const {

@@ -61,7 +61,7 @@ AdpcmEncoder::AdpcmEncoder() {
 
 bool AdpcmEncoder::encode(const std::int16_t* samples, std::uint32_t byteLength) {
   const std::uint32_t codeBytes = byteLength / 4;
-  const auto streamSize = static_cast<std::uint32_t>(roundUpTo4(codeBytes));
+  const auto streamSize = static_cast<std::uint32_t>(roundUp(codeBytes, 4));
   ByteBlock stream = newBytes(streamSize);
   if (!stream) {
     return false;

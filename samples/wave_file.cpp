@@ -59,7 +59,7 @@ bool WaveFile::readSamples(RiffFile& riff, const ChunkInfo& chunk) {
     return false;
   }
   sampleBytes = chunk.chunkSize;
-  samples = newBytes(roundUpTo4(sampleBytes));
+  samples = newBytes(roundUp(sampleBytes, 4));
   return samples && riff.readChunk(chunk, samples.get());
 }
 

@@ -22,14 +22,12 @@
 #include <cstdint>
 
 #include "foundation/byte_block.h"
+#include "samples/adpcm_stream.h"
 
 namespace tavrel {
 
 class AdpcmEncoder {
  public:
-  static constexpr std::int32_t kSmallestStep = 127;
-  static constexpr std::int32_t kLargestStep = 24576;
-
   AdpcmEncoder();
 
   /// Encodes the samples that `byteLength` bytes hold, an even number of them: what lies behind the
@@ -40,7 +38,7 @@ class AdpcmEncoder {
   ByteBlock output;                     ///< the stream; null until `encode` has made it
   std::uint32_t outputSize = 0;         ///< its size in bytes, the fill included
   std::int32_t predictor = 0;           ///< the value that a decoder holds after the last code
-  std::int32_t step = kSmallestStep;    ///< the quantiser step for the next sample
+  std::int32_t step = AdpcmState::kSmallestStep;  ///< the quantiser step for the next sample
 };
 
 }  // namespace tavrel

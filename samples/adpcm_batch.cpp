@@ -35,11 +35,10 @@ void AdpcmBatch::encodeRest(AdpcmLane& lane) {
 
 void AdpcmBatch::encodeUntilSoundEnds() {
   encodeLanes(lanes_);
-  const auto ended = std::partition(lanes_.begin(), lanes_.end(), [](const AdpcmLane& lane) {
-    return lane.codeBytes >= kAdpcmBytesAtOnce;
-  });
-  std::for_each(ended, lanes_.end(), encodeRest);
-  taken_ = static_cast<std::size_t>(ended - lanes_.begin());
+  const auto goesOn = [](const AdpcmLane& lane) { return lane.codeBytes >= kAdpcmBytesAtOnce; };
+  taken_ = static_cast<std::size_t>(std::partition(lanes_.begin(), lanes_.end(), goesOn) -
+                                    lanes_.begin());
+  std::for_each(lanes_.begin() + taken_, lanes_.end(), encodeRest);
 }
 
 }  // namespace tavrel

@@ -8,7 +8,8 @@ namespace tavrel {
 
 namespace {
 
-// One number from each of eight lanes. GCC and Clang compile these vectors for every target.
+// One number from each of eight lanes. GCC and Clang compile it for every target, to narrower
+// operations where there are no vectors.
 using Vector [[gnu::vector_size(16)]] = std::uint16_t;
 
 constexpr std::size_t kVectorLanes = sizeof(Vector) / sizeof(std::uint16_t);
@@ -82,7 +83,7 @@ void loadStates(const AdpcmLanes& lanes, States& states) {
 
 /// Encodes `kSamplesAtOnce` samples of each lane, `bytesDone` bytes of codes after its next one.
 void encodeBytes(States& states, const AdpcmLanes& lanes, std::size_t bytesDone) {
-  std::array<Row, kSamplesAtOnce> samples;
+  std::array<Row, kSamplesAtOnce> samples{};
   for (std::size_t i = 0; i < lanes.size(); ++i) {
     const std::uint8_t* next = lanes[i].samples + 4 * bytesDone;
     for (std::size_t j = 0; j < samples.size(); ++j) {
@@ -111,7 +112,7 @@ void advance(AdpcmLane& lane, std::size_t bytes) {
 }  // namespace
 
 void encodeLanes(AdpcmLanes& lanes) {
-  States states;
+  States states{};
   loadStates(lanes, states);
   const auto hasLess = [](const AdpcmLane& a, const AdpcmLane& b) {
     return a.codeBytes < b.codeBytes;

@@ -41,9 +41,9 @@ void printLine(std::FILE* stream, const Parts&... parts) {
   printParts(stream, line);
 }
 
-/// Writes the parts as they stand, and flushes: for output whose line ends elsewhere.
+/// Writes the parts without a line feed, and flushes: for a line that is written in pieces.
 template <typename... Parts>
-void printText(std::FILE* stream, const Parts&... parts) {
+void printUnterminated(std::FILE* stream, const Parts&... parts) {
   const std::array<LinePart, sizeof...(parts)> pieces{LinePart(parts)...};
   printParts(stream, pieces);
 }

@@ -35,7 +35,7 @@ std::size_t lengthWithoutExtension(std::string_view name) {
 void printFormatted(const char* format, const void* first, const void* second = nullptr) {
   std::array<char, 128> text{};
   std::snprintf(text.data(), text.size(), format, first, second);
-  printText(stdout, text.data());
+  printUnterminated(stdout, text.data());
 }
 
 void dumpText(const char* label, const char* addressFormat, const OwnedText& text) {

@@ -29,7 +29,7 @@ namespace {
   va_start(arguments, format);
   std::vsnprintf(text.data(), text.size(), format, arguments);
   va_end(arguments);
-  printText(stdout, text.data());
+  printUnterminated(stdout, text.data());
 }
 
 void printSequenceNumber(const MidiEvent& ev) { printFormatted("%d", payloadByte(ev, 0)); }
@@ -63,12 +63,12 @@ constexpr std::array<MetaText, 15> kMetaTexts{{
 
 /// A type that the table doesn't have leaves the line open.
 void printMeta(const MidiEvent& ev) {
-  printText(stdout, "Meta  - ");
+  printUnterminated(stdout, "Meta  - ");
   for (const MetaText& text : kMetaTexts) {
     if (text.type == ev.metaType) {
-      printText(stdout, text.label);
+      printUnterminated(stdout, text.label);
       text.printPayload(ev);
-      printText(stdout, "\n");
+      printUnterminated(stdout, "\n");
     }
   }
 }
@@ -129,7 +129,8 @@ const char* controllerName(const MidiEvent& ev) {
 
 void printText(const MidiEvent& ev) {
   if (ev.data != nullptr) {
-    printText(stdout, std::string_view(reinterpret_cast<const char*>(ev.data), ev.dataLength));
+    printUnterminated(stdout,
+                      std::string_view(reinterpret_cast<const char*>(ev.data), ev.dataLength));
   }
 }
 
@@ -232,9 +233,9 @@ void MidiFile::printEvent(const MidiEvent& ev) {
     printFormatted("%-2d Poly Pressure               Note #: %-3d Pressure: %-3d\n", channel, first,
                    second);
   } else if (isSysEx(ev)) {
-    printText(stdout, "SysEx - ");
+    printUnterminated(stdout, "SysEx - ");
     printHex(ev);
-    printText(stdout, "\n");
+    printUnterminated(stdout, "\n");
   } else if (isMeta(ev)) {
     printMeta(ev);
   } else {

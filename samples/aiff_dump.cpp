@@ -22,7 +22,7 @@ void printNumber(const char* label, std::int64_t number) { printLine(stdout, lab
 
 void printLoop(const char* label, const AiffLoop& loop) {
   printLine(stdout, label);
-  printText(stdout, "Mode:          ");
+  printUnterminated(stdout, "Mode:          ");
   if (loop.mode < kLoopModes.size()) {
     printLine(stdout, kLoopModes[loop.mode]);  // an unknown mode has no word and no line feed
   }

@@ -11,85 +11,149 @@
 
 namespace tavrel {
 
-namespace {
-
-std::uint64_t paddedSize(std::uint32_t size, Padding padding) {
-  return padding == Padding::none ? size : roundUp(size, 4);
-}
-
-}  // namespace
-
-AssetBlock::AssetBlock(BankScript& script, TokenFile& source) : script_(script), source_(source) {}
+AssetBlock::AssetBlock(BankScript& script, TokenFile& source, const Statement& statement)
+    : script_(script), source_(source), statement_(statement) {}
 
 bool AssetBlock::open() {
   entry_.reset(new (std::nothrow) AssetEntry);
   data_.reset(new (std::nothrow) AssetData);
-  if (!entry_ || !data_ || !source_.readToken()) {
+  if (!entry_ || !data_ || !source_.readToken() ||
+      !fileName().splitNameAndPath(source_.token.data())) {
     return false;
   }
-  if (!fileName().splitNameAndPath(source_.token.data())) {
+  const char* fullName = fileName().getNameAndPath();
+  if (fullName == nullptr) {
     return false;
   }
-  fullFileName_ = fileName().getNameAndPath();
-  return fullFileName_ != nullptr && nameAsset();
+  fullFileName_ = makeText(fullName);
+  return fullFileName_ && nameAsset();
 }
 
-/// boom.wav is the asset boom_wav.
+/// Names the asset after its file: boom.wav is the asset boom_wav.
 bool AssetBlock::nameAsset() {
   const char* stem = fileName().getNameOnly();
   const char* extension = fileName().getExtensionOnly();
   if (stem == nullptr || extension == nullptr) {
     return false;
   }
-  std::array<char, AssetData::kLongestName + 1>& name = data_->name;
-  if (std::strlen(stem) + 1 + std::strlen(extension) > AssetData::kLongestName) {
-    printLine(stderr, "ERROR: Asset name ", stem, "_", extension,
-              " is too long, only 79 chars allowed");
+  constexpr std::uint32_t kLongestName = AssetData::kLongestName;
+  if (std::strlen(stem) + 1 + std::strlen(extension) > kLongestName) {
+    printLine(stderr, "ERROR: Asset name ", stem, "_", extension, " is too long, only ",
+              kLongestName, " chars allowed");
     return false;
   }
-  std::strcpy(name.data(), stem);
-  std::strcat(name.data(), "_");
-  std::strcat(name.data(), extension);
+  char* name = data_->name.data();
+  std::strcpy(name, stem);
+  std::strcat(name, "_");
+  std::strcat(name, extension);
   if (!script_.hasRoomForAsset()) {
-    printLine(stderr, "ERROR: Asset ", name.data(), " is one too many, only 32768 assets allowed");
+    printLine(stderr, "ERROR: Asset ", name, " is one too many, only ", kMostAssets,
+              " assets allowed");
     return false;
   }
   return true;
 }
 
-void AssetBlock::announce(const char* label) const { printLine(stdout, label, fullFileName_); }
+void AssetBlock::announce(const char* label) const { printLine(stdout, label, fullFileName()); }
 
-bool AssetBlock::readNumberOption(std::span<const NumberOption> options) {
-  for (const NumberOption& option : options) {
-    if (source_.isToken(option.keyword)) {
-      return source_.readNumber(entry_->parameter[option.parameter]);
+bool AssetBlock::readOptions() {
+  for (const Option& option : statement_.options) {
+    setValue(option, option.byDefault);
+  }
+  while (source_.readToken()) {
+    if (source_.isToken(kAssetEnd)) {
+      return true;
+    }
+    if (!readOption()) {
+      return false;
     }
   }
-  return reportUnidentifiedToken(source_);
+  return false;
 }
 
-bool AssetBlock::makePayload(std::uint32_t size, Padding padding) {
-  return takePayload(newBytes(paddedSize(size, padding)), size, padding);
+/// Reads the value of the option that the current token names. A statement without options fails
+/// silently.
+bool AssetBlock::readOption() {
+  for (const Option& option : statement_.options) {
+    if (source_.isToken(option.keyword)) {
+      return readValue(option);
+    }
+  }
+  return !statement_.options.empty() && failUnidentifiedToken(source_);
 }
 
-bool AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size, Padding padding) {
+bool AssetBlock::readValue(const Option& option) {
+  std::int32_t value = 0;
+  std::uint8_t flag = 0;
+  switch (option.value) {
+    case Value::number:
+      if (!source_.readNumber(value)) {
+        return false;
+      }
+      break;
+    case Value::flag:
+      if (!source_.readFlag(flag)) {
+        return false;
+      }
+      value = flag;
+      break;
+    case Value::word:
+      if (!readWord(option, value)) {
+        return false;
+      }
+      break;
+  }
+  setValue(option, value);
+  return true;
+}
+
+bool AssetBlock::readWord(const Option& option, std::int32_t& value) {
+  if (!source_.readToken()) {
+    return false;
+  }
+  for (const Word& word : option.words) {
+    if (std::strcmp(source_.token.data(), word.text) == 0) {
+      value = word.value;
+      return true;
+    }
+  }
+  printLine(stderr, "Bad Argument for ", option.keyword, " token.");
+  return failUnidentifiedToken(source_);
+}
+
+void AssetBlock::setValue(const Option& option, std::int32_t value) {
+  if (option.parameter == kNotStored) {
+    unstoredValue_ = value;
+  } else {
+    entry_->parameter[static_cast<std::size_t>(option.parameter)] = value;
+  }
+}
+
+std::uint64_t AssetBlock::paddedSize(std::uint32_t size) const {
+  return statement_.padding == Padding::none ? size : roundUp(size, kBlobAlignment);
+}
+
+bool AssetBlock::makePayload(std::uint32_t size) {
+  return takePayload(newBytes(paddedSize(size)), size);
+}
+
+bool AssetBlock::takePayload(ByteBlock bytes, std::uint32_t size) {
   if (!bytes) {
     return false;
   }
-  const std::uint64_t padded = paddedSize(size, padding);
+  const std::uint64_t padded = paddedSize(size);
   std::fill(bytes.get() + size, bytes.get() + padded, std::uint8_t{0});
   data_->payload = std::move(bytes);
   entry_->size = size;
-  // A blob of 4 GiB with its padding is one byte too long for the field, and for any bank: the
-  // writer refuses that one.
-  constexpr std::uint64_t kLongest = std::numeric_limits<std::uint32_t>::max();
-  data_->paddedSize = static_cast<std::uint32_t>(std::min(padded, kLongest));
+  // A blob that pads to 4 GiB is one byte too long for the field. It is also too long for any
+  // bank, and the writer refuses it.
+  data_->paddedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(padded, kLongestBank));
   return true;
 }
 
-bool AssetBlock::store(AssetType type, AssetKind kind) {
-  entry_->type = type;
-  data_->kind = kind;
+bool AssetBlock::store() {
+  entry_->type = statement_.type;
+  data_->kind = statement_.kind;
   return script_.storeAsset(std::move(data_), std::move(entry_));
 }
 

@@ -1,85 +1,72 @@
-// What all asset blocks of the script share: their two records, their opening, their options, and
-// the way into the bank. Owns the records until they are stored; a block that ends before that
-// drops them. False means that the block fails; the words of a failure, if it has any, are out by
-// then.
+// Base of all block parsers. Creates an asset's two records, parses its options, and stores it in
+// the bank. Owns the records until then; a block that fails drops them.
+// Operations return false if the block fails; any message has already been printed.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 
-#include "compiler/asset_records.h"
+#include "compiler/asset_data.h"
+#include "compiler/bank_format.h"
 #include "compiler/bank_script.h"
+#include "compiler/script_language.h"
+#include "foundation/owned_text.h"
 
 namespace tavrel {
 
-/// An option whose value is a number: its keyword, and the parameter word that the number fills.
-struct NumberOption {
-  const char* keyword;
-  std::size_t parameter;
-};
-
-/// Whether a blob is padded to a multiple of 4 bytes in the bank.
-enum class Padding { none, toMultipleOf4 };
-
 class AssetBlock {
  public:
-  /// `script` gets the finished asset; tokens come from `source`. Both outlive the block.
-  AssetBlock(BankScript& script, TokenFile& source);
+  /// Borrows `script`, which receives the finished asset, and `source`, which delivers the tokens.
+  /// `statement` is the row of the block's keyword.
+  AssetBlock(BankScript& script, TokenFile& source, const Statement& statement);
 
-  /// Makes the records, reads the asset's file name, and names the asset. False also for a name
+  /// Creates the records, reads the asset's file name, and names the asset. Fails also for a name
   /// that is too long and for an asset beyond the last id.
   bool open();
 
-  /// Prints the progress line: the label and the full file name.
+  /// Prints the progress line of the statement, or `label` instead, and the full file name.
+  void announce() const { announce(statement_.reading); }
   void announce(const char* label) const;
 
-  /// Reads options up to `AssetEnd`: calls `readOption` with each option's keyword as current
-  /// token.
-  template <typename ReadOption>
-  bool readOptions(ReadOption readOption) {
-    if (!source_.readToken()) {
-      return false;
-    }
-    while (!source_.isToken("AssetEnd")) {
-      if (!readOption() || !source_.readToken()) {
-        return false;
-      }
-    }
-    return true;
-  }
+  /// Sets the options to their defaults, then reads options up to `AssetEnd`.
+  bool readOptions();
 
-  /// Reads the number of the option that the current token names. Any other token is reported.
-  bool readNumberOption(std::span<const NumberOption> options);
+  /// Allocates the payload: `size` bytes, which the caller fills, and zero bytes as padding.
+  bool makePayload(std::uint32_t size);
 
-  /// Makes `payload` a block for `size` bytes, which the caller fills, with zero bytes behind them
-  /// for the padding.
-  bool makePayload(std::uint32_t size, Padding padding);
+  /// Takes ownership of `bytes` as the payload: `size` bytes, with room for the padding after them.
+  /// Fails for a null block.
+  bool takePayload(ByteBlock bytes, std::uint32_t size);
 
-  /// Takes over `bytes` as `payload`: `size` bytes, and room for the padding behind them. False
-  /// for a null block.
-  bool takePayload(ByteBlock bytes, std::uint32_t size, Padding padding);
+  /// Stores the asset in the bank. Nothing else may be called afterwards.
+  bool store();
 
-  /// Stores the asset as what `type` and `kind` say.
-  bool store(AssetType type, AssetKind kind);
+  /// Returns the name under which the asset's file is opened. Valid as long as the block.
+  [[nodiscard]] const char* fullFileName() const { return fullFileName_.get(); }
 
-  /// The asset's file as it is opened.
-  [[nodiscard]] const char* fullFileName() const { return fullFileName_; }
+  /// Returns true if the script asks for compression.
+  [[nodiscard]] bool wantsAdpcm() const { return unstoredValue_ != 0; }
 
-  [[nodiscard]] TokenFile& source() { return source_; }
+  [[nodiscard]] const TokenFile& source() const { return source_; }
   [[nodiscard]] FileName& fileName() { return script_.assetFileName; }
   [[nodiscard]] AssetEntry& entry() { return *entry_; }
   [[nodiscard]] std::uint8_t* payload() { return data_->payload.get(); }
 
  private:
   bool nameAsset();
+  bool readOption();
+  bool readValue(const Option& option);
+  bool readWord(const Option& option, std::int32_t& value);
+  void setValue(const Option& option, std::int32_t value);
+  [[nodiscard]] std::uint64_t paddedSize(std::uint32_t size) const;
 
   BankScript& script_;
   TokenFile& source_;
+  const Statement& statement_;
   std::unique_ptr<AssetEntry> entry_;
   std::unique_ptr<AssetData> data_;
-  const char* fullFileName_ = nullptr;
+  OwnedText fullFileName_;
+  std::int32_t unstoredValue_ = 0;  // of the option that fills no parameter word
 };
 
 }  // namespace tavrel

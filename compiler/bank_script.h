@@ -1,7 +1,6 @@
-// The main object of a run: reads the build script, holds what it has read, and writes the bank and
-// the header. It is itself the reader of the script's tokens. Owns all records and their payloads
-// until it ends.
-// The three phases give false on failure; most failures have told their reason on standard error.
+// Main object of a run: reads the build script, holds the assets, and writes the bank and the
+// header. It is also the reader of the script's tokens. Owns all records and their payloads.
+// Operations return false on failure; most failures have already printed a message.
 #pragma once
 
 #include <array>
@@ -10,11 +9,13 @@
 #include <memory>
 #include <vector>
 
-#include "compiler/asset_records.h"
+#include "compiler/asset_data.h"
+#include "compiler/bank_format.h"
 #include "foundation/disk_file.h"
 #include "foundation/file_name.h"
 #include "foundation/text_output_file.h"
 #include "foundation/token_file.h"
+#include "samples/adpcm_batch.h"
 
 namespace tavrel {
 
@@ -25,27 +26,22 @@ class BankScript : public TokenFile {
   /// Names the script. Opens nothing.
   explicit BankScript(const char* scriptName);
 
-  /// Sets the prefix of all defines in the header. False, with an empty prefix, for a text of more
-  /// than 80 characters or null.
+  /// Sets the prefix of all defines in the header. Returns false and clears the prefix for null and
+  /// for more than 80 characters.
   bool setHeaderPrefix(const char* prefix);
 
-  /// First phase: reads the script and all asset files. True when the script names a bank and no
-  /// word at its top level was refused; a block that fails drops its asset and nothing else.
+  /// First phase: reads the script and all asset files. Succeeds if the script names a bank and no
+  /// word at its top level is refused. A block that fails drops its asset and nothing else.
   bool parseScript();
 
   /// Second phase: writes the bank.
   bool writeBank();
 
-  /// Third phase: writes the header of defines. The bank must be finished: its length comes from
-  /// the disk.
+  /// Third phase: writes the header of defines. Reads the length of the finished bank from disk.
   bool writeHeader();
 
-  /// Sets the three paths from the preferences file. True if it was read up to its `PrefsEnd`;
-  /// paths set before a failure stay. A run doesn't call it.
-  bool readPreferences();
-
-  // The block parsers. Each begins behind its block's keyword and takes tokens from `source` up to
-  // `AssetEnd` or to the failure. True when the asset was stored.
+  // The block parsers. Each starts after its block's keyword and reads tokens from `source` up to
+  // `AssetEnd` or the failure. They return true if the asset was stored.
   bool parseMidiFileType0(TokenFile& source);
   bool parseWaveFile(TokenFile& source);
   bool parseMidiToneBank(TokenFile& source);
@@ -53,42 +49,61 @@ class BankScript : public TokenFile {
   bool parseFxProgramBank(TokenFile& source);
   bool parseUserAsset(TokenFile& source);
 
-  /// Puts an asset behind those already stored and gives it the next id. False, with nothing
-  /// stored, when no id is left or memory is short.
+  /// Appends an asset and gives it the next id. Returns false, with nothing stored, if no id is
+  /// left or memory runs out.
   bool storeAsset(std::unique_ptr<AssetData> asset, std::unique_ptr<AssetEntry> entry);
 
-  /// Whether another asset can have an id.
+  /// Returns true if an id is left.
   [[nodiscard]] bool hasRoomForAsset() const;
 
-  /// Notes where in the bank the blob of an asset begins. Always true.
+  /// Sets the offset of an asset's blob in the bank. Always returns true.
   bool setAssetOffset(std::int16_t id, std::uint32_t offset);
+
+  // Not used by the tool; for programs that keep the three paths in a file.
+
+  /// Sets the three paths from the preferences file. Returns true if it was read up to its
+  /// `PrefsEnd`. Paths that were set before a failure stay.
+  bool readPreferences();
 
   FileName bankFileName;
   std::vector<std::unique_ptr<AssetEntry>> entries;  ///< the bank's table, in script order
   std::vector<std::unique_ptr<AssetData>> assets;    ///< in the same order
   FileName preferencesFileName;
-  FileName assetFileName;  ///< the file of the block being read
+  FileName assetFileName;  ///< the file of the current block
   FileName headerFileName;
 
  private:
-  bool parseStatement(bool& ok);
-  bool parseBankFileName();
+  /// What follows a statement of the script.
+  enum class Step { next, end, refused };
 
-  [[nodiscard]] std::uint32_t tableEnd() const;
-  [[nodiscard]] bool bankFits() const;
+  using BlockParser = bool (BankScript::*)(TokenFile&);
+
+  /// Returns null if the current token is no keyword of an asset block.
+  [[nodiscard]] BlockParser findParser() const;
+  Step parseStatement();
+  Step parseBankFileName();
+
+  /// As `parseWaveFile`, but a compressed sound may still wait in the batch.
+  bool parseWave(TokenFile& source);
+
+  /// Returns the size of all blobs with their padding, in bytes.
+  [[nodiscard]] std::uint64_t blobBytes() const;
+  [[nodiscard]] std::uint32_t assetCount() const;
+  [[nodiscard]] bool checkBankLength() const;
   bool writeTable(DiskFile& bank) const;
   bool writeBlobs(DiskFile& bank, std::uint32_t& position);
 
-  [[nodiscard]] std::uint32_t dataSize() const;
   bool writeAssetDefines(TextOutputFile& header);
   bool readPreferenceStatements(TokenFile& preferences);
   bool readPreference(TokenFile& preferences);
 
-  std::array<char, kLongestPrefix + 1> headerPrefix{};
-  std::int32_t nextAssetId = 0;
+  std::array<char, kLongestPrefix + 1> headerPrefix_{};
+  std::uint32_t nextAssetId_ = 0;
+  bool isBankNamed_ = false;
+  AdpcmBatch batch_;  // destroyed before the payloads that it writes to
 };
 
-/// Tells on standard error which token of the script was not understood. Always false.
-bool reportUnidentifiedToken(const TokenFile& source);
+/// Prints which token of the script was not understood. Always returns false.
+bool failUnidentifiedToken(const TokenFile& source);
 
 }  // namespace tavrel

@@ -1,4 +1,4 @@
-// Reads the preferences file: the three directories of the command line, given in a file instead.
+// Reads the preferences file, which sets the three directories of the command line.
 #include <array>
 
 #include "compiler/bank_script.h"
@@ -48,7 +48,7 @@ bool BankScript::readPreferenceStatements(TokenFile& preferences) {
   return false;
 }
 
-/// Reads the statement that the current token opens. An illegal token is reported and passed over.
+/// Reads the statement that the current token opens. Reports and skips an illegal token.
 bool BankScript::readPreference(TokenFile& preferences) {
   for (const PathKeyword& row : kPathKeywords) {
     if (preferences.isToken(row.keyword)) {

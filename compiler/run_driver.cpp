@@ -6,6 +6,7 @@
 #include "compiler/bank_script.h"
 #include "foundation/console.h"
 #include "foundation/text_utilities.h"
+#include "platform/console_input.h"
 
 namespace tavrel {
 
@@ -43,16 +44,16 @@ constexpr std::array<Phase, 3> kPhases{{
 void printTitle(std::FILE* stream) {
   printLine(stream, kRule);
   printLine(stream, "Tavrel Audio Packager");
-  printLine(stream, "Revision 1.82", " ", "7/22/1999 5:36 pm");
+  printLine(stream, "Revision 1.82 7/22/1999 5:36 pm");
 }
 
 void printUsage() {
   printTitle(stderr);
   printLine(stderr, kRule);
   printLine(stderr);
-  printLine(stderr, "Error: ", "Incorrect command line arguments...");
-  printLine(stderr, "Usage: ", "tavrel",
-            " scriptFileName [bankPath bankOutputPathWithSlashOnEnd] [scriptPath "
+  printLine(stderr, "Error: Incorrect command line arguments...");
+  printLine(stderr,
+            "Usage: tavrel scriptFileName [bankPath bankOutputPathWithSlashOnEnd] [scriptPath "
             "scriptPathWithSlashOnEnd] [headerPath headerPathWithSlashOnEnd] [HeaderPrefix "
             "theHeaderPrefix]");
 }
@@ -67,7 +68,7 @@ void printBanner(BankScript& script) {
 }
 
 /// Applies the keywords of the argument list. Every item is tested, the program's name and the
-/// script's too; a value that one keyword took is itself tested for the keywords behind that one.
+/// script's too. The value of one keyword is itself tested for the keywords later in the table.
 void applyKeywords(BankScript& script, const char* const* arguments) {
   for (const char* const* item = arguments; *item != nullptr; ++item) {
     for (const ArgumentKeyword& row : kKeywords) {
@@ -83,8 +84,8 @@ void applyKeywords(BankScript& script, const char* const* arguments) {
   }
 }
 
-/// Whether the file has lost its path, or a text made from its name, to a shortage of memory: what
-/// is left of it would lead to another file. Without a name no file can be opened anyway.
+/// Returns true if memory ran out while the path or a text made from the name was built: the rest
+/// would name a different file. Without a name no file can be opened anyway.
 bool isIncomplete(const FileName& file) { return file.name && file.error != 0; }
 
 bool succeeds(BankScript& script, const Phase& phase) {
@@ -106,7 +107,7 @@ int runTavrel(int argumentCount, const char* const* arguments) {
   for (const Phase& phase : kPhases) {
     if (!succeeds(script, phase)) {
       printLine(stderr, phase.failure);
-      std::getchar();  // keeps a console window open until its user has read the lines
+      takeOneCharacter();  // keeps a console window open so that the user can read the messages
       return 1;
     }
   }

@@ -3,11 +3,11 @@
 
 namespace tavrel {
 
-/// Runs the tool: reads the script, writes the bank and the header, and tells how it went on the
-/// standard streams. A failed run waits for one character on standard input.
+/// Runs the tool: reads the script, writes the bank and the header, and reports on the standard
+/// streams. A failed run waits for one character on standard input.
 ///
-/// `arguments` holds `argumentCount` texts, the program's name first, with a null behind the last
-/// one. Gives the exit code: 0 behind "Done!", 1 otherwise. Throws nothing.
+/// `arguments` holds `argumentCount` texts, the program's name first, and a null after the last
+/// one. Returns the exit code: 0 after "Done!", else 1. Throws nothing.
 int runTavrel(int argumentCount, const char* const* arguments);
 
 }  // namespace tavrel

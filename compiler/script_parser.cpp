@@ -1,78 +1,77 @@
-// The top level of the build script: names the bank and hands each asset block to its parser.
+// Top level of the build script: names the bank and passes each asset block to its parser.
 #include <array>
 
 #include "compiler/bank_script.h"
+#include "compiler/script_language.h"
 #include "foundation/console.h"
 
 namespace tavrel {
 
-namespace {
-
-struct BlockKeyword {
-  const char* keyword;
-  bool (BankScript::*parse)(TokenFile&);
-};
-
-constexpr std::array<BlockKeyword, 6> kBlocks{{
-    {"MidiFileType0", &BankScript::parseMidiFileType0},
-    {"WaveFile", &BankScript::parseWaveFile},
-    {"MidiToneBank", &BankScript::parseMidiToneBank},
-    {"FxOutputBank", &BankScript::parseFxOutputBank},
-    {"FxProgramBank", &BankScript::parseFxProgramBank},
-    {"UserAsset", &BankScript::parseUserAsset},
-}};
-
-}  // namespace
-
-bool reportUnidentifiedToken(const TokenFile& source) {
+bool failUnidentifiedToken(const TokenFile& source) {
   printLine(stderr, "Script File: ", textOrEmpty(source.fileName.name));
   printLine(stderr, "Error: Unidentified token: ", source.token.data(),
             " at line: ", source.lineNumber);
   return false;
 }
 
+BankScript::BlockParser BankScript::findParser() const {
+  // The parsers of `kStatements`, in the same order.
+  constexpr std::array<BlockParser, 6> kParsers{
+      &BankScript::parseMidiFileType0, &BankScript::parseWave,
+      &BankScript::parseMidiToneBank,  &BankScript::parseFxOutputBank,
+      &BankScript::parseFxProgramBank, &BankScript::parseUserAsset,
+  };
+  static_assert(kParsers.size() == kStatements.size(), "one parser for each statement");
+  for (std::size_t row = 0; row < kStatements.size(); ++row) {
+    if (isToken(kStatements[row].keyword)) {
+      return kParsers[row];
+    }
+  }
+  return nullptr;
+}
+
 bool BankScript::parseScript() {
   if (!load()) {
     return false;
   }
-  bool ok = false;
-  while (readToken() && parseStatement(ok)) {
+  Step step = Step::next;
+  while (step == Step::next && readToken()) {
+    step = parseStatement();
   }
+  batch_.finish();
   freeData();
-  return ok;
+  return isBankNamed_ && step != Step::refused;
 }
 
-/// Reads the statement that the current token opens. False when it is the last one to be read; `ok`
-/// is then the outcome of the parse.
-bool BankScript::parseStatement(bool& ok) {
-  if (isToken("BankFileName")) {
-    ok = parseBankFileName();
-    return ok;
+/// Parses the statement that the current token opens.
+BankScript::Step BankScript::parseStatement() {
+  if (isToken(kBankFileName)) {
+    return parseBankFileName();
   }
-  for (const BlockKeyword& block : kBlocks) {
-    if (isToken(block.keyword)) {
-      // A block's result doesn't stop the parse; what a failed block leaves unread does.
-      (this->*block.parse)(*this);
-      return true;
-    }
+  if (const BlockParser parser = findParser()) {
+    // A failed block doesn't stop the parse; the tokens that it leaves unread usually do.
+    (this->*parser)(*this);
+    return Step::next;
   }
-  if (!isToken("ScriptEnd")) {
-    ok = reportUnidentifiedToken(*this);
+  if (isToken(kScriptEnd)) {
+    return Step::end;
   }
-  return false;
+  failUnidentifiedToken(*this);
+  return Step::refused;
 }
 
-bool BankScript::parseBankFileName() {
+BankScript::Step BankScript::parseBankFileName() {
   if (!readToken()) {
-    return false;
+    return Step::refused;
   }
   bankFileName.setName(token.data());
   headerFileName.setName(token.data());
   headerFileName.changeExtension("h");
-  if (headerPrefix[0] == '\0') {
+  if (headerPrefix_[0] == '\0') {
     setHeaderPrefix(bankFileName.getNameOnly());
   }
-  return true;
+  isBankNamed_ = true;
+  return Step::next;
 }
 
 }  // namespace tavrel

@@ -1,17 +1,17 @@
-// Small operations on bits, nibbles, bytes and words, without state. Bit 0 is the least significant
-// bit. Nothing here fails: bits beyond a value's width read as 0 and can't be written.
+// Operations on bits, nibbles, bytes and words. Bit 0 is the least significant bit.
+// Nothing here fails: bits beyond a value's width read as 0 and can't be written.
 #pragma once
 
 #include <cstdint>
 
 namespace tavrel {
 
-/// Bits 0 to `width` - 1 of `value`.
+/// Returns bits 0 to `width` - 1 of `value`.
 constexpr std::uint16_t lowBits(std::uint16_t value, std::uint16_t width) {
   return width < 16 ? static_cast<std::uint16_t>(value & ((1U << width) - 1U)) : value;
 }
 
-/// Bits `start` to `start` + `width` - 1 of `value`, moved down so that bit `start` becomes bit 0.
+/// Returns bits `start` to `start` + `width` - 1 of `value`, shifted down to bit 0.
 constexpr std::uint16_t extractBits(std::uint16_t value, std::uint16_t start, std::uint16_t width) {
   return start < 16 ? lowBits(static_cast<std::uint16_t>(value >> start), width) : std::uint16_t{0};
 }
@@ -27,7 +27,7 @@ constexpr void insertBits(std::uint16_t& target, std::uint16_t value, std::uint1
   target = static_cast<std::uint16_t>((target & ~replaced) | inserted);
 }
 
-/// The upper half of `high` and the lower half of `low`.
+/// Returns the upper half of `high` and the lower half of `low`.
 constexpr std::uint8_t combineNibbles(std::uint8_t high, std::uint8_t low) {
   return static_cast<std::uint8_t>((high & 0xF0U) | (low & 0x0FU));
 }

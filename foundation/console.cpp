@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kLineCapacity = 4096;
 
-/// Gathers text up to a full line buffer; what doesn't fit goes out ahead of it.
+/// Collects text and writes it when the buffer is full. Longer texts are written directly.
 class LineBuffer {
  public:
   explicit LineBuffer(std::FILE* stream) : stream_(stream) {}

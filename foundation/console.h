@@ -1,6 +1,6 @@
-// The one place that prints lines: text, a line feed and a flush, in one write, so that standard
-// output and standard error interleave in the order of the steps. Allocates nothing, so that a run
-// that is out of memory can still say so. A console that takes no more text is no failure.
+// The one place that prints. Each line is one write of text and line feed, and a flush, so that
+// standard output and standard error interleave in the order of the steps. Allocates nothing, so
+// that a run that is out of memory can still report it. Write errors are ignored.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ class LinePart {
 /// Writes the parts to `stream` (stdout or stderr) without a line feed, and flushes.
 void printParts(std::FILE* stream, std::span<const LinePart> parts);
 
-/// Writes the parts one behind the other and a line feed to `stream`, and flushes.
+/// Writes the parts and a line feed to `stream`, and flushes.
 template <typename... Parts>
 void printLine(std::FILE* stream, const Parts&... parts) {
   const std::array<LinePart, sizeof...(parts) + 1> line{LinePart(parts)..., LinePart("\n")};

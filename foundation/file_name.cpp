@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "foundation/console.h"
+#include "platform/console_input.h"
 
 namespace tavrel {
 
@@ -16,8 +17,7 @@ constexpr std::size_t kExtensionMargin = 5;  // spare bytes of `name`: a dot and
 constexpr std::size_t kLongestExtension = 5;
 constexpr std::size_t kExtensionSearch = 4;  // how far from its end a name's dot counts
 
-/// The length of `name` without the extension that `changeExtension` replaces, its dot left out;
-/// the whole length if there is none.
+/// Returns the length of `name` without the extension that `changeExtension` replaces and its dot.
 std::size_t lengthWithoutExtension(std::string_view name) {
   for (std::size_t back = 1; back <= kExtensionSearch && back <= name.size(); ++back) {
     const char character = name[name.size() - back];
@@ -31,8 +31,8 @@ std::size_t lengthWithoutExtension(std::string_view name) {
   return name.size();
 }
 
-/// Prints one or two addresses on standard output.
-void printFormatted(const char* format, const void* first, const void* second = nullptr) {
+/// Prints a format with one or two addresses.
+void printAddress(const char* format, const void* first, const void* second = nullptr) {
   std::array<char, 128> text{};
   std::snprintf(text.data(), text.size(), format, first, second);
   printUnterminated(stdout, text.data());
@@ -41,7 +41,7 @@ void printFormatted(const char* format, const void* first, const void* second = 
 void dumpText(const char* label, const char* addressFormat, const OwnedText& text) {
   if (text) {
     printLine(stdout, label, text.get());
-    printFormatted(addressFormat, text.get());
+    printAddress(addressFormat, text.get());
   }
 }
 
@@ -57,9 +57,9 @@ FileName::FileName(const char* newName, const char* newPath) {
 void FileName::clear() {
   name.reset();
   path.reset();
-  nameAndPath.reset();
-  nameOnly.reset();
-  extensionOnly.reset();
+  nameAndPath_.reset();
+  nameOnly_.reset();
+  extensionOnly_.reset();
 }
 
 bool FileName::replace(OwnedText& text, std::string_view newText, std::size_t spare) {
@@ -76,7 +76,7 @@ bool FileName::setName(const char* text) {
     error = kOutOfMemory;
     return false;
   }
-  nameCapacity = std::strlen(text) + kExtensionMargin;
+  nameCapacity_ = std::strlen(text) + kExtensionMargin;
   return replace(name, text, kExtensionMargin);
 }
 
@@ -93,7 +93,7 @@ bool FileName::splitNameAndPath(const char* text) {
   const std::string_view fullName = text != nullptr ? text : "";
   const std::size_t backslash = fullName.rfind('\\');
   const std::size_t nameStart = backslash == std::string_view::npos ? 0 : backslash + 1;
-  // Copied ahead of `clear`: the text may be one of this object's own.
+  // Copied before `clear`: the text may be one of this object's own.
   OwnedText newName = makeText(fullName.substr(nameStart));
   OwnedText newPath = makeText(fullName.substr(0, nameStart));
   clear();
@@ -101,7 +101,7 @@ bool FileName::splitNameAndPath(const char* text) {
     error = kOutOfMemory;
     return false;
   }
-  nameCapacity = std::strlen(newName.get());
+  nameCapacity_ = std::strlen(newName.get());
   name = std::move(newName);
   path = std::move(newPath);
   return true;
@@ -109,7 +109,7 @@ bool FileName::splitNameAndPath(const char* text) {
 
 bool FileName::changeExtension(const char* extension) {
   const std::size_t stem = lengthWithoutExtension(textOrEmpty(name));
-  if (!name || stem + 1 + std::strlen(extension) > nameCapacity) {
+  if (!name || extension == nullptr || stem + 1 + std::strlen(extension) > nameCapacity_) {
     return true;
   }
   name[stem] = '.';
@@ -118,7 +118,7 @@ bool FileName::changeExtension(const char* extension) {
 }
 
 const char* FileName::getNameAndPath() {
-  nameAndPath.reset();
+  nameAndPath_.reset();
   if (!path && !setPath("")) {
     return nullptr;
   }
@@ -126,45 +126,45 @@ const char* FileName::getNameAndPath() {
     error = kOutOfMemory;
     return nullptr;
   }
-  nameAndPath = makeText(path.get(), name.get());
-  if (!nameAndPath) {
+  nameAndPath_ = makeText(path.get(), name.get());
+  if (!nameAndPath_) {
     error = kOutOfMemory;
   }
-  return nameAndPath.get();
+  return nameAndPath_.get();
 }
 
 const char* FileName::getNameOnly() {
   const std::string_view whole = textOrEmpty(name);
-  replace(nameOnly, whole.substr(0, whole.find('.')), 0);
-  return nameOnly.get();
+  replace(nameOnly_, whole.substr(0, whole.find('.')), 0);
+  return nameOnly_.get();
 }
 
 const char* FileName::getExtensionOnly() {
   const std::string_view whole = textOrEmpty(name);
   const std::size_t dot = whole.find('.');
   if (dot == std::string_view::npos) {
-    return &noName;
+    return &noName_;
   }
-  replace(extensionOnly, whole.substr(dot + 1, kLongestExtension), 0);
-  return extensionOnly.get();
+  replace(extensionOnly_, whole.substr(dot + 1, kLongestExtension), 0);
+  return extensionOnly_.get();
 }
 
 bool FileName::dump() const {
   const std::string_view border =
       "****************************************************************************";
   printLine(stdout, border);
-  printFormatted("This: %p\n", this);
+  printAddress("This: %p\n", this);
   if (name) {
     printLine(stdout, "name: ", name.get());
-    printFormatted("name is at: %p the pointer is at: %p\n", name.get(), this);
+    printAddress("name is at: %p the pointer is at: %p\n", name.get(), this);
   }
   dumpText("path: ", "path is at: %p\n", path);
-  dumpText("nameAndPath: ", "nameAndPath is at: %p\n", nameAndPath);
-  dumpText("nameOnly: ", "nameOnly is at: %p\n", nameOnly);
-  dumpText("extensionOnly: ", "extensionOnly is at: %p\n", extensionOnly);
+  dumpText("nameAndPath: ", "nameAndPath is at: %p\n", nameAndPath_);
+  dumpText("nameOnly: ", "nameOnly is at: %p\n", nameOnly_);
+  dumpText("extensionOnly: ", "extensionOnly is at: %p\n", extensionOnly_);
   printLine(stdout, border);
   printLine(stdout, "Any key...");
-  std::getchar();
+  takeOneCharacter();
   return true;
 }
 

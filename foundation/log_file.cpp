@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kUsualLine = 256;
 
-/// The formatted text; cut to the usual length if there is no memory for a longer one.
+/// A formatted text, cut to the usual length if there is no memory for a longer one.
 class FormattedText {
  public:
   FormattedText(const char* format, std::va_list arguments) {
@@ -43,8 +43,8 @@ class FormattedText {
   OwnedText long_;
 };
 
-/// Writes the formatted line straight to standard error.
-void printFormatted(const char* format, ...) {
+/// Writes the formatted line to standard error, bypassing the log.
+[[gnu::format(printf, 1, 2)]] void printFailure(const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
   const FormattedText text(format, arguments);
@@ -66,6 +66,9 @@ LogFile::LogFile(const char* name, const char* path) {
 }
 
 bool LogFile::print(const char* format, ...) {
+  if (format == nullptr) {
+    return false;
+  }
   std::va_list arguments;
   va_start(arguments, format);
   const FormattedText text(format, arguments);
@@ -106,9 +109,9 @@ bool LogFile::hasFailed() {
   if (error == errorNone) {
     return false;
   }
-  if (!failureTold) {
-    failureTold = true;
-    printFormatted(errorText(), nameInMessages());
+  if (!isFailureReported_) {
+    isFailureReported_ = true;
+    printFailure(errorText(), nameInMessages());
   }
   return true;
 }

@@ -1,6 +1,6 @@
-// Where the "File System Error" lines go. As the tool is set up, everything printed to the log
-// reaches standard error, and its file output stays off: the file is named and never created.
-// A failure of the log's own file is told on standard error once, never through the log itself.
+// Destination of the "File System Error" lines. As the tool configures it, every line goes to
+// standard error and file output is off: the file is named and never created.
+// A failure of the log's own file is reported once, on standard error and never through the log.
 #pragma once
 
 #include "foundation/disk_file.h"
@@ -14,18 +14,19 @@ class LogFile : public DiskFile {
   explicit LogFile(const char* name);
   LogFile(const char* name, const char* path);
 
-  /// Formats the arguments as `printf` does and writes the line. False only when the log's own file
-  /// fails, which takes file output to be on.
-  bool print(const char* format, ...);
+  /// Formats the arguments as `printf` does and writes the line. Returns false for a null format
+  /// and, with file output on, if the log's file fails.
+  [[gnu::format(printf, 2, 3)]] bool print(const char* format, ...);
 
-  /// Opens the file that `print` writes to, where the log is set up to write one. True also where
-  /// there is nothing to open.
+  // Not used by the tool; for programs that keep a log on disk.
+
+  /// Opens the file that `print` writes to. Does nothing and returns true if file output is off.
   bool openLog();
 
-  /// Closes the file that `openLog` has opened. True also where there is nothing to close.
+  /// Closes the file that `openLog` opened. Does nothing and returns true if file output is off.
   bool closeLog();
 
-  // As `setName` and `setPath`: an open file refuses.
+  // As `setName` and `setPath`: they fail on an open file.
   bool setLogName(const char* name);
   bool setLogPath(const char* path);
 
@@ -39,7 +40,7 @@ class LogFile : public DiskFile {
   bool writeToOpenFile(const char* line);
   bool appendToFile(const char* line);
 
-  bool failureTold = false;
+  bool isFailureReported_ = false;
 };
 
 /// The one log of the process, ready before the entry point runs.

@@ -1,5 +1,5 @@
-// Texts that may be null and are handed out as const char*: zero-terminated, owned by a type.
-// Making one never throws; without memory it is null.
+// Owned zero-terminated texts that may be null and are returned to callers as const char*.
+// Allocating one never throws.
 #pragma once
 
 #include <algorithm>
@@ -12,8 +12,8 @@ namespace tavrel {
 
 using OwnedText = std::unique_ptr<char[]>;
 
-/// A terminated copy of `first` and `second` joined, with `spare` more bytes behind the
-/// terminator. Null when memory is short.
+/// Returns a copy of `first` and `second` joined, with `spare` more bytes after the terminator.
+/// Returns null if memory runs out.
 inline OwnedText makeText(std::string_view first, std::string_view second = {},
                           std::size_t spare = 0) {
   OwnedText text(new (std::nothrow) char[first.size() + second.size() + 1 + spare]);
@@ -25,7 +25,7 @@ inline OwnedText makeText(std::string_view first, std::string_view second = {},
   return text;
 }
 
-/// The text itself, or the empty text for null. Lives as long as `text` is unchanged.
+/// Returns the text, or the empty text for null. Valid as long as `text` is unchanged.
 inline const char* textOrEmpty(const OwnedText& text) { return text ? text.get() : ""; }
 
 }  // namespace tavrel

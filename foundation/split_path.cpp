@@ -11,7 +11,7 @@ constexpr std::string_view kSeparators = "\\/";
 constexpr std::size_t kLongestExtension = 3;
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// Where the name begins. A separator at the very start ends no directory unless it is a backslash.
+/// Returns where the name starts. A slash at the very start ends no directory; a backslash does.
 std::size_t nameStart(std::string_view text, std::size_t lastSeparator) {
   if (lastSeparator != kNone && lastSeparator > 0) {
     return lastSeparator + 1;
@@ -31,7 +31,7 @@ bool assign(std::string& part, const char* text) {
   return true;
 }
 
-/// Joins into `whole` and gives its text, empty when memory is short.
+/// Joins the parts in `whole` and returns its text, which is empty if memory runs out.
 const char* join(std::string& whole, std::string_view directory, std::string_view stem,
                  std::string_view extension) {
   whole.clear();
@@ -64,27 +64,27 @@ bool SplitPath::parse(const char* text) {
     std::string newStem(all.substr(start, end - start));
     std::string newExtension(hasExtension ? all.substr(dot + 1, kLongestExtension) : "");
     std::string newDirectory(all.substr(0, start));
-    stem.swap(newStem);
-    extension.swap(newExtension);
-    directory.swap(newDirectory);
+    stem_.swap(newStem);
+    extension_.swap(newExtension);
+    directory_.swap(newDirectory);
   } catch (const std::bad_alloc&) {
     return false;
   }
   return true;
 }
 
-const char* SplitPath::getFullPath() { return join(fullPath, directory, stem, extension); }
+const char* SplitPath::getFullPath() { return join(fullPath_, directory_, stem_, extension_); }
 
 const char* SplitPath::getNameWithExtension() {
-  return join(nameWithExtension, "", stem, extension);
+  return join(nameWithExtension_, "", stem_, extension_);
 }
 
-const char* SplitPath::getStem() const { return stem.c_str(); }
+const char* SplitPath::getStem() const { return stem_.c_str(); }
 
-bool SplitPath::setStem(const char* text) { return assign(stem, text); }
+bool SplitPath::setStem(const char* text) { return assign(stem_, text); }
 
-bool SplitPath::setExtension(const char* text) { return assign(extension, text); }
+bool SplitPath::setExtension(const char* text) { return assign(extension_, text); }
 
-bool SplitPath::setDirectory(const char* text) { return assign(directory, text); }
+bool SplitPath::setDirectory(const char* text) { return assign(directory_, text); }
 
 }  // namespace tavrel

@@ -1,7 +1,7 @@
-// A full file name taken apart into directory, stem and extension, and put together again.
-// Unlike FileName it separates at both slash kinds, takes the last dot, and keeps three characters
-// of the extension. Owns its strings; an operation that runs out of memory gives false, or the
-// empty text.
+// A full file name, split into directory, stem and extension and joined again.
+// Unlike FileName it splits at both kinds of slash and at the last dot, and keeps three characters
+// of the extension. Owns its strings. If memory runs out, operations return false or the empty
+// text.
 #pragma once
 
 #include <string>
@@ -12,34 +12,34 @@ class SplitPath {
  public:
   SplitPath() = default;
 
-  /// Takes `text` apart. Null leaves everything empty.
+  /// Splits `text`. Null leaves all parts empty.
   explicit SplitPath(const char* text);
 
-  /// Replaces `stem`, `extension` and `directory` by the parts of `text`. False, and nothing has
-  /// changed: null, or no memory.
+  /// Replaces the three parts by those of `text`. On failure, and for null, they are unchanged.
   bool parse(const char* text);
 
-  /// Directory, stem and extension joined. Like the texts below, valid until the same operation
-  /// runs again or the object ends.
+  /// Returns directory, stem and extension joined. Valid until the next call or the object's
+  /// destruction.
   const char* getFullPath();
 
-  /// Stem and extension joined.
+  // Not used by the tool; for programs that derive one file name from another.
+
+  /// Returns stem and extension joined. Valid as above.
   const char* getNameWithExtension();
 
   [[nodiscard]] const char* getStem() const;
 
-  // Each replaces its string by a copy of the text. False, and nothing has changed: null, or no
-  // memory.
+  // Each replaces its part by a copy of the text. On failure, and for null, it is unchanged.
   bool setStem(const char* text);
   bool setExtension(const char* text);
   bool setDirectory(const char* text);
 
  private:
-  std::string stem;
-  std::string extension;  ///< without its dot
-  std::string directory;  ///< with its closing separator
-  std::string nameWithExtension;
-  std::string fullPath;
+  std::string stem_;
+  std::string extension_;  ///< without a dot
+  std::string directory_;  ///< with its closing separator
+  std::string nameWithExtension_;
+  std::string fullPath_;
 };
 
 }  // namespace tavrel

@@ -8,7 +8,8 @@ namespace tavrel {
 TextOutputFile::TextOutputFile(const char* fullName) : DiskFile(modeWrite, fullName, "") {}
 
 bool TextOutputFile::writeText(const char* text) {
-  return isOpen && writeBytes(text, static_cast<std::uint32_t>(std::strlen(text)));
+  return isOpen && text != nullptr &&
+         writeBytes(text, static_cast<std::uint32_t>(std::strlen(text)));
 }
 
 bool TextOutputFile::writeBytes(const void* bytes, std::uint32_t length) {

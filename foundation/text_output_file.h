@@ -1,6 +1,6 @@
-// A disk file for generated text: always in write mode, with operations for texts and line ends.
-// A line end is one line feed on every host. A write to a file that isn't open gives false without
-// an error code; any other failed write leaves its code in `error`.
+// Writer of generated text files. A line end is one line feed on every host.
+// Writing to a file that isn't open returns false without an error code. Any other failed write
+// leaves its code in `error`. Null returns false.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +22,10 @@ class TextOutputFile : public DiskFile {
 
   bool writeNewline();
 
-  /// Writes `count` line ends; a count below 1 writes nothing and is true.
+  /// Writes `count` line ends. A count below 1 writes nothing and returns true.
   bool writeNewlines(std::int16_t count);
+
+  // Not used by the tool; for programs that generate other texts.
 
   /// Writes the value in decimal.
   bool writeLong(std::int32_t value);
@@ -33,7 +35,7 @@ class TextOutputFile : public DiskFile {
 
   bool writeTab();
 
-  /// Writes `count` tabs; a count below 1 writes nothing and is true.
+  /// Writes `count` tabs. A count below 1 writes nothing and returns true.
   bool writeTabs(std::int16_t count);
 
   /// Writes `commentChar`, one blank and the text, without a line end.

@@ -8,7 +8,7 @@ namespace tavrel {
 
 namespace {
 
-// The character rules of <cctype> are defined for unsigned char only.
+// <cctype> is defined for the values of unsigned char only.
 bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
 bool isSmall(char c) { return std::islower(static_cast<unsigned char>(c)) != 0; }
 bool isCapital(char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; }
@@ -22,6 +22,9 @@ char foldCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' 
 }  // namespace
 
 bool equalsIgnoringCase(const char* first, const char* second) {
+  if (first == nullptr || second == nullptr) {
+    return false;
+  }
   while (*first != '\0' && foldCase(*first) == foldCase(*second)) {
     ++first;
     ++second;

@@ -1,28 +1,31 @@
-// Small operations on texts: changes in place, questions, and the comparison of keywords.
-// Nothing is allocated. A null text, and mostly an empty one, is answered with false.
+// Small operations on zero-terminated strings: changes in place, tests, and the comparison of
+// keywords. Nothing is allocated. Unless stated otherwise, null and the empty string return false.
 #pragma once
 
 namespace tavrel {
 
-/// Whether the texts are equal, whole, regardless of the case of the letters A to Z.
+/// Returns true if the strings are equal, regardless of the case of the letters A to Z. Null equals
+/// nothing; two empty strings are equal.
 bool equalsIgnoringCase(const char* first, const char* second);
 
-/// Replaces every character equal to `from` by `to`. False for a null text.
-bool replaceChar(char* text, char from, char to);
-
-/// Turns every letter into a capital. False for a null or empty text.
+/// Turns every letter into a capital.
 bool toUpper(char* text);
 
-/// Turns every letter into a small one. False for a null or empty text.
+/// Replaces every `from` by `to`. Returns true for the empty string.
+bool replaceChar(char* text, char from, char to);
+
+// Not used by the tool; for programs that generate names.
+
+/// Turns every letter into a small one.
 bool toLower(char* text);
 
-/// Turns the first character into a capital. False for a null or empty text.
+/// Turns the first character into a capital.
 bool upperFirst(char* text);
 
-/// Whether the text consists of decimal digits alone. False for a null or empty text.
+/// Returns true if the text has decimal digits only.
 bool isAllDigits(const char* text);
 
-/// Whether the text holds both a small letter and a capital. False for a null text.
+/// Returns true if the text has both small letters and capitals.
 bool isMixedCase(const char* text);
 
 }  // namespace tavrel

@@ -12,22 +12,22 @@ constexpr std::size_t kLongestPart = 32;
 }  // namespace
 
 const char* TimeStamp::getDateText() {
-  GetLocalTime(&now);
+  GetLocalTime(&now_);
   std::array<char, kLongestPart> text{};
-  std::snprintf(text.data(), text.size(), "%d/%d/%d", now.wMonth, now.wDay, now.wYear);
-  dateText = makeText(text.data());
-  return dateText.get();
+  std::snprintf(text.data(), text.size(), "%d/%d/%d", now_.wMonth, now_.wDay, now_.wYear);
+  dateText_ = makeText(text.data());
+  return dateText_.get();
 }
 
 const char* TimeStamp::getTimeText() {
-  GetLocalTime(&now);
-  const bool afterNoon = now.wHour > 12;
-  const int hour = afterNoon ? now.wHour - 12 : now.wHour;
+  GetLocalTime(&now_);
+  const bool afterNoon = now_.wHour > 12;
+  const int hour = afterNoon ? now_.wHour - 12 : now_.wHour;
   std::array<char, kLongestPart> text{};
-  std::snprintf(text.data(), text.size(), "%d:%.02d %s", hour, now.wMinute,
+  std::snprintf(text.data(), text.size(), "%d:%.02d %s", hour, now_.wMinute,
                 afterNoon ? "pm" : "am");
-  timeText = makeText(text.data());
-  return timeText.get();
+  timeText_ = makeText(text.data());
+  return timeText_.get();
 }
 
 const char* TimeStamp::getDateAndTime() {
@@ -38,8 +38,8 @@ const char* TimeStamp::getDateAndTime() {
   }
   std::array<char, 2 * kLongestPart> text{};
   std::snprintf(text.data(), text.size(), "%s %s", date, time);
-  stampText = makeText(text.data());
-  return stampText.get();
+  stampText_ = makeText(text.data());
+  return stampText_.get();
 }
 
 }  // namespace tavrel

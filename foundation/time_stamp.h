@@ -1,6 +1,6 @@
 // The local date and time as text, in the form of generated files: 7/22/1999 5:36 pm.
-// Owns the texts it gives out: each stays valid until the same operation runs again or the object
-// ends. Null means that memory is short.
+// Owns the texts that it returns: each is valid until the next call of the same operation or the
+// object's destruction. Operations return null if memory runs out.
 #pragma once
 
 #include "foundation/owned_text.h"
@@ -10,21 +10,21 @@ namespace tavrel {
 
 class TimeStamp {
  public:
-  /// Month, day and four-digit year, none of them padded: 3/4/1999.
+  /// Returns month, day and four-digit year, without leading zeros: 3/4/1999.
   const char* getDateText();
 
-  /// Hour, two-digit minute and half of the day: 5:06 pm. Hours above 12 count from 1 again and
-  /// take "pm"; all others, noon and the hour behind midnight included, take "am" as they stand.
+  /// Returns hour, two-digit minute and half of the day: 5:06 pm. Hours from 13 on are printed less
+  /// 12 with "pm", all others unchanged with "am": noon is 12:00 am and midnight 0:00 am.
   const char* getTimeText();
 
-  /// The date text and the time text with a blank between them. Reads the clock once for each.
+  /// Returns the date and the time, separated by a blank. Reads the clock once for each.
   const char* getDateAndTime();
 
  private:
-  SYSTEMTIME now;
-  OwnedText dateText;
-  OwnedText timeText;
-  OwnedText stampText;
+  SYSTEMTIME now_;
+  OwnedText dateText_;
+  OwnedText timeText_;
+  OwnedText stampText_;
 };
 
 }  // namespace tavrel

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "foundation/byte_block.h"
 #include "foundation/console.h"
 #include "foundation/disk_file.h"
 #include "foundation/text_utilities.h"
@@ -20,7 +19,7 @@ bool isDelimiter(char c) { return isBlank(c) || isLineEnd(c) || c == kComment; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isWhiteSpace(char c) { return isBlank(c) || (c >= '\n' && c <= '\r'); }
 
-/// The value of the decimal number that `text` begins with, modulo 2 to the power 32.
+/// Returns the decimal number at the start of `text`, modulo 2 to the power 32.
 std::int32_t decimalValue(const char* text) {
   while (isWhiteSpace(*text)) {
     ++text;
@@ -46,37 +45,21 @@ TokenFile::TokenFile(const char* name, const char* path) : fileName(name, path) 
 
 bool TokenFile::load() {
   DiskFile disk(modeRead, fileName.getNameAndPath(), "");
-  disk.open();
-  if (disk.reportError()) {
-    return false;
-  }
+  ByteBlock text;
   std::uint32_t size = 0;
-  disk.getSize(size);
-  if (disk.reportError()) {
+  const DiskFile::WholeRead result = disk.readImage(text, size);
+  if (disk.reportError() || result != DiskFile::WholeRead::complete) {
     return false;
   }
-  ByteBlock block = newBytes(size);
-  if (!block) {
-    return false;
-  }
-  data = block.release();
-  cursor = data;
-  dataEnd = data + size;
-  disk.read(data, size);
-  bool failed = disk.reportError();
-  if (!failed) {
-    disk.close();
-    failed = disk.reportError();
-  }
-  if (failed) {
-    freeData();
-  }
-  return !failed;
+  data_ = text.release();
+  cursor_ = data_;
+  dataEnd_ = data_ + size;
+  return true;
 }
 
 bool TokenFile::freeData() {
-  freeBlock(data);
-  data = cursor = dataEnd = nullptr;  // there is nothing left to read
+  freeBlock(data_);
+  data_ = cursor_ = dataEnd_ = nullptr;
   return true;
 }
 
@@ -84,7 +67,7 @@ bool TokenFile::readToken() {
   if (!skipToToken()) {
     return false;
   }
-  // skipToToken has left the cursor on a character of the token.
+  // skipToToken has left the cursor_ on a character of the token.
   std::size_t length = 0;
   char character = '\0';
   while (peekChar(character)) {
@@ -92,9 +75,10 @@ bool TokenFile::readToken() {
       token[length] = '\0';
       return true;
     }
-    ++cursor;
+    ++cursor_;
     if (length == kLongestToken) {
-      return oversizeToken();
+      reportOversizedToken();
+      return false;
     }
     token[length++] = character;
   }
@@ -118,10 +102,10 @@ bool TokenFile::skipToToken() {
 }
 
 bool TokenFile::peekChar(char& character) const {
-  if (cursor == dataEnd) {
+  if (cursor_ == dataEnd_) {
     return false;
   }
-  character = static_cast<char>(*cursor);
+  character = static_cast<char>(*cursor_);
   return true;
 }
 
@@ -129,7 +113,7 @@ bool TokenFile::nextChar(char& character) {
   if (!peekChar(character)) {
     return false;
   }
-  ++cursor;
+  ++cursor_;
   return true;
 }
 
@@ -139,19 +123,19 @@ bool TokenFile::skipBlanks() {
     if (!isBlank(character)) {
       return true;
     }
-    ++cursor;
+    ++cursor_;
   }
   return false;
 }
 
 bool TokenFile::skipLineEnd() {
-  ++cursor;
+  ++cursor_;
   char character = '\0';
   if (!peekChar(character)) {
     return false;
   }
   if (character == '\n') {
-    ++cursor;
+    ++cursor_;
   }
   lineNumber = static_cast<std::int16_t>(lineNumber + 1);
   return true;
@@ -163,16 +147,15 @@ bool TokenFile::skipComment() {
     if (isLineEnd(character)) {
       return true;
     }
-    ++cursor;
+    ++cursor_;
   }
   return false;
 }
 
-bool TokenFile::oversizeToken() {
+void TokenFile::reportOversizedToken() const {
   printLine(stderr, "File: ", textOrEmpty(fileName.name), " Line #: ", lineNumber,
             " has an oversize token, only ", static_cast<std::uint32_t>(kLongestToken),
             " chars allowed per token");
-  return false;
 }
 
 bool TokenFile::readTokenInto(char* destination) {
@@ -211,14 +194,14 @@ bool TokenFile::setFile(const char* name) {
 
 bool TokenFile::useMemory(std::uint8_t* block, std::size_t length) {
   setFile("");
-  data = block;
-  cursor = block;
-  dataEnd = block + length;
+  data_ = block;
+  cursor_ = block;
+  dataEnd_ = block + length;
   return true;
 }
 
 bool TokenFile::rewind() {
-  cursor = data;
+  cursor_ = data_;
   return true;
 }
 
@@ -233,7 +216,7 @@ bool TokenFile::skipLine() {
     return false;
   }
   if (character == '\n') {
-    ++cursor;
+    ++cursor_;
   }
   return true;
 }

@@ -1,8 +1,7 @@
-// A whole text file in memory, handed out one token at a time, with a line number for messages.
-// A token is a run of characters up to a blank, tab, carriage return, line feed or semicolon; a
-// semicolon opens a comment up to the end of its line. There is no quoting.
-// False means that nothing usable was read. The block with the text belongs to the object, but
-// `freeData`, not the destructor, releases it.
+// Reader of a text file: loads it whole and returns one token at a time, with a line number for
+// messages. A token ends at a blank, tab, carriage return, line feed or semicolon. A semicolon
+// opens a comment up to the end of its line. There is no quoting. Owns the text, but `freeData`,
+// not the destructor, releases it. Operations return false if there is nothing usable to read.
 #pragma once
 
 #include <array>
@@ -19,59 +18,67 @@ class TokenFile {
 
   static constexpr std::size_t kLineCapacity = 4096;
 
-  /// Room for any token and its terminator: what `readTokenInto` may need.
+  /// Holds any token and its terminator.
   using TokenBuffer = std::array<char, kLongestToken + 1>;
 
   TokenFile();
   explicit TokenFile(const char* name);
   TokenFile(const char* name, const char* path);
+  ~TokenFile() = default;
+  TokenFile(const TokenFile&) = delete;
+  TokenFile& operator=(const TokenFile&) = delete;
+  TokenFile(TokenFile&&) = delete;
+  TokenFile& operator=(TokenFile&&) = delete;
 
-  /// Reads the whole file into memory. A file that can't be read is reported on standard error.
+  /// Reads the whole file into memory. Reports a file that can't be read on standard error.
   bool load();
 
-  /// Releases the text, whoever made it. Always true. There is nothing to read afterwards.
+  /// Releases the text, however it was set. Always returns true. Nothing is left to read.
   bool freeData();
 
-  /// Puts the next token into `token`. False at the end of the text, behind which a token without a
-  /// delimiter counts too, and for a token of more than 1024 characters, which is reported.
+  /// Reads the next token into `token`. Returns false at the end of the text and for a token over
+  /// 1,024 characters, which is reported. A last token with no delimiter after it is not returned.
   bool readToken();
 
-  /// `readToken`, then a copy to `destination`, which has room for it.
-  bool readTokenInto(char* destination);
-
-  /// `readToken`, then its decimal value: an optional sign and digits up to any other character, 0
-  /// without digits, modulo 2 to the power 32.
+  /// Reads a token and sets `number` to its decimal value: an optional sign and digits up to any
+  /// other character, 0 without digits, modulo 2 to the power 32.
   bool readNumber(std::int32_t& number);
 
-  /// `readToken`, then its first character: "0" or "1" stores that number, any other gives false.
+  /// Reads a token and sets `flag` to 0 or 1, its first character. Fails for any other character.
   bool readFlag(std::uint8_t& flag);
 
-  /// Whether `token` equals the text, whole, regardless of the case of the letters A to Z.
+  /// Returns true if `token` equals the whole text, regardless of the case of the letters A to Z.
+  /// Null matches nothing.
   [[nodiscard]] bool isToken(const char* text) const;
 
-  /// Gives the file this name and an empty path. False: no memory, or a null name.
+  // Not used by the tool; for programs that parse other text, or text that is in memory already.
+
+  /// Reads a token and copies it to `destination`, which has room for a `TokenBuffer`.
+  bool readTokenInto(char* destination);
+
+  /// Sets the file's name and clears its path. Returns false if `name` is null or memory runs out.
   bool setFile(const char* name);
 
-  /// Makes `block` the text, `length` bytes of it. The block isn't copied; `freeData` would release
-  /// it with delete[]. Always true.
+  /// Takes ownership of the `length` bytes of `block`, made with new[], as the text. Always returns
+  /// true.
   bool useMemory(std::uint8_t* block, std::size_t length);
 
-  /// Back to the start of the text. `lineNumber` stays. Always true.
+  /// Moves to the start of the text. `lineNumber` is unchanged. Always returns true.
   bool rewind();
 
-  /// Passes over the next line end. False if the text ends before or directly behind the first
-  /// character of that line end. `lineNumber` stays.
+  /// Skips to the start of the next line. Returns false if there is none, or if the text ends after
+  /// the first character of the line end. `lineNumber` is unchanged.
   bool skipLine();
 
-  /// Copies the text up to and including the next line feed into `line`. A line of more than 4095
-  /// characters comes in pieces of that length. False if the text ends first.
+  /// Copies the text up to and including the next line feed into `line`. A line of more than 4,095
+  /// characters is returned in pieces of that length. Returns false if the text ends first.
   bool readLine();
 
-  /// Releases a block made with new[]; null is ignored. Always true.
+  /// Releases a block made with new[]. Null is ignored. Always returns true.
   static bool freeBlock(const std::uint8_t* block);
 
   TokenBuffer token{};          ///< the current token as a terminated text
-  std::int16_t lineNumber = 1;  ///< the line on which `token` stands
+  std::int16_t lineNumber = 1;  ///< the line of `token`
   FileName fileName;
   std::array<char, kLineCapacity> line{};  ///< what `readLine` has read, terminated
 
@@ -82,11 +89,11 @@ class TokenFile {
   bool skipBlanks();
   bool skipLineEnd();
   bool skipComment();
-  bool oversizeToken();
+  void reportOversizedToken() const;
 
-  std::uint8_t* data = nullptr;
-  std::uint8_t* cursor = nullptr;
-  std::uint8_t* dataEnd = nullptr;
+  std::uint8_t* data_ = nullptr;
+  std::uint8_t* cursor_ = nullptr;
+  std::uint8_t* dataEnd_ = nullptr;
 };
 
 }  // namespace tavrel

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include "foundation/console.h"
 #include "samples/sound_convert.h"
@@ -146,6 +147,8 @@ bool IffFile::getChunkRecord(std::uint32_t id, const IffChunk*& record) const {
 }
 
 void IffFile::releaseImage() { image.reset(); }
+
+ByteBlock IffFile::takeImage() { return std::move(image); }
 
 void IffFile::idToText(std::uint32_t id, char* text) {
   for (unsigned i = 0; i < 4; ++i) {

@@ -69,6 +69,9 @@ class IffFile {
   /// Frees the image: what the records point to is gone.
   void releaseImage();
 
+  /// Gives up ownership of the image; what the records point to lives on in it.
+  ByteBlock takeImage();
+
   /// Writes the four characters of `id` and a terminating zero.
   static void idToText(std::uint32_t id, char* text);
 

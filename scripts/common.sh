@@ -23,3 +23,11 @@ build() {
 run_tests() {
   ctest --preset "$1" --parallel "$(nproc)" "${@:2}"
 }
+
+# Runs a command, such as another script, and prints its name before and its time after it.
+step() {
+  printf '\n=== %s\n' "$*"
+  local start=$SECONDS
+  "$@"
+  printf '=== %s: %d s\n' "$*" $((SECONDS - start))
+}

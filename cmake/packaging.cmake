@@ -12,8 +12,8 @@ install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # The tool makes the same banks on every host, so the width of pointers doesn't matter.
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)
 write_basic_package_version_file(
-  ${CMAKE_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
-install(FILES ${CMAKE_BINARY_DIR}/tavrelConfigVersion.cmake DESTINATION ${package_directory})
+  ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake DESTINATION ${package_directory})
 install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelConfig.cmake DESTINATION ${package_directory})
 
 # The tool is linked statically, so the Debian package depends on nothing.

@@ -1,9 +1,9 @@
-# Builds for 64-bit Windows with mingw-w64. Everything is linked in, so that the programs run
-# without any library beside them; what is built runs here under Wine.
+# Builds for 64-bit Windows with mingw-w64. Everything is linked statically, so that the programs
+# need no DLL of their own. What is built runs here under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
-# googletest needs the threads of the standard library: the POSIX variant has them.
+# GoogleTest needs the threads of the standard library, which only the POSIX variant has.
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)

@@ -1,13 +1,13 @@
-// Makes what the whole-run benchmarks pack, the same bytes each time: make_inputs folder
+// Writes the inputs of the whole-run benchmarks, the same bytes each time: make_inputs folder
 //
 // | Files | What they are for |
 // |---|---|
 // | small.txt, small/*.wav | 2,000 WAV files of 40,000 to 50,000 bytes, each longer than the last |
-// | opaque.txt, opaque/*.dat | 16 user assets, 1 GiB in all |
-// | compress.txt, long.wav | 10 minutes of 44.1 kHz sound for the encoder |
-// | blocks15000.txt, blocks30000.txt, tiny.dat | scripts that are all language and no payload |
-// | tempo.txt, tempo.mid | a tempo behind 8 MB of other events |
-// | empty.txt | a bank without assets |
+// | compress_small.txt, joined.wav | the same files for the encoder, and their samples in one file
+// | | opaque.txt, opaque/*.dat | 16 user assets, 1 GiB in all | | compress.txt, long.wav | 10
+// minutes of 44.1 kHz sound for the encoder | | blocks15000.txt, blocks30000.txt, tiny.dat |
+// scripts that are all language and no payload | | tempo.txt, tempo.mid | a tempo after 8 MB of
+// other events | | empty.txt | a bank without assets |
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -62,17 +62,26 @@ void writeScript(const std::string& name, const std::string& blocks) {
   writeFile(name + ".txt", "BankFileName " + name + ".tvb\n" + blocks + "ScriptEnd\n");
 }
 
-/// Each file is a little longer than the last one: memory that one gives back fits no later one.
+/// Each file is a little longer than the last one, so that the memory of one is too small for the
+/// next.
 void makeSmallWaves() {
   std::filesystem::create_directory("small");
   std::string blocks;
+  std::string compressedBlocks;
+  Samples joined;
   for (int i = 0; i < kSmallFiles; ++i) {
     const std::string name = "small/" + std::to_string(i) + ".wav";
-    const std::size_t samples = 19978 + static_cast<std::size_t>(i) * 5 / 2;
-    writeFile(name, wav(tavrel::bench::whiteNoise(samples, static_cast<unsigned>(i)), 22050));
-    blocks += "WaveFile " + name + "\nSampleRate 22050\nAssetEnd\n";
+    const std::size_t count = 19978 + static_cast<std::size_t>(i) * 5 / 2;
+    const Samples samples = tavrel::bench::whiteNoise(count, static_cast<unsigned>(i));
+    writeFile(name, wav(samples, 22050));
+    joined.insert(joined.end(), samples.begin(), samples.end());
+    const std::string block = "WaveFile " + name + "\nSampleRate 22050\n";
+    blocks += block + "AssetEnd\n";
+    compressedBlocks += block + "Adpcm 1\nAssetEnd\n";
   }
   writeScript("small", blocks);
+  writeScript("compress_small", compressedBlocks);
+  writeFile("joined.wav", wav(joined, 22050));
 }
 
 void makeOpaqueAssets() {

@@ -100,20 +100,6 @@ void warnOfLoop(AssetBlock& block) {
   printLine(stderr);
 }
 
-/// Stores the asset. The batch writes its payload later.
-bool storeCompressed(AssetBlock& block, Sound& sound, AdpcmBatch& batch) {
-  block.entry().parameter[waveBitsPerSample] = 4;
-  if (!block.makePayload(adpcmStreamSize(sound.size))) {
-    return false;
-  }
-  std::uint8_t* stream = block.payload();
-  if (!block.store()) {
-    return false;
-  }
-  batch.add(std::move(sound.block), sound.offset, sound.size, stream);
-  return true;
-}
-
 /// Returns the samples in a block of their own. The samples of a WAV file are one already.
 ByteBlock takeSamples(Sound& sound) {
   if (sound.offset == 0) {
@@ -124,6 +110,22 @@ ByteBlock takeSamples(Sound& sound) {
     std::copy_n(sound.block.get() + sound.offset, sound.size, copy.get());
   }
   return copy;
+}
+
+/// Stores the asset. The batch writes its payload later.
+bool storeCompressed(AssetBlock& block, Sound& sound, AdpcmBatch& batch) {
+  block.entry().parameter[waveBitsPerSample] = 4;
+  // Samples that wait must not keep the rest of their file in memory.
+  ByteBlock samples = takeSamples(sound);
+  if (!samples || !block.makePayload(adpcmStreamSize(sound.size))) {
+    return false;
+  }
+  std::uint8_t* stream = block.payload();
+  if (!block.store()) {
+    return false;
+  }
+  batch.add(std::move(samples), 0, sound.size, stream);
+  return true;
 }
 
 bool storeUncompressed(AssetBlock& block, Sound& sound) {

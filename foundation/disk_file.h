@@ -35,6 +35,7 @@ enum FileError : std::uint32_t {
   errorSeekInAppendMode = 15,
   errorSeek = 16,
 };
+static_assert(errorNoMemory == FileName::kOutOfMemory, "copied from FileName::error");
 
 class DiskFile {
  public:

@@ -33,24 +33,14 @@ const ModeRow* findMode(std::uint32_t mode) {
   return row != kModes.end() ? row : nullptr;
 }
 
-/// Returns the size of the file, or a negative number if it has none. Leaves the position at the
-/// start and the stream in the state that it had.
-std::int64_t measure(std::ifstream& stream) {
+/// Returns the size of the file, or a negative number if it has none. Moves to the start and leaves
+/// the stream in the state that it had.
+std::int64_t measure(std::fstream& stream) {
   const std::ios_base::iostate state = stream.rdstate();
   stream.clear();
   stream.seekg(0, std::ios::end);
   const std::int64_t end = stream.tellg();
   stream.seekg(0);
-  stream.clear(state);
-  return end;
-}
-
-std::int64_t measure(std::ofstream& stream) {
-  const std::ios_base::iostate state = stream.rdstate();
-  stream.clear();
-  stream.seekp(0, std::ios::end);
-  const std::int64_t end = stream.tellp();
-  stream.seekp(0);
   stream.clear(state);
   return end;
 }
@@ -123,16 +113,14 @@ bool DiskFile::openStream(const char* fullName) {
     return false;
   }
   const auto flags = static_cast<std::ios_base::openmode>(openFlags_);
-  if (mode != modeRead) {
-    output_.open(path, flags);
-    return output_.good();
-  }
-  if (hasNoSize_) {
+  if (mode == modeRead && hasNoSize_) {
     return true;  // left unopened, so that every access fails
   }
-  input_.open(path, flags);
-  hasNoSize_ = kind != PathKind::file;  // a device that the host doesn't list, such as Windows' nul
-  return input_.good();
+  stream_.open(path, flags);
+  if (mode == modeRead) {
+    hasNoSize_ = kind != PathKind::file;  // a device that the host doesn't list, such as nul
+  }
+  return stream_.good();
 }
 
 bool DiskFile::close() {
@@ -140,18 +128,13 @@ bool DiskFile::close() {
     return fail(errorAlreadyClosed);
   }
   isOpen = false;
-  if (findMode(mode) == nullptr) {
-    input_.close();
-    output_.close();
-    return fail(errorBadMode);
+  if (mode == modeRead || findMode(mode) == nullptr) {
+    stream_.close();
+    return mode == modeRead || fail(errorBadMode);
   }
-  if (mode == modeRead) {
-    input_.close();
-    return true;
-  }
-  output_.flush();
-  output_.close();
-  return output_.good() || fail(errorWrite);
+  stream_.flush();
+  stream_.close();
+  return stream_.good() || fail(errorWrite);
 }
 
 bool DiskFile::canRead(const void* buffer) {
@@ -168,8 +151,8 @@ bool DiskFile::read(void* buffer, std::uint32_t length) {
   if (!canRead(buffer)) {
     return false;
   }
-  readBytes(input_, buffer, length);
-  return input_.good() || fail(errorRead);
+  readBytes(stream_, buffer, length);
+  return stream_.good() || fail(errorRead);
 }
 
 bool DiskFile::write(const void* buffer, std::uint32_t length) {
@@ -179,8 +162,8 @@ bool DiskFile::write(const void* buffer, std::uint32_t length) {
   if (mode == modeRead || findMode(mode) == nullptr) {
     return fail(errorBadMode);
   }
-  writeBytes(output_, buffer, length);
-  return output_.good() || fail(errorWrite);
+  writeBytes(stream_, buffer, length);
+  return stream_.good() || fail(errorWrite);
 }
 
 bool DiskFile::seek(std::uint32_t position) {
@@ -193,10 +176,7 @@ bool DiskFile::seek(std::uint32_t position) {
   if (findMode(mode) == nullptr) {
     return fail(errorBadMode);
   }
-  if (mode == modeRead) {
-    return input_.seekg(position).good() || fail(errorSeek);
-  }
-  return output_.seekp(position).good() || fail(errorSeek);
+  return stream_.seekg(position).good() || fail(errorSeek);
 }
 
 bool DiskFile::getSize(std::uint32_t& size) {
@@ -206,7 +186,7 @@ bool DiskFile::getSize(std::uint32_t& size) {
   if (findMode(mode) == nullptr) {
     return fail(errorBadMode);
   }
-  const std::int64_t end = mode == modeRead ? measure(input_) : measure(output_);
+  const std::int64_t end = measure(stream_);
   if (hasNoSize_ || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
     return fail(errorRead);
   }

@@ -1,5 +1,5 @@
 // A binary file with a mode chosen before opening: the one class that reads and writes files.
-// Owns its streams and its name. Operations return false on failure and leave its code in `error`,
+// Owns its stream and its name. Operations return false on failure and leave its code in `error`,
 // where it stays; `reportError` prints the message. Nothing throws.
 #pragma once
 
@@ -123,8 +123,7 @@ class DiskFile {
   WholeRead readOpenImage(ByteBlock& image, std::uint32_t& size, std::uint32_t spareBytes);
   bool openStream(const char* fullName);
 
-  std::ofstream output_;
-  std::ifstream input_;
+  std::fstream stream_;
   std::int32_t openFlags_ = kFlagsNotChosen;
   bool hasNoSize_ = false;  // a pipe or a device: it opens, but every read fails
 };

@@ -56,9 +56,9 @@ bool DiskFile::readRange(void* buffer, std::uint32_t start, std::uint32_t end) {
   if (end < start) {
     return fail(errorRead);
   }
-  input_.seekg(start);
-  readBytes(input_, buffer, end - start);
-  return input_.good() || fail(errorRead);
+  stream_.seekg(start);
+  readBytes(stream_, buffer, end - start);
+  return stream_.good() || fail(errorRead);
 }
 
 }  // namespace tavrel

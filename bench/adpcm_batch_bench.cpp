@@ -7,10 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "bench/plain_adpcm.h"
 #include "bench/sounds.h"
 #include "samples/adpcm_batch.h"
-#include "samples/adpcm_encoder.h"
+#include "tests/support/plain_adpcm.h"
 
 namespace tavrel::bench {
 
@@ -45,10 +44,9 @@ void reportThroughput(benchmark::State& state, const Sounds& sounds) {
 }
 
 Streams plainStreams(const Sounds& sounds) {
-  const AdpcmEncoder encoder;
   Streams streams;
   for (const Samples& samples : sounds) {
-    streams.push_back(encodePlainly(samples, encoder.stepFactors).codes);
+    streams.push_back(test::encodePlainly(samples).codes);
   }
   return streams;
 }

@@ -1,12 +1,12 @@
-// AdpcmEncoder beside the plain form of its algorithm. The throughput of `encoder` over that of
-// `plain` is the number to watch, and both must give the same bytes.
+// AdpcmEncoder compared with the plain form of its algorithm. The result is the throughput of
+// `encoder` divided by that of `plain`. Both must produce the same bytes.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 
-#include "bench/plain_adpcm.h"
 #include "bench/sounds.h"
 #include "samples/adpcm_encoder.h"
+#include "tests/support/plain_adpcm.h"
 
 namespace tavrel::bench {
 
@@ -19,9 +19,8 @@ void reportThroughput(benchmark::State& state) {
 }
 
 void plain(benchmark::State& state, const Samples& samples) {
-  const AdpcmEncoder encoder;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(encodePlainly(samples, encoder.stepFactors));
+    benchmark::DoNotOptimize(test::encodePlainly(samples));
   }
   reportThroughput(state);
 }
@@ -30,10 +29,10 @@ void encoder(benchmark::State& state, const Samples& samples) {
   const auto byteLength = static_cast<std::uint32_t>(samples.size() * sizeof(samples[0]));
   AdpcmEncoder checked;
   checked.encode(samples.data(), byteLength);
-  const auto expected = encodePlainly(samples, checked.stepFactors).codes;
+  const auto expected = test::encodePlainly(samples).codes;
   if (!std::equal(expected.begin(), expected.end(), checked.output.get(),
                   checked.output.get() + checked.outputSize)) {
-    state.SkipWithError("the bytes differ from those of the plain form");
+    state.SkipWithError("the bytes differ from the plain form");
     return;
   }
   for (auto _ : state) {

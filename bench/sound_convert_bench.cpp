@@ -1,5 +1,5 @@
-// The two passes over every byte of a sound: pairs swapped in place, and signs flipped. A plain
-// copy of the same bytes is the yardstick.
+// The two conversions that visit every byte of a sound, swapped pairs and flipped signs, compared
+// with a plain copy of the same bytes.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::size_t kByteCount = std::size_t{1} << 20;
 
-/// Runs `pass` over a block of sound again and again.
+/// Times `pass` over one block of sound.
 void measure(benchmark::State& state, void (*pass)(Bytes& bytes)) {
   Bytes bytes(kByteCount, 1);
   for (auto _ : state) {

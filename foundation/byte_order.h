@@ -63,6 +63,11 @@ constexpr void storeBig32(std::uint8_t* bytes, std::uint32_t value) {
   storeBig24(bytes + 1, value);
 }
 
+/// Returns `value` with its two bytes exchanged.
+constexpr std::uint16_t swapped16(std::uint16_t value) {
+  return static_cast<std::uint16_t>(value << 8U | value >> 8U);
+}
+
 /// Returns the id made of the first four characters of `text`, the first one in the least
 /// significant byte, as RIFF files are read.
 constexpr std::uint32_t littleFourCc(const char* text) {

@@ -1,4 +1,4 @@
-// Standard input, read without a buffer of our own.
+// Unbuffered reads of standard input.
 #pragma once
 
 namespace tavrel {

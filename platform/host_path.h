@@ -1,23 +1,22 @@
-// How the host finds the files that scripts name, and what stands under a name.
-// Scripts may separate folders with backslashes whatever the host does.
+// Finds files under the names that scripts use, and returns the kind of a file. Scripts may
+// separate folders with backslashes on every host.
 #pragma once
 
 #include <string>
 
 namespace tavrel {
 
-/// What a path leads to. A pipe, and the devices and sockets of `other`, have no size to ask for.
+/// Kind of file under a path. Pipes, and the devices and sockets of `other`, have no size.
 enum class PathKind { missing, file, directory, pipe, other };
 
-/// The path under which the host finds the file that a script calls `name`.
+/// Returns the path under which the host finds the file that a script calls `name`.
 ///
-/// Where folders are separated by slashes, a name with backslashes is used as it stands if a file
-/// of that very name exists, or if the folder that it would name with slashes doesn't; otherwise
-/// its backslashes become slashes. Elsewhere the name is given back unchanged.
-/// Throws std::bad_alloc when memory is short, and nothing else.
+/// On hosts that separate folders with slashes, backslashes become slashes if no file has exactly
+/// this name and the folder named with slashes exists. Otherwise, and on other hosts, `name` is
+/// returned unchanged. Throws std::bad_alloc if memory runs out, and nothing else.
 std::string hostPath(const char* name);
 
-/// What stands under `path`, links followed. A path that can't be looked at counts as missing.
+/// Returns the kind of the file at `path`, with links followed; `missing` if it can't be examined.
 PathKind pathKind(const char* path);
 
 }  // namespace tavrel

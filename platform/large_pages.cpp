@@ -12,7 +12,7 @@
 
 namespace tavrel {
 
-// Packing 1 GiB of assets went from 2.3 times the time of `cat` to 1.25 times.
+// Packing 1 GiB of assets took 2.3 times as long as `cat` without this and 1.25 times with it.
 void preferLargePages(void* block, std::size_t size) {
   const auto start = reinterpret_cast<std::uintptr_t>(block);
   const std::uintptr_t firstPage = (start + kLargePageSize - 1) / kLargePageSize * kLargePageSize;
@@ -22,21 +22,22 @@ void preferLargePages(void* block, std::size_t size) {
   }
 }
 
-// Left alone, the heap grows in steps of 128 KiB that can't be large pages. So it grows once, by
-// addresses only: what nobody touches takes no memory. Packing 2,000 small WAVs went from 2.1 times
-// the time of `cat` to 1.3 times.
+// By default the heap grows in steps of 128 KiB, which are too small for large pages. Growing it
+// once by a large range reserves addresses only; memory that isn't used costs nothing. Packing
+// 2,000 small WAVs took 2.1 times as long as `cat` without this and 1.3 times with it.
 void prepareHeap() {
   constexpr int kReserve = 1 << 30;
-  constexpr int kStep = 128 << 10;             // the usual growth, for when the reserve is used up
-  constexpr int kLargestHeapBlock = 32 << 20;  // the most that the heap can be asked to take
+  constexpr int kStep = 128 << 10;             // the default, for growth beyond the reserve
+  constexpr int kLargestHeapBlock = 32 << 20;  // largest threshold that mallopt accepts
   constexpr std::size_t kMoreThanFirstHeap = std::size_t{1} << 20U;
 
   mallopt(M_MMAP_THRESHOLD, kLargestHeapBlock);
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
   mallopt(M_TOP_PAD, kReserve);
   auto* const oldEnd = static_cast<char*>(sbrk(0));
-  // NOLINTBEGIN(cppcoreguidelines-no-malloc): the allocator itself is at work here
-  void* volatile block = std::malloc(kMoreThanFirstHeap);  // volatile: unused, and yet needed
+  // NOLINTBEGIN(cppcoreguidelines-no-malloc): this configures the allocator itself
+  void* volatile block =
+      std::malloc(kMoreThanFirstHeap);  // volatile, or the call is optimised away
   std::free(block);
   // NOLINTEND(cppcoreguidelines-no-malloc)
   mallopt(M_TOP_PAD, kStep);

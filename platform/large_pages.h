@@ -1,22 +1,21 @@
-// Large pages for memory that a run fills and keeps. A system hands fresh memory out a page at a
-// time, at its first use, and for a bank of any size these steps take longer than reading the
-// files: with large pages, 512 of them become one. Both calls are requests: where the host doesn't
-// know them nothing happens, and nothing can fail.
+// Requests for large pages, for memory that a run fills and keeps. Fresh memory is mapped page by
+// page on first use. For a large bank that takes longer than reading the files, and one large page
+// replaces 512 small ones. On hosts without such requests nothing happens; nothing can fail.
 #pragma once
 
 #include <cstddef>
 
 namespace tavrel {
 
-/// The smallest block for which `preferLargePages` can do something.
+/// Smallest block for which `preferLargePages` has an effect.
 constexpr std::size_t kLargePageSize = std::size_t{2} << 20U;
 
-/// Asks for large pages behind the `size` bytes at `block`, as far as whole ones fit in. Best
-/// called before the bytes are touched; their contents stay as they are.
+/// Requests large pages for those parts of the `size` bytes at `block` that fill whole ones. Call
+/// it before the bytes are first used; their contents don't change.
 void preferLargePages(void* block, std::size_t size);
 
-/// Makes the heap serve all blocks but the largest from one stretch of large pages. Memory that is
-/// freed stays with the process for its next blocks. For the start of a program that ends soon.
+/// Makes the heap serve all but the largest blocks from one range of large pages. The process keeps
+/// freed memory for its next blocks. Meant for the start of a short-lived program.
 void prepareHeap();
 
 }  // namespace tavrel

@@ -1,5 +1,5 @@
-// The platform's clock: local date and time, broken down into fields.
-// GetLocalTime cannot fail; a test may stop the clock at a time of its own.
+// The platform's clock: local date and time as separate fields. Reading it can't fail. Tests can
+// stop it at a time of their own.
 #pragma once
 
 #include <cstdint>
@@ -18,13 +18,15 @@ struct SYSTEMTIME {
   std::uint16_t wMilliseconds = 0;  ///< 0 to 999
 };
 
-/// Fills `time` with the local date and time, or with the time that a test has set.
+/// Sets `time` to the local date and time, or to the time at which the clock is stopped.
 void GetLocalTime(SYSTEMTIME* time);
 
-/// Stops the clock: GetLocalTime gives `time` from now on.
+// Not used by the tool; for tests.
+
+/// Makes GetLocalTime return `time` until `restartClock`.
 void stopClock(const SYSTEMTIME& time);
 
-/// Lets GetLocalTime read the real clock again.
+/// Makes GetLocalTime read the real clock again.
 void restartClock();
 
 }  // namespace tavrel

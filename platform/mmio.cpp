@@ -8,6 +8,7 @@
 #include <new>
 #include <string>
 
+#include "foundation/byte_order.h"
 #include "platform/host_path.h"
 #include "platform/transfer.h"
 
@@ -18,32 +19,26 @@ namespace {
 constexpr std::size_t kBufferSize = 4096;
 constexpr std::size_t kHeaderSize = 4 + 4;
 constexpr std::size_t kFormTypeSize = 4;
-constexpr std::uint32_t kRiff = 0x46464952;  // "RIFF", first character lowest
-constexpr std::uint32_t kList = 0x5453494C;  // "LIST"
+constexpr std::uint32_t kRiff = littleFourCc("RIFF");
+constexpr std::uint32_t kList = littleFourCc("LIST");
 
-std::uint32_t littleEndian(const std::uint8_t* bytes) {
-  return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16 |
-         std::uint32_t{bytes[3]} << 24;
-}
-
-/// Where the chunk behind this one begins, or would begin: a claim may point past any file.
+/// Returns the offset after the chunk and its pad byte, which may be past the end of the file.
 std::uint64_t endOf(const ChunkInfo& chunk) {
   return std::uint64_t{chunk.dataOffset} + chunk.chunkSize + chunk.chunkSize % 2;
 }
 
 }  // namespace
 
-/// An open file, a part of it in memory, and the position of the next read. Moving on costs
-/// nothing until something is read.
+/// An open file with a read buffer. Changing the position costs nothing until the next read.
 class MmioFile {
  public:
   bool open(const std::string& path);
 
-  /// Reads up to `count` bytes, fewer only at the end of the file or on a failure. What is larger
-  /// than the buffer goes straight to its destination.
+  /// Reads up to `count` bytes; fewer only at the end of the file or after a failure. Reads larger
+  /// than the buffer bypass it.
   std::size_t read(std::uint8_t* destination, std::size_t count);
 
-  /// How many bytes lie between the position and `limit`, the end of the file at most.
+  /// Returns the number of bytes from the position to `limit` or to the end of the file.
   [[nodiscard]] std::uint64_t bytesUpTo(std::uint64_t limit) const {
     const std::uint64_t end = std::min(limit, size);
     return position < end ? end - position : 0;
@@ -53,73 +48,75 @@ class MmioFile {
   std::uint64_t size = 0;
 
  private:
-  std::size_t takeBuffered(std::uint8_t* destination, std::size_t count);
+  std::size_t readBuffered(std::uint8_t* destination, std::size_t count);
   std::size_t readStream(std::uint8_t* destination, std::size_t count);
 
-  std::ifstream stream;
-  std::uint64_t streamPosition = 0;
-  std::array<std::uint8_t, kBufferSize> buffer{};
-  std::uint64_t bufferStart = 0;
-  std::size_t buffered = 0;
+  std::ifstream stream_;
+  std::uint64_t streamPosition_ = 0;
+  std::array<std::uint8_t, kBufferSize> buffer_{};
+  std::uint64_t bufferStart_ = 0;
+  std::size_t buffered_ = 0;
 };
 
 bool MmioFile::open(const std::string& path) {
-  stream.rdbuf()->pubsetbuf(nullptr, 0);  // ours is the only buffer
-  stream.open(path, std::ios::in | std::ios::binary);
-  stream.seekg(0, std::ios::end);
-  const std::streamoff end = stream.tellg();
-  if (!stream || end < 0) {
+  stream_.rdbuf()->pubsetbuf(nullptr, 0);  // `buffer_` is the only buffer
+  stream_.open(path, std::ios::in | std::ios::binary);
+  stream_.seekg(0, std::ios::end);
+  const std::streamoff end = stream_.tellg();
+  if (!stream_ || end < 0) {
     return false;
   }
   size = static_cast<std::uint64_t>(end);
-  streamPosition = size;
+  streamPosition_ = size;
   return true;
 }
 
 std::size_t MmioFile::read(std::uint8_t* destination, std::size_t count) {
   count = static_cast<std::size_t>(std::min<std::uint64_t>(count, bytesUpTo(size)));
-  const std::size_t front = takeBuffered(destination, count);
+  const std::size_t front = readBuffered(destination, count);
   const std::size_t rest = count - front;
   if (rest == 0) {
     return front;
   }
   if (rest >= kBufferSize) {
-    const std::size_t came = readStream(destination + front, rest);
-    position += came;
-    return front + came;
+    const std::size_t direct = readStream(destination + front, rest);
+    position += direct;
+    return front + direct;
   }
-  bufferStart = position;
-  buffered =
-      readStream(buffer.data(),
+  bufferStart_ = position;
+  buffered_ =
+      readStream(buffer_.data(),
                  static_cast<std::size_t>(std::min<std::uint64_t>(kBufferSize, bytesUpTo(size))));
-  return front + takeBuffered(destination + front, rest);
+  return front + readBuffered(destination + front, rest);
 }
 
-std::size_t MmioFile::takeBuffered(std::uint8_t* destination, std::size_t count) {
-  if (position < bufferStart || position - bufferStart >= buffered) {
+/// Takes up to `count` bytes from the buffer, as far as it holds those at the position.
+std::size_t MmioFile::readBuffered(std::uint8_t* destination, std::size_t count) {
+  if (position < bufferStart_ || position - bufferStart_ >= buffered_) {
     return 0;
   }
-  const auto offset = static_cast<std::size_t>(position - bufferStart);
-  const std::size_t taken = std::min(count, buffered - offset);
-  std::copy_n(buffer.data() + offset, taken, destination);
+  const auto offset = static_cast<std::size_t>(position - bufferStart_);
+  const std::size_t taken = std::min(count, buffered_ - offset);
+  std::copy_n(buffer_.data() + offset, taken, destination);
   position += taken;
   return taken;
 }
 
+/// Reads `count` bytes from the file at the position, without moving the position.
 std::size_t MmioFile::readStream(std::uint8_t* destination, std::size_t count) {
-  if (streamPosition != position) {
-    stream.seekg(static_cast<std::streamoff>(position));
+  if (streamPosition_ != position) {
+    stream_.seekg(static_cast<std::streamoff>(position));
   }
-  const auto came = static_cast<std::size_t>(readBytes(stream, destination, count));
-  streamPosition = position + came;
-  stream.clear();
-  return came;
+  const auto done = static_cast<std::size_t>(readBytes(stream_, destination, count));
+  streamPosition_ = position + done;
+  stream_.clear();
+  return done;
 }
 
 namespace {
 
-/// Reads the header at the position; false if none lies wholly in front of `limit`, or so far into
-/// the file that no ChunkInfo can hold its place.
+/// Reads the header at the position. Returns false if it doesn't end before `limit`, or if its
+/// content starts at 4 GiB or beyond, which ChunkInfo can't express.
 bool readHeader(MmioFile& file, std::uint64_t limit, ChunkInfo& chunk) {
   std::array<std::uint8_t, kHeaderSize> header{};
   if (file.bytesUpTo(limit) < header.size() ||
@@ -128,20 +125,21 @@ bool readHeader(MmioFile& file, std::uint64_t limit, ChunkInfo& chunk) {
     return false;
   }
   chunk = {};
-  chunk.chunkId = littleEndian(header.data());
-  chunk.chunkSize = littleEndian(header.data() + 4);
+  chunk.chunkId = loadLittle32(header.data());
+  chunk.chunkSize = loadLittle32(header.data() + 4);
   chunk.dataOffset = static_cast<std::uint32_t>(file.position);
   return true;
 }
 
-/// Reads the form type at the position; false if the chunk has no room for one in front of `limit`.
+/// Reads the form type at the position. Returns false if it doesn't fit into the chunk or doesn't
+/// end before `limit`.
 bool readFormType(MmioFile& file, std::uint64_t limit, ChunkInfo& chunk) {
   std::array<std::uint8_t, kFormTypeSize> type{};
   if (chunk.chunkSize < type.size() || file.bytesUpTo(limit) < type.size() ||
       file.read(type.data(), type.size()) < type.size()) {
     return false;
   }
-  chunk.formType = littleEndian(type.data());
+  chunk.formType = loadLittle32(type.data());
   return true;
 }
 

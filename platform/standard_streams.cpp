@@ -26,7 +26,7 @@ void prepareStandardStreams() {
 namespace tavrel {
 
 void prepareStandardStreams() {
-  // open() gives the lowest free descriptor, so each closed one of 0, 1 and 2 is filled in turn.
+  // open() returns the lowest free descriptor, so this fills the closed ones of 0, 1 and 2.
   for (int descriptor = open("/dev/null", O_RDWR); descriptor >= 0;
        descriptor = open("/dev/null", O_RDWR)) {
     if (descriptor > STDERR_FILENO) {

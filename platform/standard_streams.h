@@ -1,14 +1,13 @@
-// The standard streams, made safe before the first line is printed.
+// Prepares the standard streams before the first line is printed.
 #pragma once
 
 namespace tavrel {
 
-/// Makes the process ready to print and to write files.
-///
-/// Standard streams that the caller has closed lead to the null device, so that no file of ours
-/// takes their place and gets console lines in it; lines end in a bare line feed on every host; and
-/// a reader that goes away, or a limit on file sizes, shows as a failed write, not as the end of
-/// the process.
+/// Makes the process ready to print and to write files:
+/// - Standard streams that the caller has closed are opened on the null device. Otherwise the next
+///   file would get such a stream's descriptor, and console lines would end up in it.
+/// - Lines end in a bare line feed on every host.
+/// - A closed pipe or a limit on file sizes makes a write fail instead of ending the process.
 void prepareStandardStreams();
 
 }  // namespace tavrel

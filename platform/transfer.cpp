@@ -6,29 +6,30 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::uint64_t kLongestPiece = std::uint64_t{1} << 22;  // long enough to cost nothing
+constexpr std::uint64_t kLongestPiece = std::uint64_t{4}
+                                        << 20U;  // so long that pieces cost nothing
 
 }  // namespace
 
-std::uint64_t readBytes(std::istream& stream, void* bytes, std::uint64_t count) {
-  auto* place = static_cast<char*>(bytes);
-  std::uint64_t came = 0;
+std::uint64_t readBytes(std::istream& stream, void* destination, std::uint64_t count) {
+  auto* bytes = static_cast<char*>(destination);
+  std::uint64_t done = 0;
   do {
-    const std::uint64_t piece = std::min(count - came, kLongestPiece);
-    stream.read(place + came, static_cast<std::streamsize>(piece));
-    came += static_cast<std::uint64_t>(stream.gcount());
-  } while (stream.good() && came < count);
-  return came;
+    const std::uint64_t piece = std::min(count - done, kLongestPiece);
+    stream.read(bytes + done, static_cast<std::streamsize>(piece));
+    done += static_cast<std::uint64_t>(stream.gcount());
+  } while (stream.good() && done < count);
+  return done;
 }
 
-void writeBytes(std::ostream& stream, const void* bytes, std::uint64_t count) {
-  const auto* place = static_cast<const char*>(bytes);
-  std::uint64_t written = 0;
+void writeBytes(std::ostream& stream, const void* source, std::uint64_t count) {
+  const auto* bytes = static_cast<const char*>(source);
+  std::uint64_t done = 0;
   do {
-    const std::uint64_t piece = std::min(count - written, kLongestPiece);
-    stream.write(place + written, static_cast<std::streamsize>(piece));
-    written += piece;
-  } while (stream.good() && written < count);
+    const std::uint64_t piece = std::min(count - done, kLongestPiece);
+    stream.write(bytes + done, static_cast<std::streamsize>(piece));
+    done += piece;
+  } while (stream.good() && done < count);
 }
 
 }  // namespace tavrel

@@ -1,5 +1,5 @@
-// Reads and writes of any length. A host's own calls may take less than 2 GiB at once, so that a
-// stream which hands them a longer one fails or never ends.
+// Stream reads and writes of any length. A host's own calls may be limited to less than 2 GiB, and
+// a stream that passes on a longer request fails or never returns.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,11 @@
 
 namespace tavrel {
 
-/// Like `stream.read`. Gives how many bytes came; fewer than `count` leave the stream failed.
-std::uint64_t readBytes(std::istream& stream, void* bytes, std::uint64_t count);
+/// Reads like `stream.read`. Returns the number of bytes read; fewer than `count` leave the stream
+/// failed.
+std::uint64_t readBytes(std::istream& stream, void* destination, std::uint64_t count);
 
-/// Like `stream.write`.
-void writeBytes(std::ostream& stream, const void* bytes, std::uint64_t count);
+/// Writes like `stream.write`.
+void writeBytes(std::ostream& stream, const void* source, std::uint64_t count);
 
 }  // namespace tavrel

@@ -1,4 +1,4 @@
-// What AiffFile prints of a file's instrument and markers when asked to.
+// The lines in which AiffFile prints an instrument and markers if `dump` is set.
 #include <array>
 
 #include "foundation/console.h"
@@ -24,7 +24,7 @@ void printLoop(const char* label, const AiffLoop& loop) {
   printLine(stdout, label);
   printUnterminated(stdout, "Mode:          ");
   if (loop.mode < kLoopModes.size()) {
-    printLine(stdout, kLoopModes[loop.mode]);  // an unknown mode has no word and no line feed
+    printLine(stdout, kLoopModes[loop.mode]);  // an unknown mode prints not even a line feed
   }
   printNumber("Start ID:      ", loop.startId);
   printNumber("End ID:        ", loop.endId);
@@ -50,7 +50,7 @@ void AiffFile::dumpInstrument() const {
 
 void AiffFile::dumpMarkerListHead() const {
   printTitle("MARK");
-  printLine(stdout, "Size:              ", "Varies");
+  printLine(stdout, "Size:              Varies");
   printNumber("Number of Markers: ", markerList.count);
   printLine(stdout, kShortRule);
 }

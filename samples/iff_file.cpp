@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "foundation/byte_order.h"
 #include "foundation/console.h"
-#include "samples/sound_convert.h"
 
 namespace tavrel {
 
@@ -14,42 +14,42 @@ namespace {
 
 constexpr std::uint32_t kFormHeaderSize = 4 + 4 + 4;
 constexpr std::uint32_t kChunkHeaderSize = 4 + 4;
-constexpr std::size_t kSpareBytes = 255;  // behind the file: a reader may look a record ahead
+constexpr std::uint32_t kSpareBytes = 255;  // in the image after the file's bytes; never read
 
-/// The four characters of `id`, which may be any bytes, for printing. Lives as long as `text`.
+/// Returns the four characters of `id`, any of which may be zero. Valid as long as `text`.
 std::string_view idView(std::uint32_t id, IffFile::IdText& text) {
   IffFile::idToText(id, text.data());
   return {text.data(), 4};
 }
 
-}  // namespace
-
-IffFile::IffFile(const char* fullName) : disk(modeRead, fullName, nullptr) {}
-
-bool IffFile::load(std::uint32_t formType) {
-  return readImage() && isOfType(formType) && listChunks();
-}
-
-bool IffFile::readImage() {
-  if (!disk.open()) {
+/// Sets `record` to the first record with `id`; returns false without changing it if there is none.
+template <typename Chunks, typename Record>
+bool findChunk(Chunks& chunks, std::uint32_t id, Record*& record) {
+  const auto found =
+      std::ranges::find_if(chunks, [id](const IffChunk& chunk) { return chunk.id == id; });
+  if (found == chunks.end()) {
     return false;
   }
-  bool complete = disk.getSize(fileSize);
-  if (complete) {
-    image = newBytes(fileSize + kSpareBytes);
-    complete = image && disk.read(image.get(), fileSize);
-  }
-  return disk.close() && complete;
+  record = &*found;
+  return true;
 }
 
-/// Tells a file of another form type, or too short to have one, in a line.
+}  // namespace
+
+IffFile::IffFile(const char* fullName) : disk_(modeRead, fullName, nullptr) {}
+
+bool IffFile::load(std::uint32_t formType) {
+  return readFile() && isOfType(formType) && listChunks();
+}
+
+bool IffFile::readFile() {
+  return disk_.readImage(image_, fileSize_, kSpareBytes) == DiskFile::WholeRead::complete;
+}
+
+/// Reports a file that is of another form type or too short to have one.
 bool IffFile::isOfType(std::uint32_t formType) const {
-  if (fileSize >= kFormHeaderSize) {
-    std::uint32_t type = 0;
-    SoundConvert::readLong(type, image.get() + 8);
-    if (type == formType) {
-      return true;
-    }
+  if (fileSize_ >= kFormHeaderSize && loadBig32(image_.get() + 8) == formType) {
+    return true;
   }
   IdText text;
   printLine(stderr, "ERROR: This is not a '", idView(formType, text), "' file.");
@@ -57,15 +57,15 @@ bool IffFile::isOfType(std::uint32_t formType) const {
 }
 
 bool IffFile::listChunks() {
-  SoundConvert::readLong(formSize, image.get() + 4);
+  formSize_ = loadBig32(image_.get() + 4);
   if (verbose) {
     printLine(stdout, "FORM");
   }
-  // Counted first: a list that grows holds its records twice for a while.
+  // Counted first because a vector that grows holds its records twice for a while.
   std::size_t count = 0;
   walkChunks([&count](const IffChunk& /*chunk*/) { ++count; });
   try {
-    chunks.reserve(count);
+    chunks_.reserve(count);
   } catch (const std::bad_alloc&) {
     return false;
   }
@@ -73,43 +73,44 @@ bool IffFile::listChunks() {
   return true;
 }
 
-/// Gives every chunk of the form to `visit`, in file order.
+/// Calls `visit` with each chunk of the form, in file order.
 template <typename Visit>
 void IffFile::walkChunks(Visit visit) {
-  bytesWalked = 4;
-  cursor = kFormHeaderSize;
+  bytesWalked_ = 4;
+  cursor_ = kFormHeaderSize;
   IffChunk chunk;
-  bool formGoesOn = true;
-  while (formGoesOn && readChunk(chunk)) {
+  bool isLast = false;
+  while (!isLast && readHeader(chunk)) {
     visit(chunk);
-    formGoesOn = passChunk(chunk) && bytesWalked < formSize;
+    isLast = !skipChunk(chunk) || bytesWalked_ >= formSize_;
   }
 }
 
-/// Reads the header at the cursor. False if the file doesn't hold it wholly.
-bool IffFile::readChunk(IffChunk& chunk) const {
-  if (fileSize - cursor < kChunkHeaderSize) {
+/// Reads the header at the cursor. Returns false if it is cut off by the end of the file.
+bool IffFile::readHeader(IffChunk& chunk) const {
+  if (fileSize_ - cursor_ < kChunkHeaderSize) {
     return false;
   }
-  SoundConvert::readLong(chunk.id, image.get() + cursor);
-  SoundConvert::readLong(chunk.size, image.get() + cursor + 4);
-  chunk.data = image.get() + cursor + kChunkHeaderSize;
+  const std::uint8_t* header = image_.get() + cursor_;
+  chunk.id = loadBig32(header);
+  chunk.size = loadBig32(header + 4);
+  chunk.data = image_.get() + cursor_ + kChunkHeaderSize;
   return true;
 }
 
-/// Moves behind the chunk. False if it passes the end of the file.
-bool IffFile::passChunk(const IffChunk& chunk) {
+/// Moves the cursor past the chunk. Returns false if that is past the end of the file.
+bool IffFile::skipChunk(const IffChunk& chunk) {
   const std::uint64_t span = std::uint64_t{kChunkHeaderSize} + chunk.size + chunk.size % 2;
-  if (span > fileSize - cursor) {
+  if (span > fileSize_ - cursor_) {
     return false;
   }
-  cursor += static_cast<std::uint32_t>(span);
-  bytesWalked += static_cast<std::uint32_t>(span);
+  cursor_ += static_cast<std::uint32_t>(span);
+  bytesWalked_ += static_cast<std::uint32_t>(span);
   return true;
 }
 
 void IffFile::listChunk(const IffChunk& chunk) {
-  chunks.push_back(chunk);
+  chunks_.push_back(chunk);
   if (verbose) {
     IdText text;
     printLine(stdout, "    ", idView(chunk.id, text));
@@ -118,12 +119,12 @@ void IffFile::listChunk(const IffChunk& chunk) {
 
 bool IffFile::hasChunk(std::uint32_t id) const {
   const IffChunk* record = nullptr;
-  return getChunkRecord(id, record);
+  return findChunk(chunks_, id, record);
 }
 
 bool IffFile::getChunk(std::uint32_t id, std::uint8_t*& data, std::uint32_t& size) const {
   const IffChunk* record = nullptr;
-  if (!getChunkRecord(id, record)) {
+  if (!findChunk(chunks_, id, record)) {
     return false;
   }
   data = record->data;
@@ -131,34 +132,30 @@ bool IffFile::getChunk(std::uint32_t id, std::uint8_t*& data, std::uint32_t& siz
   return true;
 }
 
+ByteBlock IffFile::takeImage() { return std::move(image_); }
+
+void IffFile::idToText(std::uint32_t id, char* text) {
+  storeBig32(reinterpret_cast<std::uint8_t*>(text), id);
+  text[4] = '\0';
+}
+
 bool IffFile::getChunkSize(std::uint32_t id, std::uint32_t& size) const {
   std::uint8_t* data = nullptr;
   return getChunk(id, data, size);
 }
 
+bool IffFile::getChunkRecord(std::uint32_t id, IffChunk*& record) {
+  return findChunk(chunks_, id, record);
+}
+
 bool IffFile::getChunkRecord(std::uint32_t id, const IffChunk*& record) const {
-  const auto found = std::find_if(chunks.begin(), chunks.end(),
-                                  [id](const IffChunk& chunk) { return chunk.id == id; });
-  if (found == chunks.end()) {
-    return false;
-  }
-  record = &*found;
-  return true;
+  return findChunk(chunks_, id, record);
 }
 
-void IffFile::releaseImage() { image.reset(); }
-
-ByteBlock IffFile::takeImage() { return std::move(image); }
-
-void IffFile::idToText(std::uint32_t id, char* text) {
-  for (unsigned i = 0; i < 4; ++i) {
-    text[i] = static_cast<char>(id >> (24 - 8 * i));
-  }
-  text[4] = '\0';
-}
+void IffFile::releaseImage() { image_.reset(); }
 
 std::uint32_t IffFile::bytesHeld(const std::uint8_t* data, std::uint32_t size) const {
-  const auto left = static_cast<std::uint32_t>(image.get() + fileSize - data);
+  const auto left = static_cast<std::uint32_t>(image_.get() + fileSize_ - data);
   return std::min(size, left);
 }
 

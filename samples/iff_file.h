@@ -1,17 +1,17 @@
-// Reads a whole big-endian IFF file into memory, makes one pass over its chunks and lists them.
-// Owns the image and the list; the records point into the image. `load` prints one line if the file
-// is of another form type; other failures are only told by false.
+// Reader of big-endian IFF files: reads a whole file into memory and lists its chunks.
+// Owns the image and the list; the records point into the image. Operations return false on
+// failure. `load` reports a file of another form type in one line and is silent otherwise.
 //
 // The file, numbers big-endian:
 //
 // | offset | width | content                                                            |
 // |--------|-------|--------------------------------------------------------------------|
-// | 0      | 4     | "FORM" in a proper file; not compared with anything                |
-// | 4      | 4     | form size: size of what follows this field                         |
+// | 0      | 4     | "FORM" in a proper file; not checked                               |
+// | 4      | 4     | form size: size of everything after this field                     |
 // | 8      | 4     | form type                                                          |
 // | 12     |       | chunks                                                             |
 //
-// One chunk:
+// A chunk:
 //
 // | offset | width | content                                                            |
 // |--------|-------|--------------------------------------------------------------------|
@@ -30,74 +30,71 @@
 
 namespace tavrel {
 
-/// One chunk of the file. `size` is what the file claims; see IffFile::bytesHeld.
 struct IffChunk {
   std::uint32_t id = 0;          ///< the first character is the most significant byte
-  std::uint32_t size = 0;        ///< as claimed in the file
-  std::uint8_t* data = nullptr;  ///< the first byte of the content, in the image
+  std::uint32_t size = 0;        ///< as stated in the file; see IffFile::bytesHeld
+  std::uint8_t* data = nullptr;  ///< first byte of the content, in the image
 };
-
-/// The id whose characters are the first four of `text`.
-constexpr std::uint32_t iffId(const char* text) {
-  std::uint32_t id = 0;
-  for (unsigned i = 0; i < 4; ++i) {
-    id = id << 8 | static_cast<std::uint8_t>(text[i]);
-  }
-  return id;
-}
 
 class IffFile {
  public:
   using IdText = std::array<char, 4 + 1>;
 
-  /// No disk access yet.
+  /// Doesn't access the disk.
   explicit IffFile(const char* fullName);
 
-  /// Reads the file and lists its chunks. An object serves one `load`. False: the file can't be
-  /// read, is not of `formType`, or there is no memory. A chunk that passes the end of the form or
-  /// of the file is the last one; a header that the file doesn't hold wholly is none.
+  /// Reads the file and lists its chunks. Returns false if the file can't be read or is not of
+  /// `formType`, or if memory runs out. A chunk that reaches past the end of the form or the file
+  /// is the last one listed; a header that is cut off by the end of the file is not listed. An
+  /// object serves one `load`.
   bool load(std::uint32_t formType);
 
-  [[nodiscard]] bool hasChunk(std::uint32_t id) const;
-
-  // These answer for the first chunk with `id`. False, with the out-values unchanged, if there is
-  // none.
+  /// Returns the content and the stated size of the first chunk with `id`, or false without
+  /// changing either if there is none.
   bool getChunk(std::uint32_t id, std::uint8_t*& data, std::uint32_t& size) const;
-  bool getChunkSize(std::uint32_t id, std::uint32_t& size) const;
-  bool getChunkRecord(std::uint32_t id, const IffChunk*& record) const;
 
-  /// Frees the image: what the records point to is gone.
-  void releaseImage();
-
-  /// Gives up ownership of the image; what the records point to lives on in it.
+  /// Transfers ownership of the image to the caller. The records keep pointing into it.
   ByteBlock takeImage();
 
   /// Writes the four characters of `id` and a terminating zero.
   static void idToText(std::uint32_t id, char* text);
 
+  // Not used by the tool; for programs that inspect IFF files.
+
+  [[nodiscard]] bool hasChunk(std::uint32_t id) const;
+
+  // These return false, with the out-value unchanged, if there is no chunk with `id`. Of several,
+  // they use the first.
+  bool getChunkSize(std::uint32_t id, std::uint32_t& size) const;
+  bool getChunkRecord(std::uint32_t id, IffChunk*& record);
+  bool getChunkRecord(std::uint32_t id, const IffChunk*& record) const;
+
+  /// Frees the image; the `data` of every record is invalid from then on.
+  void releaseImage();
+
   bool verbose = false;  ///< `load` prints the chunk list
 
  protected:
-  /// How many bytes of a chunk's claimed content the file really holds.
+  /// Returns how many bytes of a chunk's content are in the file; at most the `size` it states.
   [[nodiscard]] std::uint32_t bytesHeld(const std::uint8_t* data, std::uint32_t size) const;
 
  private:
-  bool readImage();
+  bool readFile();
   bool isOfType(std::uint32_t formType) const;
   bool listChunks();
   template <typename Visit>
   void walkChunks(Visit visit);
-  bool readChunk(IffChunk& chunk) const;
-  bool passChunk(const IffChunk& chunk);
+  bool readHeader(IffChunk& chunk) const;
+  bool skipChunk(const IffChunk& chunk);
   void listChunk(const IffChunk& chunk);
 
-  std::uint32_t cursor = 0;       // offset in the image of the next chunk header
-  std::uint32_t bytesWalked = 0;  // of the form's content, the form type included
-  std::uint32_t formSize = 0;
-  std::uint32_t fileSize = 0;
-  ByteBlock image;
-  std::vector<IffChunk> chunks;  // in file order
-  DiskFile disk;
+  std::uint32_t cursor_ = 0;       // offset in the image of the next chunk header
+  std::uint32_t bytesWalked_ = 0;  // of the form's content, including the form type
+  std::uint32_t formSize_ = 0;
+  std::uint32_t fileSize_ = 0;
+  ByteBlock image_;
+  std::vector<IffChunk> chunks_;  // in file order
+  DiskFile disk_;
 };
 
 }  // namespace tavrel

@@ -1,16 +1,10 @@
 #include "samples/riff_file.h"
 
+#include "foundation/byte_order.h"
+
 namespace tavrel {
 
 namespace {
-
-std::uint32_t fourCc(const char* text) {
-  std::uint32_t value = 0;
-  for (unsigned i = 0; i < 4; ++i) {
-    value |= std::uint32_t{static_cast<std::uint8_t>(text[i])} << (8 * i);
-  }
-  return value;
-}
 
 ChunkInfo withId(std::uint32_t id) {
   ChunkInfo info;
@@ -20,13 +14,15 @@ ChunkInfo withId(std::uint32_t id) {
 
 ChunkInfo withFormType(const char* formType) {
   ChunkInfo info;
-  info.formType = fourCc(formType);
+  info.formType = littleFourCc(formType);
   return info;
 }
 
 }  // namespace
 
 RiffFile::RiffFile(const char* fullName) : FileName(fullName) {}
+
+RiffFile::~RiffFile() { close(); }
 
 bool RiffFile::open() {
   if (isOpen) {
@@ -51,18 +47,18 @@ bool RiffFile::descendRiff(const char* formType, ChunkInfo& info) {
   return descend(info, nullptr, kMmioFindRiff);
 }
 
+bool RiffFile::descendChunk(const char* id, ChunkInfo& info, ChunkInfo parent) {
+  info = withId(littleFourCc(id));
+  return descend(info, &parent, kMmioFindChunk);
+}
+
 bool RiffFile::descendList(const char* listType, ChunkInfo& info) {
   info = withFormType(listType);
   return descend(info, nullptr, kMmioFindList);
 }
 
-bool RiffFile::descendChunk(const char* id, ChunkInfo& info, ChunkInfo parent) {
-  info = withId(fourCc(id));
-  return descend(info, &parent, kMmioFindChunk);
-}
-
 bool RiffFile::descendNamedChunk(const char* id, ChunkInfo& info) {
-  return descendChunkById(fourCc(id), info);
+  return descendChunkById(littleFourCc(id), info);
 }
 
 bool RiffFile::descendChunkById(std::uint32_t value, ChunkInfo& info) {
@@ -93,12 +89,12 @@ bool RiffFile::readBytes(void* destination, std::uint32_t count) {
 bool RiffFile::ascend(const ChunkInfo& info) { return isOpen && mmioAscend(handle, &info, 0) == 0; }
 
 void RiffFile::fourCcToText(std::uint32_t value, char* text) {
-  for (unsigned i = 0; i < 4; ++i) {
-    text[i] = static_cast<char>(value >> (8 * i));
-  }
+  storeLittle32(reinterpret_cast<std::uint8_t*>(text), value);
   text[4] = '\0';
 }
 
-bool RiffFile::fourCcEquals(const char* text, std::uint32_t value) { return fourCc(text) == value; }
+bool RiffFile::fourCcEquals(const char* text, std::uint32_t value) {
+  return littleFourCc(text) == value;
+}
 
 }  // namespace tavrel

@@ -1,6 +1,6 @@
-// Walks a RIFF file on disk, one chunk at a time, through the platform's mmio calls. Reads nothing
-// ahead and keeps nothing: a descent stands for the position in the file. Whoever opened the file
-// closes it. Every operation tells a failure by false and prints nothing.
+// Reader of RIFF files, one chunk at a time, through the platform's mmio calls. Keeps no state of
+// its own: descending into a chunk moves the file position.
+// Owns the open file. Every operation returns false on failure and prints nothing.
 #pragma once
 
 #include <cstdint>
@@ -10,50 +10,60 @@
 
 namespace tavrel {
 
-/// Ids and form types are given as texts of four characters. The caller owns each ChunkInfo, which
-/// is cleared before it is filled.
+/// Ids and form types are passed as four characters. Operations that find a chunk clear the
+/// caller's ChunkInfo before they fill it.
 class RiffFile : public FileName {
  public:
   explicit RiffFile(const char* fullName);
+  RiffFile(const RiffFile&) = delete;
+  RiffFile(RiffFile&&) = delete;
+  RiffFile& operator=(const RiffFile&) = delete;
+  RiffFile& operator=(RiffFile&&) = delete;
 
-  /// Opens the file under `name`. False if it is open already.
+  /// Closes the file if it is open.
+  ~RiffFile();
+
+  /// Opens the file called `name`. Returns false if it is open already.
   bool open();
 
-  /// False if the file is closed already.
+  /// Returns false if the file is not open.
   bool close();
 
   /// Finds the next RIFF chunk of `formType` and moves to its first chunk.
   bool descendRiff(const char* formType, ChunkInfo& info);
 
-  /// Finds the next LIST chunk of `listType` and moves to its first chunk.
-  bool descendList(const char* listType, ChunkInfo& info);
-
   /// Finds the next chunk with `id` inside `parent` and moves to its content.
   bool descendChunk(const char* id, ChunkInfo& info, ChunkInfo parent);
 
-  // The same without a parent: the search ends with the file.
+  /// Returns true if at least as many bytes are left in the file as the chunk just descended into
+  /// states.
+  [[nodiscard]] bool holdsChunk(const ChunkInfo& info) const;
+
+  /// Reads the whole content of the chunk just descended into.
+  bool readChunk(const ChunkInfo& info, void* destination);
+
+  /// Reads exactly `count` bytes.
+  bool readBytes(void* destination, std::uint32_t count);
+
+  /// Moves past the chunk just descended into and its pad byte.
+  bool ascend(const ChunkInfo& info);
+
+  // Not used by the tool; for programs that inspect RIFF files.
+
+  /// Finds the next LIST chunk of `listType` and moves to its first chunk.
+  bool descendList(const char* listType, ChunkInfo& info);
+
+  // Find the next chunk with an id up to the end of the file and move to its content.
   bool descendNamedChunk(const char* id, ChunkInfo& info);
   bool descendChunkById(std::uint32_t value, ChunkInfo& info);
 
-  /// Is there another RIFF chunk of `formType`? If so, moves behind it.
+  /// Moves past the next RIFF chunk of `formType`; returns false if there is none.
   bool hasRiffForm(const char* formType, ChunkInfo& info);
-
-  /// Does the file hold as many bytes from here on as the chunk just descended into claims?
-  [[nodiscard]] bool holdsChunk(const ChunkInfo& info) const;
-
-  /// Reads the content of the chunk just descended into; all of its bytes must come.
-  bool readChunk(const ChunkInfo& info, void* destination);
-
-  /// Reads `count` bytes, all of which must come.
-  bool readBytes(void* destination, std::uint32_t count);
-
-  /// Moves behind the chunk just descended into and its pad byte.
-  bool ascend(const ChunkInfo& info);
 
   /// Writes the four characters of `value`, least significant byte first, and a terminating zero.
   static void fourCcToText(std::uint32_t value, char* text);
 
-  /// Are the four characters of `text` those of `value`?
+  /// Compares the four characters of `text` with those of `value`.
   static bool fourCcEquals(const char* text, std::uint32_t value);
 
   MmioHandle handle = nullptr;  ///< null while closed

@@ -1,7 +1,7 @@
-// Number conversions of sound files: big-endian fields and 80-bit extended floats, byte orders and
-// signs of samples, and the units in which instruments state pitch, time and gain.
-// Stateless: every operation is a function of its arguments. Only `swapBytes` can fail, when it is
-// asked to allocate.
+// Number conversions of sound files: big-endian fields, 80-bit extended floats, byte order and sign
+// of samples, and the units in which instruments state pitch, time and gain.
+// Stateless: every operation is a function of its arguments. Only `swapBytes` can fail, if it has
+// to allocate.
 #pragma once
 
 #include <cstdint>
@@ -10,56 +10,61 @@ namespace tavrel {
 
 class SoundConvert {
  public:
+  /// Reads the 10 bytes of an 80-bit extended float as an integer; a half is rounded up.
+  static void readExtended(std::uint32_t& value, const std::uint8_t* bytes);
+
+  /// Converts an 8-bit sample from signed to unsigned or back.
+  static constexpr std::uint8_t flipSign(std::uint8_t byte) {
+    return static_cast<std::uint8_t>(byte ^ 0x80U);
+  }
+
+  /// Copies whole pairs of bytes with the two bytes of each pair exchanged, and returns
+  /// `destination`, which may be the same block as `source`. If `destination` is null, allocates
+  /// `count` bytes that the caller owns and frees with delete[]; returns null if memory runs out.
+  static std::uint8_t* swapBytes(const std::uint8_t* source, std::uint8_t* destination,
+                                 std::uint32_t count);
+
+  /// Returns how many samples of `bits` bits are in `size` bytes. For 4 bits, returns how many the
+  /// ADPCM encoder takes from `size` bytes of 16-bit samples. Returns 0 for other widths than 4, 8
+  /// and 16.
+  static std::uint32_t sampleCount(std::uint32_t size, std::uint16_t bits);
+
+  // Not used by the tool; for programs that convert fields of sound files and of instruments.
+
   /// Reads 2 big-endian bytes.
   static void readWord(std::uint16_t& value, const std::uint8_t* bytes);
 
   /// Reads 4 big-endian bytes.
   static void readLong(std::uint32_t& value, const std::uint8_t* bytes);
 
-  /// Reads the 10 bytes of an 80-bit extended float as a whole number, a half rounded upward.
-  static void readExtended(std::uint32_t& value, const std::uint8_t* bytes);
-
-  /// Writes `value` as the 10 bytes that `readExtended` reads back; only 1 comes back as 2.
+  /// Writes `value` as the 10 bytes from which `readExtended` reads the same value; 1 is the
+  /// exception and is read as 2.
   static void makeExtended(std::uint8_t* bytes, std::uint32_t value);
 
-  /// A signed 8-bit sample as an unsigned one, and back.
-  static constexpr std::uint8_t flipSign(std::uint8_t byte) {
-    return static_cast<std::uint8_t>(byte ^ 0x80U);
-  }
-
-  /// Copies whole pairs of bytes, each pair exchanged, and gives the destination. With a null
-  /// `destination` it makes one of `count` bytes, which the caller frees with delete[]; null when
-  /// memory is short. Source and destination may be the same block.
-  static std::uint8_t* swapBytes(const std::uint8_t* source, std::uint8_t* destination,
-                                 std::uint32_t count);
-
-  /// Whole semitones, truncated toward zero.
+  /// Returns whole semitones, truncated toward zero.
   static std::int32_t centsToSemitones(std::int16_t cents);
 
-  /// Hertz of an absolute pitch in 1/65536 of a cent; 6900 cents are 440 Hz.
+  /// Returns the frequency of an absolute pitch in 1/65536 of a cent; 6900 cents are 440 Hz.
   static double pitchToHertz(std::int32_t pitch);
 
-  /// Tenths in 16.16 fixed point, as a number of units.
+  /// Converts tenths of a unit, in 16.16 fixed point, to units.
   static double fixedTenthsToDouble(std::int32_t tenths);
 
-  /// How many samples of `bits` bits come from `size` bytes; for 4 bits, how many the ADPCM encoder
-  /// takes from as many bytes of 16-bit samples. 0 for a width other than 4, 8 and 16.
-  static std::uint32_t sampleCount(std::uint32_t size, std::uint16_t bits);
-
-  /// The low 8 bits of a gain, scaled by 2.65625 and truncated toward zero; 0 for a gain above 0.
+  /// Returns the low 8 bits of `gain` times 2.65625, truncated toward zero; 0 for a gain above 0.
   static std::uint8_t gainToByte(std::int16_t gain);
 
-  /// Where `value` stands in a falling table of thresholds: 0 near its start, 28 at its end, 31 for
-  /// a value that lies outside.
+  /// Returns the position of `value` in a falling table of thresholds: 0 to 28, or 31 for a value
+  /// outside the table.
   static std::uint16_t descendingThresholdIndex(double value);
 
-  /// Milliseconds of a logarithmic time: 0 is a second, and 1200 * 65536 units double it.
+  /// Converts a logarithmic time to milliseconds: 0 is one second, and each 1200 * 65536 units
+  /// double it. The special value 0x8000000 means no time and returns 0.
   static double timeToMilliseconds(std::int32_t time);
 
-  /// -50 to 50 percent as 0 to 127, rounded up.
+  /// Maps -50 to 50 percent to 0 to 127, rounded up.
   static std::int32_t percentTo127(std::int8_t percent);
 
-  /// 0 to 127 as 0 to 31, rounded up.
+  /// Maps 0 to 127 to 0 to 31, rounded up.
   static std::int32_t scale127To31(std::int8_t value);
 };
 

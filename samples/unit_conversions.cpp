@@ -1,5 +1,5 @@
-// The conversions of SoundConvert between units of pitch, time, gain and size. Constants and the
-// order of the products are exact: results are the same to the last bit everywhere.
+// Conversions of SoundConvert between units of pitch, time, gain and size. The digits of the
+// constants and the order of the operations determine the last bit of each result.
 #include <array>
 #include <cmath>
 
@@ -12,8 +12,7 @@ namespace {
 constexpr double kCentsPerPitchUnit = 1.52587890625e-05;          // 1 / 65536
 constexpr double kUnitsPerFixedTenth = 1.52587890625e-6;          // 1 / 655360
 constexpr double kDoublingsPerTimeUnit = 1.2715657552083334e-08;  // 1 / (1200 * 65536)
-// 1 / 1.27, which as a double is not quite 100 / 127
-constexpr double kPercentPer127th = 0.7874015748031495;
+constexpr double kPercentPer127th = 0.7874015748031495;           // 1 / 1.27; 100 / 127 differs
 constexpr std::int32_t kNoTime = 0x8000000;
 
 constexpr std::array<double, 32> kThresholds = {

@@ -4,34 +4,24 @@
 #include <array>
 #include <utility>
 
+#include "foundation/byte_order.h"
+
 namespace tavrel {
 
-namespace {
-
-std::uint16_t readLittle16(const std::uint8_t* bytes) {
-  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
-std::uint32_t readLittle32(const std::uint8_t* bytes) {
-  return readLittle16(bytes) | std::uint32_t{readLittle16(bytes + 2)} << 16;
-}
-
-}  // namespace
-
-WaveFile::WaveFile(const char* fullName) : path(fullName) {}
+WaveFile::WaveFile(const char* fullName) : path_(fullName) {}
 
 bool WaveFile::load() {
-  RiffFile riff(path.getFullPath());
+  RiffFile riff(path_.getFullPath());
   if (!riff.open()) {
     return false;
   }
-  const bool complete = readFrom(riff);
+  const bool complete = readChunks(riff);
   const bool closed = riff.close();
-  loaded = complete && closed;
-  return loaded;
+  loaded_ = complete && closed;
+  return loaded_;
 }
 
-bool WaveFile::readFrom(RiffFile& riff) {
+bool WaveFile::readChunks(RiffFile& riff) {
   ChunkInfo wave;
   ChunkInfo chunk;
   return riff.descendRiff("WAVE", wave) && riff.descendChunk("fmt ", chunk, wave) &&
@@ -44,13 +34,13 @@ bool WaveFile::readFormat(RiffFile& riff, const ChunkInfo& chunk) {
   if (!riff.readBytes(stored.data(), std::min(chunk.chunkSize, WaveFormat::kStoredSize))) {
     return false;
   }
-  format.formatTag = readLittle16(stored.data());
-  format.channels = readLittle16(stored.data() + 2);
-  format.samplesPerSecond = readLittle32(stored.data() + 4);
-  format.averageBytesPerSecond = readLittle32(stored.data() + 8);
-  format.blockAlign = readLittle16(stored.data() + 12);
-  format.bitsPerSample = readLittle16(stored.data() + 14);
-  format.extraSize = readLittle16(stored.data() + 16);
+  format_.formatTag = loadLittle16(stored.data());
+  format_.channels = loadLittle16(stored.data() + 2);
+  format_.samplesPerSecond = loadLittle32(stored.data() + 4);
+  format_.averageBytesPerSecond = loadLittle32(stored.data() + 8);
+  format_.blockAlign = loadLittle16(stored.data() + 12);
+  format_.bitsPerSample = loadLittle16(stored.data() + 14);
+  format_.extraSize = loadLittle16(stored.data() + 16);
   return true;
 }
 
@@ -58,43 +48,43 @@ bool WaveFile::readSamples(RiffFile& riff, const ChunkInfo& chunk) {
   if (!riff.holdsChunk(chunk)) {
     return false;
   }
-  sampleBytes = chunk.chunkSize;
-  samples = newBytes(roundUp(sampleBytes, 4));
-  return samples && riff.readChunk(chunk, samples.get());
+  sampleBytes_ = chunk.chunkSize;
+  samples_ = newBytes(roundUp(sampleBytes_, 4));
+  return samples_ && riff.readChunk(chunk, samples_.get());
 }
 
-bool WaveFile::getDataSize(std::uint32_t& size) const { return answer(size, sampleBytes); }
+bool WaveFile::getDataSize(std::uint32_t& size) const { return answer(size, sampleBytes_); }
 
 bool WaveFile::getBitsPerSample(std::uint16_t& bits) const {
-  return answer(bits, format.bitsPerSample);
+  return answer(bits, format_.bitsPerSample);
 }
 
 bool WaveFile::getChannels(std::uint16_t& channels) const {
-  return answer(channels, format.channels);
+  return answer(channels, format_.channels);
 }
 
 bool WaveFile::getSampleRate(std::uint32_t& rate) const {
-  return answer(rate, format.samplesPerSecond);
+  return answer(rate, format_.samplesPerSecond);
 }
 
-bool WaveFile::getFormatTag(std::uint16_t& tag) const { return answer(tag, format.formatTag); }
+std::uint8_t* WaveFile::getSampleData() const { return loaded_ ? samples_.get() : nullptr; }
 
-bool WaveFile::getFormat(WaveFormat& record) const { return answer(record, format); }
+ByteBlock WaveFile::takeSamples() { return loaded_ ? std::move(samples_) : nullptr; }
 
-bool WaveFile::isStereo() const { return loaded && format.channels == 2; }
+bool WaveFile::getFormatTag(std::uint16_t& tag) const { return answer(tag, format_.formatTag); }
 
-bool WaveFile::isMono() const { return loaded && format.channels == 1; }
+bool WaveFile::getFormat(WaveFormat& record) const { return answer(record, format_); }
 
-bool WaveFile::isPcm() const { return loaded && format.formatTag == 1; }
+bool WaveFile::isStereo() const { return loaded_ && format_.channels == 2; }
+
+bool WaveFile::isMono() const { return loaded_ && format_.channels == 1; }
+
+bool WaveFile::isPcm() const { return loaded_ && format_.formatTag == 1; }
 
 bool WaveFile::getSampleInfo(WaveSampleInfo& record) const {
-  return answer(record, {format, samples.get(), sampleBytes}) && samples;
+  return answer(record, {format_, samples_.get(), sampleBytes_}) && samples_;
 }
 
-std::uint8_t* WaveFile::getSampleData() const { return loaded ? samples.get() : nullptr; }
-
-ByteBlock WaveFile::takeSamples() { return loaded ? std::move(samples) : nullptr; }
-
-void WaveFile::releaseData() { samples.reset(); }
+void WaveFile::releaseData() { samples_.reset(); }
 
 }  // namespace tavrel

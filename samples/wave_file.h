@@ -1,7 +1,8 @@
-// Reads the format block and the sample bytes of a RIFF/WAVE file into memory, and judges neither:
-// 8-bit samples stay unsigned, 16-bit samples little-endian, any other width is bytes.
-// Owns the samples. Prints nothing; queries answer only after a successful `load`, and otherwise
-// give false or null and leave their out-value as it was.
+// Reader of RIFF/WAVE files: reads the format block and the sample bytes into memory. It checks
+// and converts nothing: 8-bit samples stay unsigned, 16-bit samples little-endian, and samples of
+// any other width are plain bytes.
+// Owns the samples. Prints nothing. Queries of an object that isn't loaded return false or null and
+// leave the out-value unchanged.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,7 @@
 
 namespace tavrel {
 
-/// The start of a `fmt ` chunk. Fields that a short chunk doesn't reach are 0.
+/// The start of a `fmt ` chunk. Fields beyond the end of a short chunk are 0.
 ///
 /// | offset | width | field                 |
 /// |--------|-------|-----------------------|
@@ -35,7 +36,7 @@ struct WaveFormat {
   std::uint16_t extraSize = 0;
 };
 
-/// All that a loaded file knows. The samples belong to the WaveFile.
+/// View of a loaded file; the WaveFile owns the samples.
 struct WaveSampleInfo {
   WaveFormat format;
   std::uint8_t* samples = nullptr;
@@ -44,56 +45,61 @@ struct WaveSampleInfo {
 
 class WaveFile {
  public:
-  /// No disk access yet.
+  /// Doesn't access the disk.
   explicit WaveFile(const char* fullName);
 
-  /// Reads the file; an object serves one `load`. False: no such file, no RIFF chunk of form
-  /// "WAVE", no `fmt ` chunk or no `data` chunk behind it, a chunk that promises more than the file
-  /// holds, or no memory.
+  /// Reads the file. Returns false if it can't be opened, if it has no RIFF chunk of form "WAVE"
+  /// with a `fmt ` chunk and a `data` chunk after that, if the file ends inside one of these two,
+  /// or if memory runs out. An object serves one `load`.
   bool load();
 
-  [[nodiscard]] bool getDataSize(std::uint32_t& size) const;
-  [[nodiscard]] bool getBitsPerSample(std::uint16_t& bits) const;
-  [[nodiscard]] bool getChannels(std::uint16_t& channels) const;
-  [[nodiscard]] bool getSampleRate(std::uint32_t& rate) const;
-  [[nodiscard]] bool getFormatTag(std::uint16_t& tag) const;
-  [[nodiscard]] bool getFormat(WaveFormat& record) const;
+  bool getDataSize(std::uint32_t& size) const;
+  bool getBitsPerSample(std::uint16_t& bits) const;
+  bool getChannels(std::uint16_t& channels) const;
+  bool getSampleRate(std::uint32_t& rate) const;
+
+  /// Returns the sample bytes, which the caller may change in place. Valid until `takeSamples`,
+  /// `releaseData` or the object's destruction.
+  [[nodiscard]] std::uint8_t* getSampleData() const;
+
+  /// Transfers ownership of the samples to the caller. The block has room for padding to a multiple
+  /// of 4 bytes.
+  ByteBlock takeSamples();
+
+  // Not used by the tool; for programs that inspect WAV files.
+
+  bool getFormatTag(std::uint16_t& tag) const;
+  bool getFormat(WaveFormat& record) const;
   [[nodiscard]] bool isStereo() const;
   [[nodiscard]] bool isMono() const;
   [[nodiscard]] bool isPcm() const;
 
-  /// False as well if the samples are released.
-  [[nodiscard]] bool getSampleInfo(WaveSampleInfo& record) const;
+  /// Fills `record` from a loaded file. Also returns false if the samples have been taken or
+  /// released; `record` then has a null pointer.
+  bool getSampleInfo(WaveSampleInfo& record) const;
 
-  /// The sample bytes, which the caller may change in place. Valid until `takeSamples`,
-  /// `releaseData` or the end of the object.
-  [[nodiscard]] std::uint8_t* getSampleData() const;
-
-  /// Gives the samples to the caller, in a block with room for padding up to a multiple of 4 bytes.
-  /// Null if nothing is loaded; as with `releaseData`, none are left here.
-  ByteBlock takeSamples();
-
-  /// Frees the samples at once.
+  /// Frees the samples.
   void releaseData();
 
  private:
-  bool readFrom(RiffFile& riff);
+  bool readChunks(RiffFile& riff);
   bool readFormat(RiffFile& riff, const ChunkInfo& chunk);
   bool readSamples(RiffFile& riff, const ChunkInfo& chunk);
 
+  /// Sets `out` to `value` if the object is loaded.
   template <typename Value>
   bool answer(Value& out, const Value& value) const {
-    if (loaded) {
+    if (loaded_) {
       out = value;
     }
-    return loaded;
+    return loaded_;
   }
 
-  WaveFormat format;
-  SplitPath path;
-  ByteBlock samples;
-  std::uint32_t sampleBytes = 0;
-  bool loaded = false;
+  WaveFormat format_;
+  SplitPath path_;
+  ByteBlock samples_;
+  std::uint32_t sampleBytes_ = 0;
+  bool loaded_ = false;
 };
 
 }  // namespace tavrel

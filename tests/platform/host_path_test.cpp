@@ -4,20 +4,27 @@
 
 namespace tavrel::test {
 
-TEST(HostPathTest, BackslashesBecomeSlashesOnlyWhereThatLeadsSomewhere) {
-  TemporaryDirectory directory;
+TEST(HostPath, BackslashesBecomeSlashesOnlyIfTheFolderExists) {
+  const TemporaryDirectory directory;
   const std::string folder = directory.path("");
-  const bool slashes = std::filesystem::path::preferred_separator == '/';
+  const bool usesSlashes = std::filesystem::path::preferred_separator == '/';
   std::filesystem::create_directories(directory.path("snd/deep"));
   directory.write("snd/file", "");
-  directory.write(slashes ? "snd\\own.wav" : "own.wav", "");
+  directory.write(usesSlashes ? "snd\\own.wav" : "own.wav", "");
   for (const auto& [name, found] : {std::pair{"snd\\deep/..\\new.wav", "snd/deep/../new.wav"},
                                     {"snd\\own.wav", "snd\\own.wav"},
                                     {"no folder\\new.wav", "no folder\\new.wav"},
                                     {"snd\\file\\new.wav", "snd\\file\\new.wav"}}) {
-    EXPECT_EQ(hostPath((folder + name).c_str()), folder + (slashes ? found : name));
+    EXPECT_EQ(hostPath((folder + name).c_str()), folder + (usesSlashes ? found : name));
   }
-  EXPECT_EQ(hostPath("\\new.wav"), slashes ? "/new.wav" : "\\new.wav") << "in the root folder";
+  EXPECT_EQ(hostPath("\\new.wav"), usesSlashes ? "/new.wav" : "\\new.wav") << "in the root folder";
+}
+
+TEST(HostPath, PathKindDistinguishesFilesFromFolders) {
+  const TemporaryDirectory directory;
+  EXPECT_EQ(pathKind(directory.write("file", "").c_str()), PathKind::file);
+  EXPECT_EQ(pathKind(directory.path().c_str()), PathKind::directory);
+  EXPECT_EQ(pathKind(directory.path("none").c_str()), PathKind::missing);
 }
 
 }  // namespace tavrel::test

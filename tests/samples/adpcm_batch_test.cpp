@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "bench/plain_adpcm.h"
+#include "tests/support/plain_adpcm.h"
 
 namespace tavrel::test {
 
@@ -26,9 +26,7 @@ Samples randomSamples(std::mt19937& random, std::size_t count) {
 /// The codes of the plain form, with bytes of 128 up to a multiple of four.
 std::vector<std::uint8_t> plainStream(Samples samples) {
   samples.resize(samples.size() / 2 * 2);
-  const std::array<double, 8> factors = {0.8984375,  0.8984375,  0.8984375, 0.8984375,
-                                         1.19921875, 1.59765625, 2.0,       2.3984375};
-  std::vector<std::uint8_t> stream = bench::encodePlainly(samples, factors).codes;
+  std::vector<std::uint8_t> stream = encodePlainly(samples).codes;
   stream.resize((stream.size() + 3) / 4 * 4, 128);
   return stream;
 }

@@ -8,37 +8,55 @@ namespace tavrel::test {
 
 std::uint8_t* raw(std::string& text) { return reinterpret_cast<std::uint8_t*>(text.data()); }
 
+TEST(SoundConvert, ReadsBigEndianNumbers) {
+  std::string bytes = "\xF2\xF1\x80\x84";
+  std::uint16_t word = 0;
+  std::uint32_t number = 0;
+  SoundConvert::readWord(word, raw(bytes));
+  EXPECT_EQ(word, 0xF2F1);
+  SoundConvert::readLong(number, raw(bytes));
+  EXPECT_EQ(number, 0xF2F18084);
+}
+
+TEST(SoundConvert, ReadsAndMakesExtendedFloats) {
+  const struct {
+    std::uint32_t exponent, mantissaTop, expected;
+  } rows[] = {{0x000B, 0xFA000000, 8000},  {0x401E, 0xFFFFFFFF, 0xFFFFFFFF},
+              {0x400B, 0x80040000, 4097},  {0x3FFF, 0x80000000, 1},
+              {0x400E, 0xAC440000, 44100}, {0x3FFE, 0x80000000, 1},
+              {0x3FFD, 0xFFFFFFFF, 0},     {0x401F, 0xFFFFFFFF, 0}};
+  for (const auto& [exponent, mantissaTop, expected] : rows) {
+    std::string bytes = Bytes().be16(exponent).be32(mantissaTop).fill(4, 0xFF);
+    std::uint32_t value = 7;
+    SoundConvert::readExtended(value, raw(bytes));
+    EXPECT_EQ(value, expected) << exponent;
+  }
+  for (const auto& [value, exponent, mantissaTop] : {std::array{44100U, 0x0EU, 44100U << 16U},
+                                                     {1, 0, 1U << 31U},
+                                                     {2, 0, 1U << 31U},
+                                                     {0, 0, 0}}) {
+    std::string bytes(10, 'x');
+    SoundConvert::makeExtended(raw(bytes), value);
+    EXPECT_EQ(bytes, Bytes().be16(exponent).be32(mantissaTop).fill(4).str()) << value;
+  }
+}
+
+TEST(SoundConvert, SwapsWholePairsAndReadsNothingElse) {
+  std::string text = "abcdefg";
+  EXPECT_EQ(SoundConvert::swapBytes(nullptr, raw(text), 1), raw(text));
+  const std::unique_ptr<std::uint8_t[]> made(SoundConvert::swapBytes(raw(text), nullptr, 4));
+  EXPECT_EQ(std::string(made.get(), made.get() + 4), "badc");
+  EXPECT_EQ(SoundConvert::swapBytes(made.get(), raw(text), 3), raw(text));
+  EXPECT_EQ(text, "abcdefg");
+  SoundConvert::swapBytes(raw(text) + 2, raw(text), 4);
+  EXPECT_EQ(text, "dcfeefg") << "overlapping";
+}
+
 template <typename Result, typename Argument>
 void expectRows(Result (*convert)(Argument), const std::vector<std::pair<double, double>>& rows) {
   for (const auto& [argument, result] : rows) {
     EXPECT_DOUBLE_EQ(convert(static_cast<Argument>(argument)), result) << argument;
   }
-}
-
-TEST(SoundConvert, ReadsAndMakesExtendedFloats) {
-  // The exponent, the top of the mantissa, and the number that is read from them.
-  const std::uint32_t rows[][3] = {{0x000B, 0xFA000000, 8000},  {0x401E, 0xFFFFFFFF, 0xFFFFFFFF},
-                                   {0x400B, 0x80040000, 4097},  {0x3FFF, 0x80000000, 1},
-                                   {0x400E, 0xAC440000, 44100}, {0x3FFE, 0x80000000, 1},
-                                   {0x3FFD, 0xFFFFFFFF, 0},     {0x401F, 0xFFFFFFFF, 0}};
-  std::string bytes;
-  for (const auto& [exponent, top, expected] : rows) {
-    std::uint32_t value = 7;
-    SoundConvert::readExtended(value, raw(bytes = Bytes().be16(exponent).be32(top).fill(4, 0xFF)));
-    EXPECT_EQ(value, expected) << exponent;
-  }
-  SoundConvert::makeExtended(raw(bytes), 44100);
-  EXPECT_EQ(bytes, Bytes().be16(0x000E).be32(44100U << 16).fill(4).str());
-  SoundConvert::makeExtended(raw(bytes), 1);
-  EXPECT_EQ(bytes, Bytes().be16(0).be32(1U << 31).fill(4).str());
-}
-
-TEST(SoundConvert, SwapsWholePairsAndReadsNothingElse) {
-  std::string text = "abcde";
-  EXPECT_EQ(SoundConvert::swapBytes(nullptr, raw(text), 1), raw(text));
-  const std::unique_ptr<std::uint8_t[]> made(SoundConvert::swapBytes(raw(text), nullptr, 4));
-  EXPECT_EQ(SoundConvert::swapBytes(made.get() + 1, raw(text), 3), raw(text));
-  EXPECT_EQ(text, "dacde");
 }
 
 TEST(SoundConvert, ConvertsUnits) {
@@ -48,11 +66,23 @@ TEST(SoundConvert, ConvertsUnits) {
   expectRows(SoundConvert::pitchToHertz, {{6900 * 65536, 440}, {8100 * 65536, 880}});
   expectRows(SoundConvert::fixedTenthsToDouble, {{655360, 1}});
   expectRows(SoundConvert::timeToMilliseconds, {{0x8000000, 0}, {1200 * 65536, 2000}});
-  expectRows(SoundConvert::gainToByte, {{1, 0}, {-1, 0xFE}, {-96, 1}});
+  expectRows(SoundConvert::gainToByte, {{1, 0}, {0, 0}, {-1, 0xFE}, {-96, 1}});
   expectRows(SoundConvert::percentTo127, {{-50, 0}, {-49, 2}, {0, 64}, {50, 127}});
   expectRows(SoundConvert::scale127To31, {{-5, -1}, {0, 0}, {1, 1}, {5, 2}, {127, 31}});
-  expectRows(SoundConvert::descendingThresholdIndex,
-             {{47, 31}, {38, 0}, {27, 1}, {1.15, 20}, {0, 28}});
+}
+
+TEST(SoundConvert, FindsIntervalsOfFallingThresholds) {
+  const double thresholds[] = {38,  31,  27,   24,   19,   15,   13,   12,   9.4,  7.9,
+                               6.8, 6.0, 4.7,  3.8,  3.4,  3.0,  2.4,  2.0,  1.8,  1.6,
+                               1.3, 1.1, 0.93, 0.85, 0.65, 0.53, 0.44, 0.40, 0.35, 0};
+  int expected = 0;  // also for the first interval
+  for (const double threshold : thresholds) {
+    EXPECT_EQ(SoundConvert::descendingThresholdIndex(threshold), expected) << threshold;
+    expected += threshold < 38 ? 1 : 0;
+  }
+  EXPECT_EQ(SoundConvert::descendingThresholdIndex(46.9), 0);
+  EXPECT_EQ(SoundConvert::descendingThresholdIndex(47), 31);
+  EXPECT_EQ(SoundConvert::descendingThresholdIndex(-0.1), 31);
 }
 
 }  // namespace tavrel::test

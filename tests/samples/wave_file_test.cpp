@@ -1,58 +1,106 @@
 #include "samples/wave_file.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
 
-TEST(WaveFile, TakesTheFormatAndTheSamplesBehindItFromFormAndFile) {
-  const TemporaryDirectory directory;
+/// The fields in the order of the file, each followed by a space, and the samples.
+std::string textOf(const WaveSampleInfo& info) {
+  const auto& [tag, channels, rate, byteRate, align, bits, extra] = info.format;
+  std::string text;
+  for (const std::size_t field :
+       {0U + tag, 0U + channels, rate, byteRate, 0U + align, 0U + bits, 0U + extra}) {
+    text += std::to_string(field) + ' ';
+  }
+  return text.append(info.samples, info.samples + info.size);
+}
+
+TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
   // The format of 24-bit stereo, extensible: 18 bytes, and 22 more.
-  const std::string tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
-  const std::string block = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
+  const Bytes tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
+  const std::string format = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
-  const std::string zeros(18, '\0');
-  Bytes big;  // longer than what the reader holds at once
+  Bytes big;  // longer than the read buffer
   for (std::uint32_t number = 0; number < 5000; ++number) {
     big.le32(number);
   }
-  const std::string good = block.substr(0, 18) + "abc";
-  const auto small = [&] { return wav().chunk("fmt ", block).chunk("odd ", "a").data("abc"); };
+  const std::string good = "1 2 48000 288000 6 24 22 ";
+  const auto small = [&] { return wav().chunk("fmt ", format).chunk("odd ", "a").data("abc"); };
+  const auto cutTo = [&](std::size_t size) {
+    return wav().chunk("fmt ", format.substr(0, size)).data("abc");
+  };
   const std::uint32_t header = 4 + (8 + 40) + (8 + 2) + 8;  // where that of `data` ends in the form
-  std::vector<std::pair<std::string, std::string>> rows = {
-      {wav().form("OTHR").data("no").str() + small().data("later").str(), good},
-      {small().claimFormSize(0xFFFFFFFF), good},
-      {small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks), good},
-      {small().claimFormSize(header), good},
-      {small().claimFormSize(header - 1), ""},
-      {wav().chunk("fmt ", '\3' + block.substr(1)).data("abc"), '\3' + good.substr(1)},
-      {small().claimDataSize(5), ""},
-      {small().claimSize("odd ", 0xFFFFFFF8), ""},
-      {wav().chunk("odd ", big.substr(1)).chunk("fmt ", block).data(big),
-       block.substr(0, 18) + big},
-      {wav().data("abc").chunk("fmt ", block), ""}};
-  for (const std::size_t length : {4U, 9U, 14U, 15U, 17U}) {
-    const std::string cut = block.substr(0, length);
-    rows.emplace_back(wav().chunk("fmt ", cut).data("abc"), cut + zeros.substr(length) + "abc");
-  }
-  for (const auto& [content, loaded] : rows) {
-    WaveFile wave((directory.write("a.wav", content) + "e").c_str());  // opened with three letters
-    EXPECT_EQ(wave.load(), !loaded.empty()) << content;
+  const struct {
+    const char* name;
+    std::string content, expected;
+  } rows[] = {
+      {"second form", wav().form("OTHR").data("no").str() + small().data("late").str(),
+       good + "abc"},
+      {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "abc"},
+      {"form ends with the header", small().claimFormSize(header), good + "abc"},
+      {"form ends in the header", small().claimFormSize(header - 1), "fails"},
+      {"a million chunks", small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks),
+       good + "abc"},
+      {"big chunks", wav().chunk("odd ", big.substr(1)).chunk("fmt ", format).data(big),
+       good + big},
+      {"no bytes of samples", wav().chunk("fmt ", format).data(""), good},
+      {"format of 17 bytes", cutTo(17), good + "abc"},
+      {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 abc"},
+      {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 abc"},
+      {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 abc"},
+      {"no format", wav().data("abc"), "fails"},
+      {"format after the samples", wav().data("abc").chunk("fmt ", format), "fails"},
+      {"format ends after the file", cutTo(40).substr(0, 12 + 8 + 17), "fails"},
+      {"samples end after the file", small().claimDataSize(5), "fails"},
+      {"chunk ends after the file", small().claimSize("odd ", 0xFFFFFFF8), "fails"},
+  };
+  const TemporaryDirectory directory;
+  for (const auto& [name, content, expected] : rows) {
+    SCOPED_TRACE(name);
+    // The reader cuts the extension to three letters.
+    WaveFile wave((directory.write("a.wav", content) + "e").c_str());
     WaveSampleInfo info;
-    auto& [format, samples, size] = info;
-    int answers = wave.getSampleInfo(info) + wave.getFormat(format) + wave.isPcm();
-    answers += wave.isStereo() + wave.isMono() + wave.getChannels(format.channels);
-    answers += wave.getFormatTag(format.formatTag) + wave.getSampleRate(format.samplesPerSecond);
-    const int pcm = loaded.starts_with('\1') ? 1 : 0;
-    EXPECT_EQ(answers, loaded.empty() ? 0 : 6 + pcm);  // of 8, as it isn't mono
-    // Where numbers are little-endian, the record stands in memory as it stands in the file.
-    const std::string kept(reinterpret_cast<const char*>(&format), 18);
-    EXPECT_EQ(kept + std::string(samples, samples + size), loaded.empty() ? zeros : loaded);
-    wave.releaseData();
-    EXPECT_TRUE(wave.getSampleData() == nullptr && !wave.getSampleInfo(info));
+    EXPECT_EQ(wave.load(), expected != "fails");
+    EXPECT_EQ(wave.getSampleInfo(info) ? textOf(info) : "fails", expected);
+    EXPECT_EQ(wave.getSampleData(), info.samples);
   }
+}
+
+/// What each query answers: its out-value if it is true, "-" if it is false and leaves it alone.
+std::string answersOf(const WaveFile& wave) {
+  std::string text;
+  const auto ask = [&]<typename Value>(bool (WaveFile::*query)(Value&) const) {
+    Value value = 7;
+    const bool answers = (wave.*query)(value);
+    text += answers || value != 7 ? std::to_string(value) + ' ' : "- ";
+  };
+  ask(&WaveFile::getDataSize);
+  ask(&WaveFile::getBitsPerSample);
+  ask(&WaveFile::getChannels);
+  ask(&WaveFile::getSampleRate);
+  ask(&WaveFile::getFormatTag);
+  return text + (wave.isMono() ? "mono " : "") + (wave.isStereo() ? "stereo " : "") +
+         (wave.isPcm() ? "PCM" : "");
+}
+
+TEST(WaveFile, AnswersOnlyWhenLoaded) {
+  const TemporaryDirectory directory;
+  const auto content = [](std::uint32_t channels) { return wav().fmt(channels, 16, 22050); };
+  WaveFile first(directory.write("1.wav", content(mono).data("abc")).c_str());
+  WaveFile second(directory.write("2.wav", content(stereo).data("").replace(20, 1, "\3")).c_str());
+  EXPECT_EQ(answersOf(first), "- - - - - ");
+  EXPECT_EQ(first.getSampleData(), nullptr);
+  EXPECT_TRUE(first.load());
+  EXPECT_TRUE(second.load());
+  EXPECT_EQ(answersOf(first), "3 16 1 22050 1 mono PCM");
+  EXPECT_EQ(answersOf(second), "0 16 2 22050 3 stereo ");
+  const std::uint8_t* samples = first.getSampleData();
+  EXPECT_EQ(first.takeSamples().get(), samples);
+  EXPECT_EQ(first.getSampleData(), nullptr);
+  second.releaseData();
+  WaveSampleInfo info;
+  EXPECT_FALSE(second.getSampleInfo(info));
 }
 
 }  // namespace tavrel::test

@@ -1,0 +1,29 @@
+#include "platform/local_time.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+namespace tavrel::test {
+
+TEST(LocalTime, IsThatOfTheHostAfterTheClockWasStopped) {
+  SYSTEMTIME clock;
+  stopClock({1999, 7, 4, 22, 13, 5, 6, 7});
+  GetLocalTime(&clock);
+  EXPECT_EQ(clock.wMilliseconds, 7);
+  restartClock();
+  const std::time_t before = std::time(nullptr);
+  GetLocalTime(&clock);
+  std::tm fields = *std::localtime(&before);
+  fields.tm_mon = clock.wMonth - 1;
+  fields.tm_year = clock.wYear - 1900;
+  fields.tm_mday = clock.wDay;
+  fields.tm_hour = clock.wHour;
+  fields.tm_min = clock.wMinute;
+  fields.tm_sec = clock.wSecond;
+  EXPECT_GE(std::mktime(&fields), before);
+  EXPECT_LE(std::mktime(&fields), std::time(nullptr));
+  EXPECT_EQ(clock.wDayOfWeek, fields.tm_wday);
+}
+
+}  // namespace tavrel::test

@@ -1,0 +1,77 @@
+#include "samples/iff_file.h"
+
+#include "tests/support/sound_builder.h"
+#include "tests/support/temporary_directory.h"
+
+namespace tavrel::test {
+
+constexpr std::uint32_t kAiff = 0x41494646;  // "AIFF"
+constexpr std::uint32_t kNext = 0x6E657874;  // "next"
+
+AiffBuilder twoChunks() { return aiff().chunk("odd ", "a").chunk("next", "bcd"); }
+
+TEST(IffFile, ListsTheChunksOfItsForm) {
+  const std::string first = "FORM\n    odd \n";
+  const std::string both = first + "    next\n";
+  const std::string report = "ERROR: This is not a 'AIFF' file.\n";
+  const struct {
+    const char* name;
+    std::string content, listed, errors = "";
+  } rows[] = {
+      {"no form id", "JUNK" + twoChunks().substr(4), both},
+      {"form ends with the first chunk", twoChunks().claimFormSize(4 + (8 + 2)), first},
+      {"form ends in the second chunk", twoChunks().claimFormSize(4 + (8 + 2) + 1), both},
+      {"form of size 0", twoChunks().claimFormSize(0), first},
+      {"form ends after the file", twoChunks().claimFormSize(0xFFFFFFFF), both},
+      {"chunk ends after the file", twoChunks().claimSize("odd ", 0xFFFFFFFF), first},
+      {"chunk without its pad byte", twoChunks().substr(0, 12 + 8 + 1), first},
+      {"header ends with the file", twoChunks().substr(0, 12 + (8 + 2) + 8), both},
+      {"header cut off", twoChunks().substr(0, 12 + (8 + 2) + 7), first},
+      {"no chunk", aiff(), "FORM\n"},
+      {"zero bytes in an id", aiff().chunk({"a\0\0b", 4}, ""), {"FORM\n    a\0\0b\n", 14}},
+      {"another form type", twoChunks().form("AIFC"), "", report},
+      {"form type cut off", aiff().substr(0, 11), "", report},
+  };
+  const TemporaryDirectory directory;
+  for (const auto& [name, content, listed, errors] : rows) {
+    SCOPED_TRACE(name);
+    IffFile file(directory.write("a.aif", content).c_str());
+    file.verbose = true;
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(file.load(kAiff), errors.empty());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), errors);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), listed);
+  }
+  EXPECT_FALSE(IffFile(directory.path("none").c_str()).load(kAiff));
+}
+
+TEST(IffFile, FindsTheFirstChunkWithAnId) {
+  const TemporaryDirectory directory;
+  IffFile file(directory.write("a.aif", twoChunks().chunk("next", "efghi")).c_str());
+  EXPECT_TRUE(file.load(kAiff));
+  std::uint8_t* data = nullptr;
+  std::uint32_t size = 7;
+  IffChunk* record = nullptr;
+  const IffChunk* constRecord = nullptr;
+  EXPECT_FALSE(file.hasChunk(kAiff));
+  EXPECT_FALSE(file.getChunkSize(kAiff, size));
+  EXPECT_EQ(size, 7);
+  EXPECT_FALSE(file.getChunkRecord(kAiff, record));
+  EXPECT_EQ(record, nullptr);
+
+  EXPECT_TRUE(file.hasChunk(kNext));
+  EXPECT_TRUE(file.getChunk(kNext, data, size));
+  EXPECT_EQ(std::string(data, data + size), "bcd");
+  ASSERT_TRUE(file.getChunkRecord(kNext, record));
+  EXPECT_EQ(record->data, data);
+  EXPECT_TRUE(std::as_const(file).getChunkRecord(kNext, constRecord));
+  EXPECT_EQ(constRecord, record);
+  IffFile::IdText text;
+  IffFile::idToText(record->id, text.data());
+  EXPECT_STREQ(text.data(), "next");
+  file.releaseImage();
+  EXPECT_EQ(file.takeImage(), nullptr);
+}
+
+}  // namespace tavrel::test

@@ -1,28 +1,36 @@
-# What `cmake --install` and `cpack` put in place: the tool, its man page, the documents, the
-# example, and a CMake package that offers the tool as the imported program tavrel::tavrel.
+# What `cmake --install` and `cpack` install: the tool, its man page, the documents, the example, and
+# a CMake package with the tool as the imported program tavrel::tavrel.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS tavrel EXPORT tavrel)
 install(FILES docs/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-# The tool makes the same banks on every host, so the width of pointers doesn't matter.
+# The tool makes the same banks on every host, so the package fits every architecture.
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake DESTINATION ${package_directory})
 install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelConfig.cmake DESTINATION ${package_directory})
 
-# The tool is linked statically, so the Debian package depends on nothing.
-set(CPACK_GENERATOR DEB)
-if(WIN32)
-  set(CPACK_GENERATOR ZIP)
+# The form that Debian prescribes: lines are indented, and an empty line is a full stop.
+file(STRINGS LICENSE license)
+list(TRANSFORM license PREPEND " ")
+list(TRANSFORM license REPLACE "^ $" " .")
+list(JOIN license "\n" license)
+configure_file(cmake/copyright.in copyright @ONLY)
+
+set(CPACK_GENERATOR ZIP)
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  set(CPACK_GENERATOR DEB)
+  install(FILES ${PROJECT_BINARY_DIR}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 set(CPACK_PACKAGE_CONTACT "The tavrel maintainers")
 set(CPACK_STRIP_FILES ON)
+# The tool is linked statically, so the Debian package has no dependencies.
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 include(CPack)

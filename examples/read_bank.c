@@ -7,7 +7,8 @@
 
 enum { kTable = 4, kRecord = 44, kType = 0, kOffset = 1, kSize = 2, kSampleRate = 3, kBits = 5 };
 
-/* The two sizes in the header add up to the length of the bank. */
+/* The two sizes in the header add up to the length of the bank. A stale bank can have that length
+ * too: pack the bank and compile the program in one build. */
 static uint8_t bank[DEMO_BANK_HEADER_SIZE + DEMO_BANK_DATA_SIZE];
 
 static uint32_t readLong(const uint8_t* bytes) {
@@ -27,7 +28,7 @@ static int fail(const char* reason) {
 int main(int argc, char** argv) {
   FILE* file = fopen(argc > 1 ? argv[1] : DEMO_FILENAME, "rb");
   if (!file || fread(bank, 1, sizeof bank, file) != sizeof bank || fgetc(file) != EOF) {
-    return fail("missing, or not packed together with demo.h");
+    return fail("missing, or not of the size that demo.h states");
   }
   fclose(file);
   const uint32_t count = readLong(bank);

@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
-# Holds the documents to what they show: check_docs.sh BUILD CC runs every session in them with the
-# tool installed from BUILD, and CC as the C compiler.
+# Checks that the documents are true: check_docs.sh BUILD CC runs every command in them, with the
+# tool installed from BUILD and with CC as the C compiler.
 #
-# Each document gets a folder of its own, laid out like the root of the tree. Its fenced blocks are
-# told apart by the words behind the fence:
+# README.md is checked in a copy of the source tree, which is built by the commands that it shows.
+# Every other document is checked in a folder of its own, laid out like that tree. The words after
+# the fence of a block say what it is:
 #
-#   console      commands behind "$ " and all that they print; a line "..." stands for any lines
-#   bytes NAME   the bytes of the file NAME: offset, bytes and meaning, two blanks between them
-#   * NAME       the file NAME; if there is one of that name, a passage of it
+#   console PROGRAM ...  commands after "$ " and all that they print; a line "..." is any lines. It is
+#                        skipped, with a notice, if a program isn't installed
+#   sh                   commands that must succeed; what they print is ignored
+#   sh scripts           scripts that a test can't run; .ci/run or scripts/all must name each one
+#   bytes NAME           the bytes of the file NAME: offset, bytes and meaning, separated by two blanks
+#   * NAME               the file NAME, or a passage of it if there is a file of that name
 #
-# C and C++ have to have a name, so that no code stands in a document unread.
+# C and C++ must have a name, so that all code in the documents is compiled.
 set -euo pipefail
 build=$(realpath "$1")
 compiler=$(type -P "$2")
@@ -23,15 +27,27 @@ fail() {
   failures=$((failures + 1))
 }
 
-make_root() {
-  root=$sandbox/$(basename "$document" .md)
-  mkdir -p "$root/build/demo"
-  cp -r "$source/examples" "$root"
-  ln -s "$sandbox/usr/bin/tavrel" "$root/build/tavrel"
+# The tree is kept from run to run, so that it builds only what has changed. Its tests are not built.
+make_tree() {
+  root=$build/docs_tree
+  mkdir -p "$root"
+  find "$root" -mindepth 1 -maxdepth 1 ! -name build -exec rm -r {} +
+  tar -C "$source" -c --exclude='./build*' --exclude=./.git \
+    --exclude="./$(realpath --relative-to "$source" "$build")" . | tar -C "$root" -x
+  cmake -S "$root" -B "$root/build" -DTAVREL_TESTS=OFF >/dev/null
 }
 
-# Writes each block of the document to a file of its own, numbered; its first line is the words
-# behind the fence.
+make_root() {
+  if [[ $document == README.md ]]; then
+    make_tree
+  else
+    root=$sandbox/$(basename "$document" .md)
+    mkdir -p "$root"
+    cp -r "$source/examples" "$root"
+  fi
+}
+
+# Writes each block of the document to a numbered file. The first line is the words after the fence.
 split_blocks() {
   mkdir "$root/.blocks"
   awk -v folder="$root/.blocks" '
@@ -39,20 +55,25 @@ split_blocks() {
     inside { printf "%s\n", $0 > sprintf("%s/%03d", folder, count) }' "$source/$document"
 }
 
-# Time stamps differ from run to run, and blanks at the end of a line can't be seen.
+# Hides time stamps, which differ from run to run, and blanks at the end of a line.
 masked() {
   sed -E 's|[0-9]+/[0-9]+/[0-9]+ [0-9]+:[0-9]+ [ap]m - File|STAMP - File|; s/[[:blank:]]+$//'
 }
 
-# What a session's shell begins with: shows a command and runs it, with the last one's status at
-# hand.
+# The start of each session's shell: prints a command and runs it, with the status of the last one.
 # shellcheck disable=SC2016 # the session expands it
 readonly session_shell='
   status=0
   run() { printf "$ %s\n" "$1"; (exit $status); eval "$1"; status=$?; }'
 
 check_session() {
-  local expected actual pattern
+  local expected actual pattern program
+  for program in "$@"; do
+    if ! type "$program" >/dev/null 2>&1; then
+      echo "$document: a session is skipped, because $program isn't installed"
+      return
+    fi
+  done
   expected=$(masked)
   {
     echo "$session_shell"
@@ -62,9 +83,25 @@ check_session() {
   pattern=$(sed 's/[][*?\\]/\\&/g; s/^\.\.\.$/*/' <<<"$expected")
   # shellcheck disable=SC2053 # a pattern, on purpose
   if [[ $actual != $pattern ]]; then
-    fail "a session prints something else"
+    fail "a session prints something different"
     diff -u --label shown --label printed <(echo "$expected") <(echo "$actual") >&2 || true
   fi
+}
+
+check_commands() {
+  if ! (cd "$root" && bash -e >.commands.log 2>&1 < <(cat)); then
+    fail "commands fail"
+    tail -n 20 "$root/.commands.log" >&2
+  fi
+}
+
+check_scripts() {
+  local script
+  while read -r script _; do
+    if [[ ! -x $source/$script ]] || ! grep -qw "$script" "$source/.ci/run" "$source/scripts/all"; then
+      fail "$script is run by no test"
+    fi
+  done
 }
 
 check_bytes() {
@@ -73,7 +110,7 @@ check_bytes() {
     NF { sub(/^ +/, ""); if ($1 != count) print "offset", $1; print $2; count += split($2, b, " ") }')
   if ! diff -u --label shown --label packed \
     <(tr ' ' '\n' <<<"$expected") <(od -An -v -tx1 "$root/$1" | tr -s ' ' '\n' | sed '/^$/d') >&2; then
-    fail "the bytes of $1 are others"
+    fail "the bytes of $1 differ"
   fi
 }
 
@@ -90,34 +127,46 @@ check_file() {
 check_block() {
   local kind=$1 name=${2:-}
   case $kind,$name in
-    console,) check_session ;;
+    console,*) check_session "${@:2}" ;;
+    sh,) check_commands ;;
+    sh,scripts) check_scripts ;;
     bytes,?*) check_bytes "$name" ;;
     c, | cpp,) fail "a block of C without a file name" ;;
     *,?*) check_file "$name" ;;
   esac
 }
 
+export HOME=$sandbox/home # for what a document installs there
 cmake --install "$build" --prefix "$sandbox/usr" >/dev/null
 mkdir "$sandbox/bin"
 ln -s "$compiler" "$sandbox/bin/cc"
 export PATH=$sandbox/usr/bin:$sandbox/bin:$PATH CMAKE_PREFIX_PATH=$sandbox/usr
-# The build tool that is there for this build is the one that is there for those of the documents.
+# The builds in the documents use the generator of this build, which is known to be installed.
 CMAKE_GENERATOR=$(sed -n 's/^CMAKE_GENERATOR:INTERNAL=//p' "$build/CMakeCache.txt")
 export CMAKE_GENERATOR
 
 cd "$source"
-for document in README.md docs/*.md; do
+for document in README.md CONTRIBUTING.md docs/*.md; do
   make_root
   split_blocks
   for block in "$root"/.blocks/*; do
     read -r words <"$block"
-    # shellcheck disable=SC2086 # two words at most
+    # shellcheck disable=SC2086 # split on purpose
     check_block $words < <(tail -n +2 "$block")
   done
 done
 
+# The man page: its form, and its command line with its script.
 document=docs/tavrel.1
+make_root
+mkdir "$root/examples/out"
+sed -n '/^\.Bd /,/^\.Ed/{ /^\.[BE]d/d; p }' "$document" >"$root/examples/sfx.txt"
+root+=/examples
+check_commands < <(sed -n 's/^\.Dl \$ //p' "$document")
+if [[ $(grep -c 'SFX_.*_\(WAV\|MID\)' "$root/out/sfx.h") -ne 2 ]]; then
+  fail "the script's assets aren't in the header"
+fi
 if type mandoc >/dev/null 2>&1 && ! mandoc -Tlint -W all "$document"; then
-  fail "mandoc has complaints"
+  fail "mandoc reports problems"
 fi
 [[ $failures -eq 0 ]]

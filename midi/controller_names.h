@@ -1,4 +1,4 @@
-// What the 128 controllers of MIDI are called, by their number.
+// Names of the 128 MIDI controllers, by number.
 #pragma once
 
 #include <array>

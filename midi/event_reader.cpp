@@ -1,17 +1,16 @@
-// Reads the events of a track, as Standard MIDI Files 1.0 lays them out:
+// Reads the events of a track. Their layout in Standard MIDI Files 1.0:
 //
 //   content                    width
 //   delta time in ticks        variable-length quantity
-//   status                     1, or left out if it is that of the event before
+//   status                     1; omitted if it equals that of the previous event
 //   channel message            2 data bytes; 1 for program change and channel pressure
 //   meta event (0xFF)          1 for the type, a variable-length quantity, that many bytes
 //   system event (0xF0-0xFE)   a variable-length quantity, that many bytes
 //
-// A variable-length quantity has 7 bits in each byte, the highest first; all its bytes but the last
-// one have their top bit set.
+// A variable-length quantity holds 7 bits per byte, highest first. All its bytes but the last have
+// their top bit set.
 #include <algorithm>
 
-#include "foundation/bit_utilities.h"
 #include "midi/midi_file.h"
 
 namespace tavrel {
@@ -28,10 +27,8 @@ void setLowByte(std::uint32_t& word, std::uint8_t byte) { word = (word & ~0xFFU)
 void MidiFile::rewind() {
   accumulatedTime = 0;
   eventCount = 0;
-  if (cursor != nullptr) {
-    // A header read behind an earlier rewind may have noted an offset that the image doesn't have.
-    cursor = image.get() + std::min(trackDataOffset, imageSize);
-  }
+  // The offset may be that of an earlier, longer image.
+  cursor = image.get() + std::min(trackDataOffset, imageSize);
 }
 
 bool MidiFile::readVarLen(std::uint32_t& out) {
@@ -83,7 +80,7 @@ bool MidiFile::getNextEvent(MidiEvent& ev) {
       return readChannelMessage(ev, 1);
     case 0xF:
       return ev.statusLow == 0xF ? readMeta(ev) : readSystem(ev);
-    default:  // no status byte has come yet
+    default:  // no status byte has been read yet
       return true;
   }
 }
@@ -100,9 +97,8 @@ bool MidiFile::readStatus(MidiEvent& ev) {
   } else {
     ev.status = runningStatus;
   }
-  const std::uint16_t status = lowWord(ev.status);
-  ev.statusHigh = lowByte(extractBits(status, 4, 4));
-  ev.statusLow = lowByte(extractBits(status, 0, 4));
+  ev.statusHigh = ev.status >> 4U & 0xFU;
+  ev.statusLow = ev.status & 0xFU;
   return true;
 }
 

@@ -3,15 +3,16 @@
 
 #include "foundation/console.h"
 #include "midi/midi_file.h"
+#include "midi/sounding_notes.h"
 
 namespace tavrel {
 
 namespace {
 
-/// The kinds of event that `channelHasEvents` looks for, in the order of its searches.
+/// One kind of event that `channelHasEvents` searches for.
 struct ChannelKind {
   std::uint32_t firstStatus;  // on channel 0
-  std::uint8_t bit;           // in its mask
+  std::uint8_t bit;           // in the mask of kinds
 };
 
 constexpr std::array<ChannelKind, 7> kChannelKinds{{
@@ -24,38 +25,7 @@ constexpr std::array<ChannelKind, 7> kChannelKinds{{
     {0xE0, 0x40},
 }};
 
-/// The notes that sound at the moment. Notes of one number on one channel are all alike, so that
-/// counting them stands for a list of their note-ons, and takes the same time for each event.
-class SoundingNotes {
- public:
-  void add(const MidiEvent& noteOn) {
-    ++count(noteOn);
-    ++total_;
-  }
-
-  /// False if no such note sounds.
-  bool remove(const MidiEvent& noteOff) {
-    if (count(noteOff) == 0) {
-      return false;
-    }
-    --count(noteOff);
-    --total_;
-    return true;
-  }
-
-  /// How many sound, in the 16 bits in which voices are counted.
-  [[nodiscard]] std::int16_t size() const { return static_cast<std::int16_t>(total_); }
-
- private:
-  std::uint32_t& count(const MidiEvent& note) {
-    return counts_[note.statusLow][payloadByte(note, 0)];
-  }
-
-  std::array<std::array<std::uint32_t, 256>, 16> counts_{};
-  std::uint32_t total_ = 0;
-};
-
-bool readerFailed() {
+bool failRead() {
   printLine(stderr, "getNextEvent()==FAIL in findEvent()");
   return false;
 }
@@ -69,12 +39,12 @@ bool MidiFile::findEvent(MidiEvent& ev, std::uint32_t status, bool fromCursor) {
   for (;;) {
     clearEvent(ev);
     if (!getNextEvent(ev)) {
-      return readerFailed();
+      return failRead();
     }
     if (hasStatus(ev, status)) {
       return true;
     }
-    if (isMetaType(ev, kEndOfTrack)) {
+    if (isMetaType(ev, kMetaEndOfTrack)) {
       return false;
     }
   }
@@ -84,7 +54,7 @@ bool MidiFile::findEvent(MidiEvent& ev, std::uint32_t status, std::uint8_t first
                          bool fromCursor) {
   bool found = findEvent(ev, status, fromCursor);
   while (found && !hasFirstByte(ev, firstByte)) {
-    found = !isMetaType(ev, kEndOfTrack) && findEvent(ev, status, true);
+    found = !isMetaType(ev, kMetaEndOfTrack) && findEvent(ev, status, true);
   }
   return found;
 }
@@ -108,25 +78,26 @@ bool MidiFile::channelHasEvents(std::int16_t channel, std::uint8_t kinds) {
 }
 
 bool MidiFile::countPolyphony(std::uint16_t& out) {
-  SoundingNotes active;
+  SoundingNotes notes;
   std::int16_t peak = 0;
   HeldEvent ev;
   for (;;) {
     clearEvent(ev);
     if (!getNextEvent(ev)) {
-      return readerFailed();
+      return failRead();
     }
     if (isNoteOn(ev)) {
-      active.add(ev);
-      if (active.size() > peak) {
-        peak = active.size();
+      notes.start(ev);
+      const auto voices = static_cast<std::int16_t>(notes.total());
+      if (voices > peak) {
+        peak = voices;
         printLine(stdout, "Poly update: ", std::int32_t{peak});
       }
     } else if (isNoteOff(ev)) {
-      if (active.remove(ev)) {
+      if (notes.stop(ev)) {
         printLine(stdout, "Voice Channel Freed");
       }
-    } else if (isMetaType(ev, kEndOfTrack)) {
+    } else if (isMetaType(ev, kMetaEndOfTrack)) {
       out = static_cast<std::uint16_t>(peak);
       return true;
     }

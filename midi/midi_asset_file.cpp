@@ -10,14 +10,15 @@ MidiAssetFile::MidiAssetFile(const char* name, std::uint16_t acceptedFormats)
 bool MidiAssetFile::load() {
   assetSize = 0;
   assetData = nullptr;
-  if (!loadImage()) {
-    return false;
-  }
+  return loadImage() && judge();
+}
+
+bool MidiAssetFile::judge() {
   if (!readHeaderChunk() || !readTrackHeader()) {
-    return refuse("\" is not a Standard MIDI File");
+    return failRejected("\" is not a Standard MIDI File");
   }
   if (anyFormat == 0 && format != 0) {
-    return refuse("\" is not a type 0 Standard MIDI File");
+    return failRejected("\" is not a type 0 Standard MIDI File");
   }
   assetSize = imageSize;
   assetData = image.get();
@@ -25,11 +26,11 @@ bool MidiAssetFile::load() {
 }
 
 bool MidiAssetFile::writeImageTo(DiskFile& out) {
-  return out.isOpen && isImageWhole() && out.write(image.get(), imageSize);
+  return out.isOpen && out.write(image.get(), imageSize);
 }
 
-bool MidiAssetFile::refuse(const char* reason) {
-  printLine(stderr, "Error: The file \"", textOrEmpty(disk.fileName.name), reason);
+bool MidiAssetFile::failRejected(const char* reason) {
+  printLine(stderr, "Error: The file \"", textOrEmpty(disk_.fileName.name), reason);
   return false;
 }
 

@@ -1,6 +1,9 @@
 #include "midi/midi_event.h"
 
+#include <array>
 #include <new>
+
+#include "foundation/byte_order.h"
 
 namespace tavrel {
 
@@ -15,7 +18,7 @@ constexpr std::uint32_t kChannelPressure = 0xD0;
 constexpr std::uint32_t kPitchWheel = 0xE0;
 constexpr std::uint32_t kSysEx = 0xF0;
 
-/// Is this the message `firstStatus`, on any of its 16 channels?
+/// Returns true for the channel message whose status on channel 0 is `firstStatus`.
 bool isMessage(const MidiEvent& ev, std::uint32_t firstStatus) {
   return (ev.status & ~0xFU) == firstStatus;
 }
@@ -23,6 +26,12 @@ bool isMessage(const MidiEvent& ev, std::uint32_t firstStatus) {
 bool hasVelocity(const MidiEvent& ev) { return payloadByte(ev, 1) != 0; }
 
 }  // namespace
+
+std::uint32_t tempoOf(const MidiEvent& ev) {
+  const std::array<std::uint8_t, 3> bytes{payloadByte(ev, 0), payloadByte(ev, 1),
+                                          payloadByte(ev, 2)};
+  return loadBig24(bytes.data());
+}
 
 MidiEvent* newEvent() { return new (std::nothrow) MidiEvent{}; }
 
@@ -35,11 +44,6 @@ void deleteEvent(MidiEvent* ev) {
 
 bool hasFirstByte(const MidiEvent& ev, std::uint8_t value) {
   return ev.data != nullptr && ev.dataLength > 0 && ev.data[0] == value;
-}
-
-std::uint32_t tempoOf(const MidiEvent& ev) {
-  return std::uint32_t{payloadByte(ev, 0)} << 16U | std::uint32_t{payloadByte(ev, 1)} << 8U |
-         std::uint32_t{payloadByte(ev, 2)};
 }
 
 bool hasStatus(const MidiEvent& ev, std::uint32_t status) { return ev.status == status; }
@@ -75,9 +79,5 @@ bool isPitchWheel(const MidiEvent& ev) { return isMessage(ev, kPitchWheel); }
 bool isSysEx(const MidiEvent& ev) { return hasStatus(ev, kSysEx); }
 
 bool isMeta(const MidiEvent& ev) { return hasStatus(ev, kMetaStatus); }
-
-bool isMetaType(const MidiEvent& ev, std::uint32_t type) {
-  return matchesMeta(ev, kMetaStatus, type);
-}
 
 }  // namespace tavrel

@@ -1,52 +1,37 @@
 #include "midi/midi_file.h"
 
 #include <string_view>
+#include <utility>
 
+#include "foundation/byte_order.h"
 #include "foundation/console.h"
 
 namespace tavrel {
 
 namespace {
 
-bool refuse(const char* reason) {
-  printLine(stderr, reason);
+bool failParse(const char* message) {
+  printLine(stderr, message);
   return false;
 }
 
-bool prematureEnd() { return refuse("Error: premature EOF."); }
+bool failTruncated() { return failParse("Error: premature EOF."); }
 
 }  // namespace
 
-MidiFile::MidiFile() { disk.setMode(modeRead); }
+MidiFile::MidiFile() { disk_.setMode(modeRead); }
 
-MidiFile::MidiFile(const char* name) : disk(modeRead, name, "") {}
+MidiFile::MidiFile(const char* name) : disk_(modeRead, name, "") {}
 
 bool MidiFile::loadImage() {
-  disk.open();
-  if (disk.reportError()) {
-    return false;
-  }
+  ByteBlock bytes;
   std::uint32_t size = 0;
-  disk.getSize(size);
-  if (disk.reportError() || size == 0) {
+  const DiskFile::WholeRead result = disk_.readImage(bytes, size);
+  if (disk_.reportError() || result != DiskFile::WholeRead::complete || size == 0) {
     return false;
   }
+  image = std::move(bytes);
   imageSize = size;
-  cursor = nullptr;
-  imageEnd = nullptr;
-  image.reset();
-  image = newBytes(size);
-  if (!image) {
-    return false;
-  }
-  disk.read(image.get(), size);
-  if (disk.reportError()) {
-    return false;
-  }
-  disk.close();
-  if (disk.reportError()) {
-    return false;
-  }
   cursor = image.get();
   imageEnd = cursor + size;
   atEnd = 0;
@@ -56,15 +41,7 @@ bool MidiFile::loadImage() {
 }
 
 bool MidiFile::readIdentifier(std::array<char, 4 + 1>& identifier) {
-  for (std::size_t i = 0; i < 4; ++i) {
-    std::uint8_t byte = 0;
-    if (!readByte(byte)) {
-      return false;
-    }
-    identifier[i] = static_cast<char>(byte);
-  }
-  identifier[4] = '\0';
-  return true;
+  return readBytes(reinterpret_cast<std::uint8_t*>(identifier.data()), 4);
 }
 
 bool MidiFile::readHeaderChunk() {
@@ -72,11 +49,11 @@ bool MidiFile::readHeaderChunk() {
     return false;
   }
   if (std::string_view(headerId.data(), 4) != "MThd") {
-    return refuse("Error: Not a standard midi file.");
+    return failParse("Error: Not a standard midi file.");
   }
   if (!readLong(headerLength) || !readWord(format) || !readWord(numberOfTracks) ||
       !readWord(ppqn)) {
-    return prematureEnd();
+    return failTruncated();
   }
   headerValid = 1;
   return true;
@@ -88,10 +65,10 @@ bool MidiFile::readTrackHeader() {
     return false;
   }
   if (std::string_view(trackId.data(), 4) != "MTrk") {
-    return refuse("Error: Not a standard midi file track header");
+    return failParse("Error: Not a standard midi file track header");
   }
   if (!readLong(trackLength)) {
-    return prematureEnd();
+    return failTruncated();
   }
   trackValid = 1;
   trackDataOffset = bytesRead;
@@ -103,29 +80,24 @@ bool MidiFile::loadType0() {
 }
 
 bool MidiFile::readWord(std::uint16_t& out) {
-  std::uint8_t high = 0;
-  std::uint8_t low = 0;
-  if (!readByte(high) || !readByte(low)) {
+  std::array<std::uint8_t, 2> bytes{};
+  if (!readBytes(bytes.data(), bytes.size())) {
     return false;
   }
-  out = static_cast<std::uint16_t>(high << 8U | low);
+  out = loadBig16(bytes.data());
   return true;
 }
 
 bool MidiFile::readLong(std::uint32_t& out) {
-  std::uint16_t high = 0;
-  std::uint16_t low = 0;
-  if (!readWord(high) || !readWord(low)) {
+  std::array<std::uint8_t, 4> bytes{};
+  if (!readBytes(bytes.data(), bytes.size())) {
     return false;
   }
-  out = std::uint32_t{high} << 16U | low;
+  out = loadBig32(bytes.data());
   return true;
 }
 
 bool MidiFile::writeImageAs(const char* fileName) {
-  if (!isImageWhole()) {
-    return false;
-  }
   DiskFile file(modeWrite, fileName, "");
   file.open();
   if (file.reportError()) {

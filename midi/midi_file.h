@@ -1,7 +1,7 @@
-// One file in the form of Standard MIDI Files 1.0: loads it whole, judges its first two chunk
-// headers, and reads, times, prints and searches the events of its first track.
-// Owns the file's image, which it never changes. Operations give false; loading says why on
-// standard error, reading says nothing. Nothing but `loadImage` and the writing touches the disk.
+// Reader of one Standard MIDI Files 1.0 file: loads it whole, reads its first two chunk headers,
+// and reads the events of its first track. Owns the file's image, which it never changes.
+// Operations return false on failure. Loading and writing report failures on standard error;
+// reading events is silent.
 #pragma once
 
 #include <array>
@@ -15,22 +15,19 @@ namespace tavrel {
 
 class MidiFile {
  public:
-  /// Without a name: there is nothing to load.
-  MidiFile();
   explicit MidiFile(const char* name);
 
   // Loading (midi_file.cpp).
 
-  /// Reads the file into `image` and puts the cursor at its start. An empty file is a failure
-  /// without a word.
+  /// Reads the file into `image` and moves the cursor to its start. Silently fails if the file is
+  /// empty or memory runs out. On failure the object keeps the image that it had.
   bool loadImage();
   /// Reads the header chunk at the cursor.
   bool readHeaderChunk();
-  /// Reads a track chunk's header at the cursor; its events become the ones that `rewind` goes to.
+  /// Reads the header of a track chunk at the cursor. `rewind` then goes to this track.
   bool readTrackHeader();
-  /// The three steps above. False, without a word, for a format other than 0 too.
-  bool loadType0();
-  /// Takes one byte. False at the end of the image, `out` being left alone then, as in the others.
+
+  // These reads return false at the end of the image and leave `out` alone.
   bool readByte(std::uint8_t& out) {
     if (cursor == imageEnd) {
       atEnd = 1;
@@ -40,94 +37,111 @@ class MidiFile {
     ++bytesRead;
     return true;
   }
-  /// Takes two bytes, the first one the high one.
+  /// Reads a big-endian 16-bit number.
   bool readWord(std::uint16_t& out);
-  /// Takes two words, the first one the high one.
+  /// Reads a big-endian 32-bit number.
   bool readLong(std::uint32_t& out);
-  /// Writes the image to a new file.
-  bool writeImageAs(const char* fileName);
 
   // Reading events (event_reader.cpp).
 
-  /// Goes back to the first event of the track whose header was read.
+  /// Moves the cursor to the first event of the track.
   void rewind();
-  /// Takes a variable-length quantity; of one that is longer than 32 bits the low bits remain.
+  /// Reads a variable-length quantity. Keeps the low 32 bits of a longer one.
   bool readVarLen(std::uint32_t& out);
-  /// Takes `count` bytes. On false, those that were left in the image are in `dest`.
+  /// Reads `count` bytes. If fewer are left, copies those and returns false.
   bool readBytes(std::uint8_t* dest, std::uint32_t count);
-  /// Reads the event under the cursor into `ev`, which the caller has cleared. True when it is
-  /// complete. The holder of `ev` owns its payload, also after false. The end of the track is an
-  /// event like any other: only the end of the image ends the reading.
+  /// Reads the event at the cursor into `ev`, which must be cleared. After a failure too, `ev` may
+  /// own a payload. Doesn't stop at an end-of-track event, only at the end of the image.
   bool getNextEvent(MidiEvent& ev);
 
-  // Tempo (tempo_queries.cpp). They walk the track from its start and move the cursor. False if
-  // there is no tempo before the end of the track, or it has fewer than three bytes.
+  // Tempo (tempo_queries.cpp). These search the track from its start, moving the cursor. They
+  // return false if the first tempo event has fewer than three bytes, or if there is none before
+  // the end of the track.
 
   bool firstTempo(std::uint32_t& microsecondsPerQuarter);
-  /// A tempo of 0 microseconds is infinitely fast.
+
+  // Not used by the tool; for programs that list, search or copy sequences.
+
+  /// Unnamed, so there is nothing to load.
+  MidiFile();
+
+  /// Runs `loadImage`, `readHeaderChunk` and `readTrackHeader`. Silently fails if the format isn't
+  /// 0.
+  bool loadType0();
+  /// Writes the image to a new file.
+  bool writeImageAs(const char* fileName);
+
+  // The free functions of these names.
+  static MidiEvent* newEvent() { return tavrel::newEvent(); }
+  static void deleteEvent(MidiEvent* ev) { tavrel::deleteEvent(ev); }
+
+  /// Like `firstTempo`. A tempo of 0 microseconds is infinitely fast.
   bool firstTempoBpm(float& beatsPerMinute);
-  /// Whole milliseconds per quarter note.
+  /// Like `firstTempo`, in whole milliseconds per quarter note.
   bool firstTempoMs(std::uint32_t& milliseconds);
 
-  // Text dump (text_dump.cpp), on standard output.
+  // Text dump on standard output (text_dump.cpp).
 
-  /// The bar, from 1, in which the event stands. A bar has four quarter notes; without ticks per
-  /// quarter note everything stands in bar 1.
+  /// Returns the bar of the event, from 1. A bar has four quarter notes. If `ppqn` is 0, every
+  /// event is in bar 1.
   [[nodiscard]] std::uint32_t barNumber(const MidiEvent& ev) const;
-  /// Bar, beat and tick of the event. Like `noteName`, valid until the next call.
+  /// Returns bar, beat and tick of the event. Valid until the next call.
   const char* timeText(const MidiEvent& ev);
-  /// Name and octave of a note: note 60 is C4 with an `octaveBase` of 1, else C3.
+  /// Returns name and octave of a note: note 60 is C4 if `octaveBase` is 1, else C3. Valid until
+  /// the next call.
   const char* noteName(std::uint8_t note, std::uint8_t octaveBase);
   void printHeaderInfo();
+  /// Prints the event as one line. The line of a meta event of unknown type is left unterminated;
+  /// an event of unknown kind is reported on standard error.
   void printEvent(const MidiEvent& ev);
-  /// Prints the event if a bit of `mask` selects its kind.
+  /// Prints the event if a bit of `mask` selects its kind (event_filter.cpp).
   void printEventFiltered(const MidiEvent& ev, std::uint32_t mask);
-  /// The same for the events of one channel, 1 to 16, or with 0 for all events.
+  /// Does the same for events of one channel, 1 to 16. Channel 0 means all events.
   void printEventOnChannel(const MidiEvent& ev, std::uint32_t mask, std::uint8_t channel);
 
-  // Search (event_search.cpp). A search says so if the track ends without its end event.
+  // Search (event_search.cpp). A track without an end-of-track event is reported on standard error.
 
-  /// Finds the next event with that exact status, from the cursor or from the start of the track.
-  /// Frees what `ev` held. False leaves the end of the track, or an event cut short, in `ev`.
+  /// Finds the next event with exactly that status, from the cursor or from the start of the track.
+  /// Frees the payload of `ev` first. On failure `ev` holds the last event read.
   bool findEvent(MidiEvent& ev, std::uint32_t status, bool fromCursor);
-  /// The same for an event that also has `firstByte` as its first payload byte.
+  /// Finds the next event with that status and that first payload byte.
   bool findEvent(MidiEvent& ev, std::uint32_t status, std::uint8_t firstByte, bool fromCursor);
   /// Finds the first event of the track with that status.
   bool findEvent(MidiEvent& ev, std::uint32_t status);
-  /// Are there events of a kind that `kinds` selects on `channel`, which counts from 0?
+  /// Returns true if the track has an event of a selected kind on `channel`, 0 to 15.
   bool channelHasEvents(std::int16_t channel, std::uint8_t kinds);
-  /// Counts the notes that sound at once at most, from the cursor to the end of the track. False if
-  /// the track ends without its end event.
+  /// Counts the notes that sound at once at most, from the cursor to the end of the track. Prints a
+  /// line for each new maximum and each end of a note.
   bool countPolyphony(std::uint16_t& out);
 
   std::uint32_t accumulatedTime = 0;       ///< ticks since the last rewind
   ByteBlock image;                         ///< the whole file
-  const std::uint8_t* cursor = nullptr;    ///< the next byte to read; null without a whole image
+  const std::uint8_t* cursor = nullptr;    ///< the next byte to read
   const std::uint8_t* imageEnd = nullptr;  ///< one past the last byte
-  std::uint8_t atEnd = 0;                  ///< 1 once a byte was missing
-  std::uint32_t bytesRead = 0;             ///< bytes taken since `loadImage`, rewinds or not
+  std::uint8_t atEnd = 0;                  ///< 1 after a read at the end of the image
+  std::uint32_t bytesRead = 0;             ///< since `loadImage`; a rewind doesn't change it
 
   // The header chunk, big-endian:
   //
   //   offset  width  content
   //   0       4      "MThd"
-  //   4       4      length of what follows; the words are read whatever it says
+  //   4       4      length of the rest; ignored
   //   8       2      format
-  //   10      2      number of tracks; not compared with anything
+  //   10      2      number of tracks; ignored
   //   12      2      division, taken as ticks per quarter note
-  std::uint8_t headerValid = 0;  ///< 1 once it was read completely
+  std::uint8_t headerValid = 0;  ///< 1 after a complete read
   std::array<char, 4 + 1> headerId{};
   std::uint32_t headerLength = 0;
   std::uint16_t format = 0;
   std::uint16_t numberOfTracks = 0;
   std::uint16_t ppqn = 0;
 
-  // The header of the first track chunk, which stands directly behind:
+  // The header of the first track chunk, directly after the header chunk's 14 bytes:
   //
   //   offset  width  content
   //   0       4      "MTrk"
-  //   4       4      length of the events; not compared with the image
-  std::uint8_t trackValid = 0;  ///< 1 once it was read completely
+  //   4       4      length of the events; ignored
+  std::uint8_t trackValid = 0;  ///< 1 after a complete read
   std::array<char, 4 + 1> trackId{};
   std::uint32_t trackLength = 0;
   std::uint32_t trackHeaderOffset = 0;  ///< of the identifier, in the image
@@ -135,14 +149,10 @@ class MidiFile {
 
   std::uint32_t eventCount = 0;  ///< events begun since the last rewind
   std::uint32_t imageSize = 0;
-  std::uint32_t runningStatus = 0;  ///< the last status byte, of any kind; 0 before the first one
+  std::uint32_t runningStatus = 0;  ///< the last status byte of any kind; 0 before the first one
 
  protected:
-  /// Whether all of `imageSize` bytes are there: a load that ran out of memory, or of file, leaves
-  /// fewer.
-  [[nodiscard]] bool isImageWhole() const { return cursor != nullptr || imageSize == 0; }
-
-  DiskFile disk;  // open only during `loadImage`
+  DiskFile disk_;  // open only during `loadImage`
 
  private:
   bool readIdentifier(std::array<char, 4 + 1>& identifier);
@@ -153,8 +163,8 @@ class MidiFile {
   bool readPayload(MidiEvent& ev);
   void printTimeColumn(const MidiEvent& ev);
 
-  std::array<char, 20> timeBuffer{};  // the result of `timeText`
-  std::array<char, 8> noteBuffer{};   // the result of `noteName`
+  std::array<char, 20> timeBuffer_{};  // the result of `timeText`
+  std::array<char, 8> noteBuffer_{};   // the result of `noteName`
 };
 
 }  // namespace tavrel

@@ -6,8 +6,8 @@ bool MidiFile::firstTempo(std::uint32_t& microsecondsPerQuarter) {
   constexpr std::uint32_t kTempoBytes = 3;
   rewind();
   HeldEvent ev;
-  while (getNextEvent(ev) && !matchesMeta(ev, kMetaStatus, kEndOfTrack)) {
-    if (matchesMeta(ev, kMetaStatus, kTempo)) {
+  while (getNextEvent(ev) && !isMetaType(ev, kMetaEndOfTrack)) {
+    if (isMetaType(ev, kMetaTempo)) {
       if (ev.dataLength < kTempoBytes) {
         return false;
       }
@@ -24,7 +24,7 @@ bool MidiFile::firstTempoBpm(float& beatsPerMinute) {
   if (!firstTempo(microseconds)) {
     return false;
   }
-  // Single-precision constants, double-precision arithmetic: published results depend on it.
+  // Single-precision constants in double-precision arithmetic: the result depends on both.
   beatsPerMinute = static_cast<float>(double{60.0F} / (microseconds * double{0.000001F}));
   return true;
 }

@@ -27,6 +27,7 @@ TEST(AdpcmEncoder, EncodesWholePairsOfSamples) {
   EXPECT_EQ(encoded(std::vector<std::int16_t>(8, 32767), 16).substr(4), " 32767 19463");
   EXPECT_EQ(encoded(std::vector<std::int16_t>(8, -32768), 16).substr(4), " -30060 19463");
   EXPECT_EQ(AdpcmEncoder().stepFactors[5], 1.59765625);
+  EXPECT_EQ(AdpcmEncoder().outputSize, 0) << "before encode";
 }
 
 TEST(AdpcmEncoder, EncodesEveryLoudnessLikeThePlainForm) {

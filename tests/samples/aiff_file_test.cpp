@@ -105,6 +105,20 @@ TEST(AiffFile, ReportsWhatIsDamaged) {
   }
 }
 
+TEST(AiffFile, RecordsAreZeroBeforeTheyAreLoaded) {
+  const AiffFile file("");
+  const auto& [id, size, channels, frames, sampleSize, sampleRate] = file.common;
+  EXPECT_EQ(id | size | channels | frames | sampleSize | sampleRate, 0);
+  const auto& sound = file.sound;
+  EXPECT_EQ(sound.id | sound.size | sound.offset | sound.blockSize, 0);
+  const auto& inst = file.instrument;
+  EXPECT_EQ(inst.id | inst.size | inst.rootNote | inst.detune | inst.loNote | inst.hiNote |
+                inst.lowVelocity | inst.highVelocity | inst.gain | inst.sustainLoop.mode |
+                inst.sustainLoop.startId | inst.sustainLoop.endId,
+            0);
+  EXPECT_EQ(file.markerList.id | file.markerList.count, 0);
+}
+
 TEST(AiffFile, KeepsAndDumpsTheFieldsOfItsChunks) {
   const TemporaryDirectory directory;
   const std::string rule(34, '-');

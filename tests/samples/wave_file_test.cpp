@@ -89,6 +89,7 @@ TEST(WaveFile, AnswersOnlyWhenLoaded) {
   const auto content = [](std::uint32_t channels) { return wav().fmt(channels, 16, 22050); };
   WaveFile first(directory.write("1.wav", content(mono).data("abc")).c_str());
   WaveFile second(directory.write("2.wav", content(stereo).data("").replace(20, 1, "\3")).c_str());
+  EXPECT_EQ(textOf({}), "0 0 0 0 0 0 0 ");
   EXPECT_EQ(answersOf(first), "- - - - - ");
   EXPECT_EQ(first.getSampleData(), nullptr);
   EXPECT_TRUE(first.load());

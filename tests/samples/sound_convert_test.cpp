@@ -35,9 +35,9 @@ TEST(SoundConvert, ReadsAndMakesExtendedFloats) {
                                                      {1, 0, 1U << 31U},
                                                      {2, 0, 1U << 31U},
                                                      {0, 0, 0}}) {
-    std::string bytes(10, 'x');
+    std::string bytes(11, 'x');
     SoundConvert::makeExtended(raw(bytes), value);
-    EXPECT_EQ(bytes, Bytes().be16(exponent).be32(mantissaTop).fill(4).str()) << value;
+    EXPECT_EQ(bytes, Bytes().be16(exponent).be32(mantissaTop).fill(4).text("x").str()) << value;
   }
 }
 

@@ -112,7 +112,9 @@ bool DiskFile::openStream(const char* fullName) {
   if (kind == PathKind::directory || (kind == PathKind::pipe && mode != modeRead)) {
     return false;
   }
-  const auto flags = static_cast<std::ios_base::openmode>(openFlags_);
+  // The kept flags may be those of another mode, which lack the direction of this one.
+  const auto flags = static_cast<std::ios_base::openmode>(openFlags_) |
+                     (mode == modeRead ? std::ios::in : std::ios::out);
   if (mode == modeRead && hasNoSize_) {
     return true;  // left unopened, so that every access fails
   }

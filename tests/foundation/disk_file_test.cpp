@@ -1,12 +1,29 @@
 #include "foundation/disk_file.h"
 
+#include <gmock/gmock.h>
+
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
 
-TEST(DiskFileTest, EachErrorHasItsWords) {
+using testing::Each;
+
+class DiskFileTest : public testing::Test {
+ protected:
+  const TemporaryDirectory directory_;
+  const std::string name_ = directory_.write("some.bin", "abc");
+  DiskFile input_{modeRead, name_.c_str(), ""};
+  DiskFile output_{modeWrite, name_.c_str(), ""};
+  DiskFile log_{modeAppend, name_.c_str(), ""};
+  std::array<char, 6> bytes_{".."};
+  ByteBlock block_;
+  std::uint32_t size_ = 99;
+};
+
+TEST_F(DiskFileTest, EachErrorCodeHasItsText) {
   DiskFile file;
-  EXPECT_FALSE(file.errorText() || file.reportError());
+  EXPECT_EQ(file.errorText(), nullptr);
+  EXPECT_FALSE(file.reportError());
   for (const std::string row :
        {"Read Error (%s)", "Write Error (%s)", "Unable to Open \"%s\" for Writing",
         "File \"%s\" Not Found", "Unable to Allocate Memory (%s)", "File \"%s\" is Already Open",
@@ -18,75 +35,156 @@ TEST(DiskFileTest, EachErrorHasItsWords) {
     ++file.error;
     EXPECT_EQ(file.errorText(), "File System Error: " + row);
   }
+  ++file.error;
+  EXPECT_EQ(file.errorText(), nullptr);
 }
 
-TEST(DiskFileTest, OperationsTestTheirStateInOrder) {
-  TemporaryDirectory directory;
-  std::ostringstream codes;
-  for (std::uint32_t mode = 0; mode < 5; ++mode) {
-    DiskFile f(mode % 3, directory.write("some.bin", "abc").c_str(), nullptr);
-    EXPECT_TRUE(mode == 4 || f.open());
-    f.mode = mode;
-    char byte = 0;
-    ByteBlock all;
-    std::uint32_t size = 0;
-    const auto code = [&f](bool done) { return std::to_string(done ? 0 : f.error) + ' '; };
-    codes << code(f.open()) << code(f.setName("other")) << code(f.setPath("other"))
-          << code(f.setMode(mode)) << code(f.read(&byte, 1)) << code(f.read(nullptr, 1))
-          << code(f.readAll(all, size)) << code(f.readRange(&byte, 0, 1)) << code(f.write("a", 1))
-          << code(f.seek(0)) << code(f.getSize(size)) << code(f.close()) << code(f.close()) << '\n';
-    EXPECT_TRUE(mode == 4 || (f.setMode(mode % 3) && f.open())) << "whatever its mode was";
+TEST_F(DiskFileTest, OperationsCheckTheStateOfTheFileInOrder) {
+  static ByteBlock block;
+  static std::uint32_t number;
+  const std::array states{"reading", "writing", "appending", "in an unknown mode", "closed"};
+  const struct {
+    const char* name;
+    bool (*call)(DiskFile&);
+    std::array<std::uint32_t, 5> codes;  // one for each of the states, 0 for success
+  } rows[] = {
+      {"open", [](DiskFile& f) { return f.open(); }, {6, 6, 6, 6, 9}},
+      {"setName", [](DiskFile& f) { return f.setName("a"); }, {13, 13, 13, 13, 0}},
+      {"setPath", [](DiskFile& f) { return f.setPath("a"); }, {13, 13, 13, 13, 0}},
+      {"setMode", [](DiskFile& f) { return f.setMode(7); }, {13, 13, 13, 13, 0}},
+      {"read", [](DiskFile& f) { return f.read(&number, 1); }, {0, 9, 9, 9, 12}},
+      {"read to null", [](DiskFile& f) { return f.read(nullptr, 1); }, {14, 9, 9, 9, 12}},
+      {"readAll", [](DiskFile& f) { return f.readAll(block, number); }, {0, 9, 9, 9, 12}},
+      {"readRange", [](DiskFile& f) { return f.readRange(nullptr, 0, 1); }, {14, 9, 9, 9, 12}},
+      {"write", [](DiskFile& f) { return f.write("a", 1); }, {9, 0, 0, 9, 11}},
+      {"seek", [](DiskFile& f) { return f.seek(0); }, {0, 0, 15, 9, 12}},
+      {"getSize", [](DiskFile& f) { return f.getSize(number); }, {0, 0, 0, 9, 12}},
+      {"close", [](DiskFile& f) { return f.close(); }, {0, 0, 0, 9, 10}},
+  };
+  for (const auto& row : rows) {
+    for (std::uint32_t state = 0; state < states.size(); ++state) {
+      SCOPED_TRACE(std::string(row.name) + " while " + states[state]);
+      DiskFile file(state % 3, directory_.write("some.bin", "abc").c_str(), nullptr);
+      EXPECT_EQ(state < 4 && file.open(), state < 4);
+      file.mode = state;
+      EXPECT_EQ(row.call(file) ? 0 : file.error, row.codes[state]);
+    }
   }
-  EXPECT_EQ(codes.str(),
-            "6 13 13 13 0 14 0 0 9 0 0 0 10 \n"        // for reading
-            "6 13 13 13 9 9 9 9 0 0 0 0 10 \n"         // for writing
-            "6 13 13 13 9 9 9 9 0 15 0 0 10 \n"        // for appending
-            "6 13 13 13 9 9 9 9 9 9 9 9 10 \n"         // in a mode that there isn't
-            "9 0 0 0 12 12 12 12 11 12 12 10 10 \n");  // closed, and in such a mode
 }
 
-TEST(DiskFileTest, OnlyFilesBelow4GiBAreTakenAndOnlyWritingCreatesThem) {
-  TemporaryDirectory directory;
-  for (const std::uint32_t mode : {modeRead, modeWrite, modeAppend}) {
-    DiskFile folder(mode, directory.path().c_str(), nullptr);
-    EXPECT_FALSE(folder.open() || folder.isOpen);
-    EXPECT_EQ(folder.error, (std::array{4U, 3U, 8U}[mode]));
-    DiskFile missing(mode, directory.path("missing").c_str(), "");
-    EXPECT_FALSE(missing.writeWhole(nullptr, 3) || (mode == modeRead && missing.open()));
+TEST_F(DiskFileTest, NeedsANameAndCanReopenAfterAnUnknownMode) {
+  DiskFile file(3, nullptr, nullptr);
+  EXPECT_EQ(file.error, 5U);
+  file.mode = modeRead;
+  EXPECT_FALSE(file.open());
+  EXPECT_EQ(file.error, 5U);
+  EXPECT_TRUE(file.setName(name_.c_str()));
+  EXPECT_TRUE(file.open());
+  file.mode = 3;
+  EXPECT_FALSE(file.close());
+  file.mode = modeRead;
+  EXPECT_TRUE(file.open());
+}
+
+TEST_F(DiskFileTest, OpensNoDirectoriesAndCreatesNoInput) {
+  for (const auto& [mode, code] : {std::pair{modeRead, 4U}, {modeWrite, 3U}, {modeAppend, 8U}}) {
+    DiskFile folder(mode, directory_.path().c_str(), nullptr);
+    EXPECT_FALSE(folder.open());
+    EXPECT_FALSE(folder.isOpen);
+    EXPECT_EQ(folder.error, code);
   }
-  EXPECT_TRUE(std::filesystem::is_empty(directory.path()));
-  DiskFile file(modeRead, directory.write("some.bin", "").c_str(), "");
-  std::uint32_t size = 0;
-  std::filesystem::resize_file(directory.path("some.bin"), 0xFFFFFFFF);
-  EXPECT_TRUE(file.open() && file.getSize(size) && size == 0xFFFFFFFF);
-  std::filesystem::resize_file(directory.path("some.bin"), 0x100000000);
-  EXPECT_TRUE(!file.getSize(size) && file.error == errorRead);
+  EXPECT_FALSE(DiskFile(modeRead, "missing", directory_.path("").c_str()).open());
+  EXPECT_FALSE(std::filesystem::exists(directory_.path("missing")));
 }
 
-TEST(DiskFileTest, WritesAndReadsExactlyWhatIsAskedFor) {
-  TemporaryDirectory directory;
-  const std::string name = directory.write("some.bin", "an older and longer file");
-  DiskFile file(modeWrite, name.c_str(), "");
-  std::uint32_t size = 0;
-  ASSERT_TRUE(file.open() && file.write("\r\nabcd", 6));
-  EXPECT_TRUE(file.seek(0) && file.write("AB", 2) && file.seek(6) && file.write("\n", 1));
-  EXPECT_TRUE(file.getSize(size) && size == 7 && file.write("Z", 1) && file.close());
-  DiskFile more(modeAppend, name.c_str(), "");
-  EXPECT_TRUE(more.open() && more.getSize(size) && more.write("+", 1) && more.close());
-  EXPECT_TRUE(more.setMode(modeWrite) && more.writeWhole("2", 1)) << "the flags stay";
-  EXPECT_EQ(directory.read("some.bin"), "ZBabcd\n+2");
+TEST_F(DiskFileTest, DevicesOpenButCannotBeRead) {
+  if (std::filesystem::path::preferred_separator != '/') {
+    GTEST_SKIP() << "this host has no such devices";
+  }
+  DiskFile zero(modeRead, "/dev/zero", "");
+  EXPECT_TRUE(zero.open());
+  EXPECT_FALSE(zero.read(bytes_.data(), 1));
+  EXPECT_FALSE(zero.getSize(size_));
+  EXPECT_EQ(zero.error, 1U);
+  EXPECT_FALSE(zero.seek(0));
+  EXPECT_EQ(zero.error, 16U);
+}
 
-  DiskFile input(modeRead, name.c_str(), "");
-  ByteBlock block;
-  ASSERT_TRUE(input.readWhole(block, size) && !input.isOpen && size == 9);
-  EXPECT_TRUE(input.open() && input.seek(7) && input.readAll(block, size = 2));
-  char bytes[] = "......";
-  EXPECT_TRUE(input.readRange(bytes, 1, 3) && input.readRange(bytes, 3, 3));
-  EXPECT_TRUE(input.read(bytes + 2, 1) && input.getSize(size));
-  EXPECT_TRUE(!input.readRange(bytes, 2, 1) && input.read(bytes + 3, 1) && input.seek(7));
-  EXPECT_EQ(bytes + std::string(block.get(), block.get() + 9), "BabZ..+2abcd\n+2");
-  EXPECT_FALSE(input.read(bytes, 3)) << "only 2 bytes are left";
-  EXPECT_TRUE(input.isOpen && input.close() && input.error == errorRead) << "the code stays";
+TEST_F(DiskFileTest, SizesHave32Bits) {
+  for (const std::uint64_t size : {0x0ULL, 0xFFFFFFFFULL, 0x100000000ULL}) {
+    std::filesystem::resize_file(name_, size);
+    EXPECT_TRUE(input_.open());
+    EXPECT_EQ(input_.getSize(size_), size < 0x100000000) << size;
+    EXPECT_EQ(size_, std::min<std::uint64_t>(size, 0xFFFFFFFF)) << "unchanged by a failure";
+    EXPECT_EQ(input_.error, size < 0x100000000 ? 0 : 1U) << size;
+    EXPECT_TRUE(input_.close());
+  }
+}
+
+TEST_F(DiskFileTest, WritesAtThePositionAndAppendsAtTheEnd) {
+  EXPECT_THAT((std::array{output_.open(), output_.write("\r\nabcd", 6), output_.seek(1),
+                          output_.write("AB", 2), output_.seek(6), output_.write("\n", 1)}),
+              Each(true));
+  EXPECT_TRUE(output_.getSize(size_));
+  EXPECT_EQ(size_, 7U);
+  EXPECT_TRUE(output_.write("Z", 1)) << "at the start, where getSize leaves the position";
+  EXPECT_TRUE(output_.close());
+  EXPECT_THAT((std::array{log_.open(), log_.getSize(size_), log_.write("+", 1), log_.close()}),
+              Each(true));
+  EXPECT_EQ(directory_.read("some.bin"), "ZABbcd\n+");
+}
+
+TEST_F(DiskFileTest, KeepsTheFlagsOfTheFirstOpening) {
+  EXPECT_THAT((std::array{log_.open(), log_.close(), log_.setMode(modeWrite),
+                          log_.writeWhole("+", 1), input_.open(), input_.close(),
+                          input_.setMode(modeWrite), input_.writeWhole("A", 1)}),
+              Each(true));
+  EXPECT_EQ(directory_.read("some.bin"), "Abc+");
+}
+
+TEST_F(DiskFileTest, ReadsAtThePosition) {
+  EXPECT_THAT((std::array{input_.open(), input_.seek(1), input_.read(bytes_.data(), 2),
+                          input_.getSize(size_), input_.read(bytes_.data() + 2, 1)}),
+              Each(true));
+  EXPECT_STREQ(bytes_.data(), "bca") << "getSize leaves the position at the start";
+  EXPECT_TRUE(input_.readRange(bytes_.data(), 2, 3));
+  EXPECT_TRUE(input_.readRange(bytes_.data(), 3, 3));
+  EXPECT_STREQ(bytes_.data(), "cca");
+  EXPECT_FALSE(input_.readRange(bytes_.data(), 2, 1));
+  EXPECT_EQ(input_.error, 1U);
+}
+
+TEST_F(DiskFileTest, AShortReadFailsUntilTheFileIsReopenedAndItsCodeStays) {
+  EXPECT_TRUE(input_.open());
+  EXPECT_FALSE(input_.read(bytes_.data(), 4));
+  EXPECT_TRUE(input_.getSize(size_));
+  EXPECT_EQ(size_, 3U);
+  EXPECT_FALSE(input_.read(bytes_.data(), 1));
+  EXPECT_TRUE(input_.close());
+  EXPECT_TRUE(input_.open());
+  EXPECT_TRUE(input_.read(bytes_.data(), 1));
+  EXPECT_EQ(input_.error, 1U);
+}
+
+TEST_F(DiskFileTest, ReadsAndWritesWholeFiles) {
+  EXPECT_FALSE(output_.writeWhole(nullptr, 3));
+  EXPECT_TRUE(output_.writeWhole("12345", 5));
+  EXPECT_TRUE(input_.readWhole(block_, size_));
+  EXPECT_EQ(std::string(block_.get(), block_.get() + size_), "12345");
+  EXPECT_TRUE(output_.writeWhole("67890", 5));
+  EXPECT_TRUE(input_.open());
+  EXPECT_TRUE(input_.readAll(block_, size_ = 2));
+  EXPECT_EQ(std::string(block_.get(), block_.get() + 5), "67345");
+}
+
+TEST_F(DiskFileTest, ReadsAnImageWithSpareBytes) {
+  EXPECT_EQ(input_.readImage(block_, size_, 5), DiskFile::WholeRead::complete);
+  EXPECT_FALSE(input_.isOpen);
+  EXPECT_EQ(std::string(block_.get(), block_.get() + size_), "abc");
+  std::fill_n(block_.get() + size_, 5, std::uint8_t{0});
+  EXPECT_TRUE(input_.setPath("missing/"));
+  EXPECT_EQ(input_.readImage(block_, size_), DiskFile::WholeRead::failed);
+  EXPECT_EQ(input_.error, 4U);
 }
 
 }  // namespace tavrel::test

@@ -4,21 +4,41 @@
 
 namespace tavrel::test {
 
-TEST(SplitPath, TakesNamesApartAtBothSlashesAndTheLastDot) {
-  std::string parts;
-  for (const char* text : {"c:\\s\\b.wav", "c:b.wav", "s\\a/b.wav", "a/b\\c", "s.x\\b", "s\\", "b.",
-                           ".wav", "b.old.wav", "b.sample", "\\b.wav", "/b.wav", ""}) {
-    SplitPath path(text);
-    parts += path.getStem() + std::string(" in ") + path.getFullPath() + ", ";
+TEST(SplitPathTest, SplitsAtBothSlashesAndTheLastDot) {
+  const struct {
+    const char *text, *stem, *name, *fullPath;
+  } rows[] = {{"c:\\s\\b.wav", "b", "b.wav", "c:\\s\\b.wav"},
+              {"c:b.wav", "c:b", "c:b.wav", "c:b.wav"},
+              {"s\\a/b.wav", "b", "b.wav", "s\\a/b.wav"},
+              {"a/b\\c", "c", "c", "a/b\\c"},
+              {"s.x\\b", "b", "b", "s.x\\b"},
+              {"s\\", "", "", "s\\"},
+              {"b.", "b", "b", "b"},
+              {".wav", "", ".wav", ".wav"},
+              {"b.old.sample", "b.old", "b.old.sam", "b.old.sam"},
+              {"\\b.wav", "b", "b.wav", "\\b.wav"},
+              {"/b.wav", "/b", "/b.wav", "/b.wav"},
+              {"", "", "", ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    SplitPath path(row.text);
+    EXPECT_STREQ(path.getStem(), row.stem);
+    EXPECT_STREQ(path.getNameWithExtension(), row.name);
+    EXPECT_STREQ(path.getFullPath(), row.fullPath);
   }
-  EXPECT_EQ(parts,
-            "b in c:\\s\\b.wav, c:b in c:b.wav, b in s\\a/b.wav, c in a/b\\c, b in s.x\\b, "
-            " in s\\, b in b,  in .wav, b.old in b.old.wav, b in b.sam, b in \\b.wav, "
-            "/b in /b.wav,  in , ");
+}
+
+TEST(SplitPathTest, JoinsThePartsThatAreSetButForNull) {
   SplitPath path(nullptr);
-  EXPECT_TRUE(path.setDirectory("a/") && path.setStem("b") && path.setExtension("film"));
-  EXPECT_FALSE(path.parse(nullptr) || path.setStem(nullptr));
-  EXPECT_EQ(path.getFullPath() + std::string(path.getNameWithExtension()), "a/b.filmb.film");
+  EXPECT_STREQ(path.getFullPath(), "");
+  EXPECT_TRUE(path.parse("old/name.wav"));
+  EXPECT_FALSE(path.parse(nullptr));
+  EXPECT_TRUE(path.setDirectory("a/"));
+  EXPECT_TRUE(path.setStem("b"));
+  EXPECT_FALSE(path.setStem(nullptr));
+  EXPECT_TRUE(path.setExtension("film"));
+  EXPECT_STREQ(path.getFullPath(), "a/b.film");
+  EXPECT_STREQ(path.getFullPath(), "a/b.film") << "the second time";
 }
 
 }  // namespace tavrel::test

@@ -5,16 +5,40 @@
 namespace tavrel::test {
 
 TEST(TextOutputFileTest, WritesEachPieceByteForByteAndNothingToAClosedFile) {
-  TemporaryDirectory directory;
-  TextOutputFile file(directory.path("a.txt").c_str());
-  EXPECT_FALSE(file.writeText("a") || file.writeNewlines(1) || file.writeTabs(1) ||
-               file.writeLong(1) || file.writeBool(1) || file.writeComment("a"));
-  EXPECT_TRUE(file.error == errorNone && !file.writeBytes("a", 1) && file.error == 11);
-  ASSERT_TRUE(file.open() && file.writeText("a\r\n") && file.writeBytes("b\0c", 3));
-  EXPECT_TRUE(file.writeNewlines(2) && file.writeNewlines(-1) && file.writeTabs(2));
-  EXPECT_TRUE(file.writeTabs(-1) && file.writeLong(INT32_MIN) && file.writeBool(1));
-  EXPECT_TRUE(file.writeBool(2) && file.writeComment("x") && file.close());
-  EXPECT_EQ(directory.read("a.txt"), std::string("a\r\nb\0c\n\n\t\t-214748364810; x", 26));
+  const struct {
+    const char* name;
+    bool (*write)(TextOutputFile&);
+    std::string_view written;
+  } rows[] = {
+      {"text", [](TextOutputFile& f) { return f.writeText("a\r\n"); }, "a\r\n"},
+      {"newlines", [](TextOutputFile& f) { return f.writeNewlines(2); }, "\n\n"},
+      {"tabs", [](TextOutputFile& f) { return f.writeTabs(2); }, "\t\t"},
+      {"long", [](TextOutputFile& f) { return f.writeLong(INT32_MIN); }, "-2147483648"},
+      {"1", [](TextOutputFile& f) { return f.writeBool(1); }, "1"},
+      {"2", [](TextOutputFile& f) { return f.writeBool(2); }, "0"},
+      {"comment", [](TextOutputFile& f) { return f.writeComment("x"); }, "; x"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const TemporaryDirectory directory;
+    TextOutputFile file(directory.path("a.txt").c_str());
+    EXPECT_FALSE(row.write(file));
+    EXPECT_EQ(file.error, 0U);
+    EXPECT_TRUE(file.open());
+    EXPECT_TRUE(row.write(file));
+    EXPECT_TRUE(file.close());
+    EXPECT_EQ(directory.read("a.txt"), row.written);
+  }
+}
+
+TEST(TextOutputFileTest, WritesNothingForNullOrANegativeCount) {
+  TextOutputFile file("a.txt");
+  EXPECT_TRUE(file.writeNewlines(-1));
+  EXPECT_TRUE(file.writeTabs(-1));
+  EXPECT_FALSE(file.writeText(nullptr));
+  EXPECT_EQ(file.error, 0U);
+  EXPECT_FALSE(file.writeBytes("a", 1));
+  EXPECT_EQ(file.error, 11U);
 }
 
 }  // namespace tavrel::test

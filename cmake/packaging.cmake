@@ -1,9 +1,12 @@
-# What `cmake --install` and `cpack` install: the tool, its man page, the documents, the example, and
-# a CMake package with the tool as the imported program tavrel::tavrel.
+# What `cmake --install` and `cpack` install: the tool, its man page, the documents, the example, the
+# header for games with its pkg-config file, and a CMake package with the tool as the imported
+# program tavrel::tavrel and the header as the target tavrel::bank.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS tavrel EXPORT tavrel)
+install(TARGETS tavrel tavrel_bank EXPORT tavrel
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY runtime/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES docs/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
@@ -15,6 +18,9 @@ write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake DESTINATION ${package_directory})
 install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelConfig.cmake DESTINATION ${package_directory})
+
+configure_file(runtime/tavrel.pc.in tavrel.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/tavrel.pc DESTINATION ${CMAKE_INSTALL_DATADIR}/pkgconfig)
 
 # The form that Debian prescribes: lines are indented, and an empty line is a full stop.
 file(STRINGS LICENSE license)

@@ -1,24 +1,13 @@
-/* Loads the example bank, checks it, lists its assets, and finds one by its define. C99, without
- * dependencies, for hosts of any byte order. The first argument is the bank's file name. */
+/* Loads the example bank, lists its assets, and decodes one by its define. C99, for hosts of any
+ * byte order. The first argument is the bank's file name. */
 #include <inttypes.h>
 #include <stdio.h>
+#include <tavrel/bank.h>
 
 #include "demo.h"
 
-enum { kTable = 4, kRecord = 44, kType = 0, kOffset = 1, kSize = 2, kSampleRate = 3, kBits = 5 };
-
-/* The two sizes in the header add up to the length of the bank. A stale bank can have that length
- * too: pack the bank and compile the program in one build. */
-static uint8_t bank[DEMO_BANK_HEADER_SIZE + DEMO_BANK_DATA_SIZE];
-
-static uint32_t readLong(const uint8_t* bytes) {
-  return bytes[0] | (uint32_t)bytes[1] << 8 | (uint32_t)bytes[2] << 16 | (uint32_t)bytes[3] << 24;
-}
-
-/* One of the eleven words of an asset's record: kType, kOffset, kSize, then the parameters. */
-static uint32_t word(uint32_t id, uint32_t index) {
-  return readLong(bank + kTable + kRecord * id + 4 * index);
-}
+/* The two sizes in the header add up to the length of the bank. */
+static uint8_t bytes[DEMO_BANK_HEADER_SIZE + DEMO_BANK_DATA_SIZE];
 
 static int fail(const char* reason) {
   fprintf(stderr, "%s: %s\n", DEMO_FILENAME, reason);
@@ -27,23 +16,36 @@ static int fail(const char* reason) {
 
 int main(int argc, char** argv) {
   FILE* file = fopen(argc > 1 ? argv[1] : DEMO_FILENAME, "rb");
-  if (!file || fread(bank, 1, sizeof bank, file) != sizeof bank || fgetc(file) != EOF) {
-    return fail("missing, or not of the size that demo.h states");
+  if (!file || fread(bytes, 1, sizeof bytes, file) != sizeof bytes || fgetc(file) != EOF) {
+    return fail("missing, or not packed together with demo.h");
   }
   fclose(file);
-  const uint32_t count = readLong(bank);
-  if (count > (sizeof bank - kTable) / kRecord || count <= DEMO_BOOM_WAV) {
-    return fail("bad count");
+  tavrel_bank bank;
+  tavrel_status status = tavrel_bank_open(&bank, bytes, sizeof bytes);
+  if (status == TAVREL_OK) {
+    status = tavrel_bank_check_header(&bank, DEMO_BANK_DATA_SIZE, DEMO_BANK_HEADER_SIZE);
   }
-  for (uint32_t id = 0; id < count; ++id) {
-    const uint32_t offset = word(id, kOffset), size = word(id, kSize);
-    if (offset > sizeof bank || size > sizeof bank - offset) {
-      return fail("bad table");
-    }
-    printf("asset %" PRIu32 ": type %" PRIu32 ", %" PRIu32 " bytes\n", id, word(id, kType), size);
+  if (status != TAVREL_OK) {
+    return fail(tavrel_status_text(status));
   }
-  const uint8_t* boom = bank + word(DEMO_BOOM_WAV, kOffset);
-  printf("boom: %" PRIu32 " hertz, %" PRIu32 " bits, begins with %02x\n",
-         word(DEMO_BOOM_WAV, kSampleRate), word(DEMO_BOOM_WAV, kBits), boom[0]);
+  tavrel_asset asset;
+  for (uint32_t id = 0; tavrel_bank_asset(&bank, id, &asset); ++id) {
+    printf("asset %" PRIu32 ": type %" PRIu32 ", %" PRIu32 " bytes\n", id, asset.type, asset.size);
+  }
+
+  tavrel_wave boom;
+  if (!tavrel_bank_asset(&bank, DEMO_BOOM_WAV, &asset) || !tavrel_asset_wave(&asset, &boom)) {
+    return fail("boom is no wave");
+  }
+  tavrel_adpcm state;
+  tavrel_adpcm_start(&state);
+  int16_t samples[4];
+  const uint32_t count = tavrel_wave_read(&boom, &state, 0, samples, 4);
+  printf("boom: %" PRId32 " hertz, %" PRIu32 " samples, begins with", boom.sample_rate,
+         boom.sample_count);
+  for (uint32_t i = 0; i < count; ++i) {
+    printf(" %d", samples[i]);
+  }
+  printf("\n");
   return 0;
 }

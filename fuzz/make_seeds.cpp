@@ -33,5 +33,6 @@ int main(int argumentCount, char** arguments) {
   write(seeds / "aiff" / "whole", smallAiff());
   write(seeds / "midi" / "whole", smallMidi());
   write(seeds / "run" / "whole", runInput());
+  write(seeds / "bank" / "whole", smallBank());
   return 0;
 }

@@ -1,5 +1,7 @@
 #include "fuzz/small_build.h"
 
+#include <iterator>
+
 #include "tests/support/midi_builder.h"
 #include "tests/support/sound_builder.h"
 
@@ -52,6 +54,21 @@ std::string smallScript() {
          "FxProgramBank d.dat AssetEnd\n"
          "UserAsset d.dat Parameter0 1 Parameter7 -20 AssetEnd\n"
          "ScriptEnd\n";
+}
+
+std::string smallBank() {
+  struct Asset {
+    std::size_t type, size, bits;
+  };
+  constexpr Asset kAssets[] = {{1, 8, 4}, {1, 4, 8}, {1, 4, 16}, {1, 6, 24}, {3, 9, 0}, {6, 0, 0}};
+  Bytes bank = Bytes().le32(std::size(kAssets));
+  std::size_t offset = 4 + 44 * std::size(kAssets);
+  for (const Asset& asset : kAssets) {
+    bank.le32(asset.type).le32(offset).le32(asset.size).le32(22050).le32(1);
+    bank.le32(asset.bits).fill(5 * 4, 1);
+    offset += asset.size;
+  }
+  return bank.fill(320 - bank.size(), 0x7F);
 }
 
 std::vector<SmallFile> smallBuild() {

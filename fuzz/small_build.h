@@ -24,6 +24,10 @@ std::string smallMidi();
 /// The script "s.txt", which makes the bank "b.tvb" and the header "b.h".
 std::string smallScript();
 
+/// A bank with a wave of each width that a game decodes, one that it doesn't, a tone bank, and an
+/// empty asset at the end.
+std::string smallBank();
+
 /// All files of the build, the script included.
 std::vector<SmallFile> smallBuild();
 

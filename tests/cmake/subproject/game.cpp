@@ -1,3 +1,5 @@
+#include <tavrel/bank.h>
+
 #include "foundation/text_utilities.h"
 #include "level.h"
 
@@ -5,7 +7,7 @@
 static short narrowed(int number) { return number; }
 
 int main() {
-  return narrowed(LEVEL_BANK_HEADER_SIZE) == 32 &&
+  return narrowed(LEVEL_BANK_HEADER_SIZE) == TAVREL_BANK_ALIGNMENT &&
                  tavrel::equalsIgnoringCase(LEVEL_FILENAME, "LEVEL.TVB")
              ? 0
              : 1;

@@ -1,0 +1,71 @@
+"""Plays waves of the example bank into a file and compares them with the sources:
+play_test.py PLAYER BANK EXAMPLES"""
+import os
+import struct
+import subprocess
+import sys
+import tempfile
+import wave
+
+player, bank, examples = sys.argv[1:]
+
+
+def played(*arguments):
+    with tempfile.NamedTemporaryFile() as device:
+        environment = dict(os.environ, SDL_AUDIODRIVER="disk", SDL_DISKAUDIODELAY="0",
+                           SDL_DISKAUDIOFILE=device.name)
+        subprocess.run([player, *arguments], env=environment, check=True, stderr=subprocess.DEVNULL)
+        return trimmed([sample for sample, in struct.iter_unpack("<h", device.read())])
+
+
+def trimmed(samples):
+    """The device adds silence before and after."""
+    sounding = [index for index, sample in enumerate(samples) if sample]
+    return samples[sounding[0]:sounding[-1] + 1]
+
+
+def engine(count):
+    """The AIFF's 16-bit samples, then the part between its two markers again and again."""
+    with open(os.path.join(examples, "engine.aif"), "rb") as file:
+        file = file.read()
+    chunks, at = {}, 12
+    while at < len(file):
+        name, size = struct.unpack_from(">4sI", file, at)
+        chunks[name] = file[at + 8:at + 8 + size]
+        at += 8 + size + size % 2
+    samples = [sample for sample, in struct.iter_unpack(">h", chunks[b"SSND"][8:])]
+    marks = chunks[b"MARK"]  # a count, then markers: id, position, a name padded to an even size
+    start, = struct.unpack_from(">I", marks, 4)
+    end, = struct.unpack_from(">I", marks, 4 + 4 + (marks[8] + 2) // 2 * 2 + 2)
+    loop = samples[start:end]
+    return samples[:end] + [loop[i % len(loop)] for i in range(count - end)]
+
+
+def blip():
+    with wave.open(os.path.join(examples, "blip.wav")) as file:
+        return [(byte - 128) * 256 for byte in file.readframes(file.getnframes())]
+
+
+def wind():
+    """Decodes asset 3, ADPCM."""
+    with open(bank, "rb") as file:
+        file = file.read()
+    offset, size = struct.unpack_from("<II", file, 4 + 44 * 3 + 4)
+    samples, predictor, step = [], 0, 127
+    for byte in file[offset:offset + size]:
+        for code in (byte & 15, byte >> 4):
+            delta = min(step * (2 * (code & 7) + 1) // 8, 32767)
+            predictor = max(-32768, min(32767, predictor + (-delta if code & 8 else delta)))
+            step = max(127, min(24576, step * [230, 230, 230, 230, 307, 409, 512, 614][code & 7] // 256))
+            samples.append(predictor)
+    return samples
+
+
+failed = False
+for define, expected in (("DEMO_ENGINE_AIF", engine(22050)), ("DEMO_BLIP_WAV", blip()),
+                         ("DEMO_WIND_WAV", wind())):
+    for mode in ([], ["--stream"]):
+        if played(*mode, bank, define, "1") != trimmed(expected):
+            print("other samples:", *mode, define)
+            failed = True
+sys.exit(failed)

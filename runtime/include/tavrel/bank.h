@@ -45,16 +45,20 @@ enum tavrel_asset_type {
   TAVREL_USER_ASSET = 6
 };
 
-/* The parameters by type; those not listed are 0, and those of user assets are the user's own.
+/* The parameters by type. Those not listed are 0; those of user assets are the user's own.
  *
- *      Wave                                Sequence                                Tone bank
- *   0  sample rate in hertz                division: ticks per quarter note, or    1 melodic, 0
- * drum SMPTE time if negative 1  1 if it loops                       volume 2  bits per sample, 4
- * for ADPCM        mode 3  random pitch amount                 1 if it loops 4  loop start, in
- * samples 5  loop end, in samples                microseconds per quarter note, at first
+ *      Wave                                        Sequence
+ *   0  sample rate in hertz                        ticks per quarter note; negative: SMPTE time
+ *   1  1 if it loops                               volume
+ *   2  bits per sample, 4 for ADPCM                General MIDI mode
+ *   3  random pitch amount                         1 if it loops
+ *   4  loop start, in samples
+ *   5  loop end, in samples                        first tempo in microseconds per quarter note
  *
- * Samples of 8 and 16 bits are signed; those of the channels alternate, left first. The number of
- * channels isn't stored, and samples of all channels are counted alike. */
+ * Parameter 0 of a tone bank is 1 for melodic sounds, 0 for drums.
+ *
+ * Samples of 8 and 16 bits are signed. The samples of a wave's channels alternate, left first. The
+ * number of channels isn't stored, and samples of all channels are counted alike. */
 
 typedef enum tavrel_status {
   TAVREL_OK,         /* 0 */

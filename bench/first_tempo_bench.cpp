@@ -1,4 +1,4 @@
-// Reading the events of an 8 MB track, and finding a tempo that stands behind all of them.
+// Time to read the events of an 8 MB track, and to find a tempo after all of them.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kTrackBytes = std::size_t{8} * 1024 * 1024;
 
-/// `value` as 4 bytes, the highest first.
+/// Returns `value` as 4 big-endian bytes.
 std::string bigEndian(std::uint32_t value) {
   std::string bytes;
   for (int shift = 24; shift >= 0; shift -= 8) {
@@ -22,7 +22,7 @@ std::string bigEndian(std::uint32_t value) {
   return bytes;
 }
 
-/// Notes on and off, most of them in running status; then a tempo and the end of the track.
+/// Returns note-ons and note-offs, most with running status, then a tempo and the end of the track.
 std::string makeSong() {
   std::string track;
   track.reserve(kTrackBytes);
@@ -34,7 +34,7 @@ std::string makeSong() {
   return header + bigEndian(static_cast<std::uint32_t>(track.size())) + track;
 }
 
-/// The song on the disk, deleted at the end.
+/// The song as a file, deleted on destruction.
 class SongFile {
  public:
   SongFile() : path_((std::filesystem::temp_directory_path() / "tavrel_bench.mid").string()) {
@@ -91,7 +91,7 @@ void firstTempo(benchmark::State& state) {
 }
 BENCHMARK(firstTempo)->Unit(benchmark::kMillisecond);
 
-/// What a run does with the file: construct, load, query.
+/// Does what a run does with the file: construct, load, query.
 void loadAndFirstTempo(benchmark::State& state) {
   const SongFile song;
   bool found = true;

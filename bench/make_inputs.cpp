@@ -1,13 +1,14 @@
 // Writes the inputs of the whole-run benchmarks, the same bytes each time: make_inputs folder
 //
-// | Files | What they are for |
+// | Files | Purpose |
 // |---|---|
 // | small.txt, small/*.wav | 2,000 WAV files of 40,000 to 50,000 bytes, each longer than the last |
-// | compress_small.txt, joined.wav | the same files for the encoder, and their samples in one file
-// | | opaque.txt, opaque/*.dat | 16 user assets, 1 GiB in all | | compress.txt, long.wav | 10
-// minutes of 44.1 kHz sound for the encoder | | blocks15000.txt, blocks30000.txt, tiny.dat |
-// scripts that are all language and no payload | | tempo.txt, tempo.mid | a tempo after 8 MB of
-// other events | | empty.txt | a bank without assets |
+// | compress_small.txt, joined.wav | the same, compressed, and their samples in one file |
+// | opaque.txt, opaque/*.dat | 16 user assets, 1 GiB in all |
+// | compress.txt, long.wav | 10 minutes of 44.1 kHz sound for the encoder |
+// | blocks15000.txt, blocks30000.txt, tiny.dat | scripts with many blocks and little payload |
+// | tempo.txt, tempo.mid | a tempo after 8 MB of other events |
+// | empty.txt | a bank without assets |
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -48,7 +49,7 @@ std::string bigEndian(std::size_t value, int width) {
   return {bytes.rbegin(), bytes.rend()};
 }
 
-/// A mono WAV file with 16-bit samples.
+/// Returns a mono WAV file with 16-bit samples.
 std::string wav(const Samples& samples, std::size_t sampleRate) {
   const std::size_t size = 2 * samples.size();
   return "RIFF" + littleEndian(4 + 8 + 16 + 8 + size, 4) + "WAVE" + "fmt " + littleEndian(16, 4) +
@@ -57,7 +58,7 @@ std::string wav(const Samples& samples, std::size_t sampleRate) {
          littleEndian(size, 4) + std::string(reinterpret_cast<const char*>(samples.data()), size);
 }
 
-/// The script that names a bank and holds these blocks.
+/// Writes a script that names a bank and has these blocks.
 void writeScript(const std::string& name, const std::string& blocks) {
   writeFile(name + ".txt", "BankFileName " + name + ".tvb\n" + blocks + "ScriptEnd\n");
 }
@@ -118,7 +119,7 @@ void makeManyBlocks() {
   }
 }
 
-/// Notes under running status, and now and then a controller, a bend or a text.
+/// Returns notes with running status, and now and then a controller, a pitch bend or a text.
 std::string trackEvents() {
   std::mt19937 random(2);
   const auto byte = [&random](unsigned limit) { return static_cast<char>(random() % limit); };

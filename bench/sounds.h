@@ -8,13 +8,13 @@ namespace tavrel::bench {
 
 using Samples = std::vector<std::int16_t>;
 
-/// Three decaying notes and a little noise, struck anew every 0.7 seconds, at 44.1 kHz.
+/// Three decaying notes and a little noise, repeated every 0.7 seconds, at 44.1 kHz.
 Samples music(std::size_t count);
 
 /// A hum with the hiss of a recording, at 44.1 kHz.
 Samples hum(std::size_t count);
 
-/// A bare tone at 44.1 kHz. It repeats itself so exactly that a processor learns its course.
+/// A pure tone at 44.1 kHz, so periodic that a processor predicts every branch.
 Samples tone(std::size_t count);
 
 Samples whiteNoise(std::size_t count, unsigned seed);

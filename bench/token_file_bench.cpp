@@ -1,5 +1,5 @@
-// TokenFile on the text of a long script: how fast it cuts tokens, and what the comparison with
-// every keyword of a block adds to that.
+// Time of TokenFile to split a long script into tokens, and to compare each with all keywords of a
+// block as well.
 #include <benchmark/benchmark.h>
 
 #include <string>

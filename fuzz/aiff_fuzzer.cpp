@@ -1,4 +1,4 @@
-// The AIFF reader on one hostile file.
+// Fuzzes the AIFF reader with one hostile file.
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -21,7 +21,7 @@ void checkRefusal(AiffFile& aiff) {
   require(!aiff.getLoop(1, mode, size, size) && mode == 0);
 }
 
-/// The samples as they stand in the file, the reader's conversion taken back.
+/// Returns the samples as the file has them, undoing the reader's conversion.
 std::string storedSamples(AiffFile& aiff, std::uint32_t size) {
   std::uint16_t bits = 0;
   require(aiff.getBitsPerSample(bits));

@@ -1,4 +1,4 @@
-// tavrel/bank.h on a hostile bank, in a block of its exact size at an odd address: either the bank
+// Fuzzes tavrel/bank.h with a bank in a block of its exact size at an odd address: either the bank
 // is refused, or every asset is inside it. With the table alone the result is the same.
 #include <tavrel/bank.h>
 

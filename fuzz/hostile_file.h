@@ -1,5 +1,5 @@
-// One input of a fuzzer as a file, for as long as the object lives: under a path, with the console
-// silent, and what reads it held to its share of memory.
+// One input of a fuzzer as a file with a path. As long as the object exists, the console is silent
+// and the memory of the reader is bounded.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ class HostileFile {
   [[nodiscard]] const char* path() const { return path_; }
 
  private:
-  /// The path of the one file in which every input stands in its turn.
+  /// Returns the path of the file that holds the current input.
   static const char* fileOf(const std::uint8_t* bytes, std::size_t size) {
     silenceConsole();
     static MemoryFile file;

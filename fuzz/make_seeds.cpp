@@ -1,4 +1,4 @@
-// Writes the seeds: the inputs from which the fuzzers start, small and valid: make_seeds folder
+// Writes the seeds of the fuzzers, small valid inputs: make_seeds folder
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -14,7 +14,7 @@ void write(const std::filesystem::path& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
 }
 
-/// The input of the whole run; run_fuzzer.cpp has its table.
+/// Returns the input of the whole run; run_fuzzer.cpp has its layout.
 std::string runInput() {
   const std::string mark = "\n----\n";
   return "HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny" + mark + smallScript() + mark +

@@ -4,7 +4,7 @@
 
 #include "fuzz/require.h"
 
-// The sanitizers' runtime has these two; weak, so that a program without it links too.
+// Defined by the sanitizers' runtime. Weak, so that a program without it links too.
 extern "C" {
 [[gnu::weak]] int __sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*,
                                                                              std::size_t),
@@ -60,7 +60,7 @@ MemoryBound::~MemoryBound() { account.open = false; }
 
 }  // namespace tavrel::fuzz
 
-/// The form with which all blocks of a size taken from a file are made.
+/// All blocks whose size comes from a file are allocated with this form.
 void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   using namespace tavrel::fuzz;
   if (account.open && account.largeBlocks == LargeBlocks::refuse && size > kLargeBlock) {

@@ -1,14 +1,14 @@
-// Holds the code between construction and destruction to its share of memory: at no moment may it
-// hold more than four times the input and 16 MiB. Without a sanitizer in the program, which counts
-// for it, nothing is held.
+// Limits the memory of the code between construction and destruction: it may never hold more than
+// four times the input and 16 MiB. A sanitizer's runtime does the counting, so a program without
+// one has no limit.
 #pragma once
 
 #include <cstddef>
 
 namespace tavrel::fuzz {
 
-/// What becomes of a block that is out of all proportion. A MIDI event's payload is allocated as
-/// long as the event claims to be, however short the file: there is no memory for those.
+/// Makes allocations out of proportion fail. A MIDI event's payload is allocated with the size that
+/// the event claims, however short the file is.
 enum class LargeBlocks { count, refuse };
 
 class MemoryBound {

@@ -1,5 +1,5 @@
-// A file in memory, with a path under which the readers find it: one input after the other stands
-// in it, without a disk in between. Owns the file; if the host gives none, the fuzzer stops.
+// A file in memory with a path that the readers can open. Holds one input after another. Owns the
+// file; if the host can't create it, the fuzzer stops.
 #pragma once
 
 #include <cstddef>

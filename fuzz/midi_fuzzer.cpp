@@ -1,4 +1,4 @@
-// Every operation of the MIDI classes on one hostile file.
+// Fuzzes every operation of the MIDI classes with one hostile file.
 #include <algorithm>
 #include <cstdint>
 
@@ -10,7 +10,7 @@ namespace tavrel::fuzz {
 
 namespace {
 
-/// Reads every event from the cursor on and gives it to `use`; gives their number.
+/// Calls `use` with every event from the cursor on. Returns their number.
 template <typename Use>
 std::uint32_t readEvents(MidiAssetFile& file, Use use) {
   HeldEvent ev;
@@ -25,8 +25,8 @@ std::uint32_t readEvents(MidiAssetFile& file, Use use) {
   return count;
 }
 
-/// A status that an earlier pass left behind would count for a first event without one, so each
-/// pass starts without.
+/// Clears the running status, which an earlier pass left and a first event without a status would
+/// use.
 void query(MidiAssetFile& file) {
   std::uint32_t tempo = 0;
   std::uint32_t milliseconds = 0;

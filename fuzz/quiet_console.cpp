@@ -20,7 +20,7 @@ bool replaceStreams() {
   functions.write = dropText;
   stdout = fopencookie(nullptr, "w", functions);
   stderr = fopencookie(nullptr, "w", functions);
-  stdin = fopencookie(nullptr, "r", functions);  // without a read function it is at its end
+  stdin = fopencookie(nullptr, "r", functions);  // no read function: always at the end
   return stdin != nullptr && stdout != nullptr && stderr != nullptr;
 }
 

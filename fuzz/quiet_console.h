@@ -1,10 +1,10 @@
-// Leads the program's standard streams nowhere: what is printed is dropped without a system call,
-// and standard input is at its end. Sanitizers and the fuzzer itself still reach the console.
+// Silences the program's standard streams: output is dropped without a system call, and standard
+// input is empty. Sanitizers and the fuzzer itself still print.
 #pragma once
 
 namespace tavrel::fuzz {
 
-/// From the first call on, for the rest of the program.
+/// Silences the streams for the rest of the program.
 void silenceConsole();
 
 }  // namespace tavrel::fuzz

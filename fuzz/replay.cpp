@@ -1,6 +1,6 @@
-// Runs a fuzzer once for each input in the folders of the command line, without a fuzzing engine:
-// as it stands, cut short at every length, and with every byte damaged. A plain test for what once
-// failed, and for what lies next to it.
+// Runs a fuzzer without a fuzzing engine on each input in the folders of the command line: whole,
+// truncated to every length, and with every byte damaged. An ordinary test of past failures and of
+// inputs close to them.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 namespace {
 
 void run(const std::string& input) {
-  // Of its exact size, so that a byte too far is seen where the sanitizers are on.
+  // A block of the exact size, so that sanitizers notice a read beyond it.
   const std::vector<std::uint8_t> bytes(input.begin(), input.end());
   LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
 }
@@ -36,10 +36,10 @@ void replay(const std::filesystem::path& path) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  std::FILE* console = stderr;  // the fuzzers silence it for what they call
+  std::FILE* console = stderr;  // the fuzzers silence the stream
   std::vector<std::filesystem::path> inputs;
   for (int i = 1; i < argumentCount; ++i) {
-    if (std::filesystem::exists(arguments[i])) {  // a folder of failures may have none yet
+    if (std::filesystem::exists(arguments[i])) {  // the folder of failures may not exist yet
       for (const auto& entry : std::filesystem::directory_iterator(arguments[i])) {
         inputs.push_back(std::filesystem::absolute(entry.path()));
       }

@@ -1,4 +1,4 @@
-// What has to hold whatever the input: a fuzzer that finds otherwise stops with a failure.
+// Conditions that must hold for every input. A fuzzer that finds one violated stops with a failure.
 #pragma once
 
 namespace tavrel::fuzz {

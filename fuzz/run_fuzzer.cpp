@@ -1,15 +1,15 @@
-// A whole run: its argument list, its script and three of its asset files are cut out of one input.
+// Fuzzes a whole run. One input holds its arguments, its script and three of its asset files.
 //
 // | Content | Goes to |
 // |---|---|
-// | arguments behind the script's name, one a line, and a line "----" | the argument list |
+// | arguments after the script's name, one a line, and a line "----" | the argument list |
 // | script and a line "----" | "s.txt" |
 // | WAV file and a line "----" | "w.wav" |
 // | AIFF file and a line "----" | "f.aif" |
 // | MIDI file | "m.mid" |
 //
-// The other files of a small build lie beside them. Names must not lead out of the work directory:
-// in the arguments and the script a dot or a separator counts only behind a letter or a digit.
+// The other files are those of a small build. Names must stay in the work directory: in arguments
+// and script, a dot or a separator is kept only after a letter or a digit.
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -29,7 +29,7 @@ namespace tavrel::fuzz {
 
 namespace {
 
-/// Cuts off what stands in front of the first `mark`, or everything.
+/// Removes and returns the text before the first `mark`, or all of it.
 std::string_view cutOff(std::string_view& text, std::string_view mark) {
   const std::string_view front = text.substr(0, text.find(mark));
   text.remove_prefix(std::min(front.size() + mark.size(), text.size()));
@@ -49,7 +49,7 @@ std::string confined(std::string_view text) {
   return result;
 }
 
-/// The argument list, as the entry point of a program gets it.
+/// The argument list in the form of `main`.
 class Arguments {
  public:
   explicit Arguments(std::string_view lines) {

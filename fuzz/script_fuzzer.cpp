@@ -1,5 +1,5 @@
-// A hostile script: as text in memory under every reading operation, then as the script of a bank,
-// up to and without the writing of it.
+// Fuzzes a script: as text in memory with every reading operation, then as the script of a bank
+// that is not written.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -16,7 +16,7 @@ namespace tavrel::fuzz {
 
 namespace {
 
-/// The text of `file`, from its start on, token by token.
+/// Reads the text of `file` from its start, token by token.
 std::size_t readTokens(TokenFile& file) {
   std::size_t characters = 0;
   while (file.readToken()) {
@@ -28,7 +28,7 @@ std::size_t readTokens(TokenFile& file) {
   return characters;
 }
 
-/// The same with the typed reads, each in its turn.
+/// Does the same with each typed read in turn.
 void readValues(TokenFile& file) {
   std::int32_t number = 0;
   std::uint8_t flag = 0;

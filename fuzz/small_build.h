@@ -1,5 +1,4 @@
-// A small build with everything in it: a script with one asset of each kind, and the files that it
-// names, each sound and valid.
+// A small valid build: a script with one asset of each kind, and the files that it names.
 #pragma once
 
 #include <string>

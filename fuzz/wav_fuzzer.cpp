@@ -1,4 +1,4 @@
-// The WAV reader on one hostile file, and the encoder on what it delivers.
+// Fuzzes the WAV reader with one hostile file, and the encoder with its samples.
 #include <cstdint>
 #include <string_view>
 
@@ -11,7 +11,7 @@ namespace tavrel::fuzz {
 
 namespace {
 
-/// Whatever was asked for stays unanswered.
+/// Checks that no query is answered.
 void checkRefusal(const WaveFile& wave) {
   std::uint32_t size = 1;
   std::uint16_t bits = 1;

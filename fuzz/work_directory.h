@@ -1,5 +1,5 @@
-// A directory of the fuzzer's own that is its current directory as long as the object lives, so
-// that the names in an input lead to files in it. Owns the directory with all that is in it.
+// Temporary directory that is the current one as long as the object exists, so that relative names
+// in an input are files in it. Owns the directory and its content.
 #pragma once
 
 #include <filesystem>
@@ -13,13 +13,13 @@ namespace tavrel::fuzz {
 
 class WorkDirectory {
  public:
-  /// Begins with these files in it.
+  /// Creates these files in it.
   explicit WorkDirectory(const std::vector<SmallFile>& files = {});
   ~WorkDirectory();
   WorkDirectory(const WorkDirectory&) = delete;
   WorkDirectory& operator=(const WorkDirectory&) = delete;
 
-  /// Writes a file. One that is there is replaced.
+  /// Writes or replaces a file.
   static void write(const char* name, std::string_view content);
 
   /// Deletes all files but directories.

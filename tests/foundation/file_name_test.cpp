@@ -44,14 +44,16 @@ TEST(FileNameTest, ChangesOnlyAnExtensionNearTheEndOfTheName) {
 
 TEST(FileNameTest, ChangesNoExtensionWithoutRoomForIt) {
   FileName file("b");
-  EXPECT_TRUE(file.changeExtension("rsp45"));
-  EXPECT_TRUE(file.changeExtension(nullptr));
-  EXPECT_STREQ(file.name.get(), "b");
-  EXPECT_TRUE(file.splitNameAndPath("s\\b.wav"));
-  EXPECT_TRUE(file.changeExtension("rsp4"));
-  EXPECT_STREQ(file.name.get(), "b.wav") << "splitting leaves no margin";
-  EXPECT_TRUE(file.changeExtension("mid"));
-  EXPECT_STREQ(file.name.get(), "b.mid");
+  FileName split;
+  EXPECT_TRUE(split.splitNameAndPath("b.wav"));
+  for (const char* tooLong : {"rsp45", static_cast<const char*>(nullptr)}) {
+    EXPECT_TRUE(file.changeExtension(tooLong));
+    EXPECT_STREQ(file.name.get(), "b");
+  }
+  for (const auto& [extension, after] : {std::pair{"rsp4", "b.wav"}, {"mid", "b.mid"}}) {
+    EXPECT_TRUE(split.changeExtension(extension));
+    EXPECT_STREQ(split.name.get(), after) << "splitting leaves no margin";
+  }
 }
 
 TEST(FileNameTest, FailsForNullAndWithoutAName) {

@@ -1,6 +1,6 @@
 #include "foundation/split_path.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace tavrel::test {
 
@@ -9,8 +9,7 @@ TEST(SplitPathTest, SplitsAtBothSlashesAndTheLastDot) {
     const char *text, *stem, *name, *fullPath;
   } rows[] = {{"c:\\s\\b.wav", "b", "b.wav", "c:\\s\\b.wav"},
               {"c:b.wav", "c:b", "c:b.wav", "c:b.wav"},
-              {"s\\a/b.wav", "b", "b.wav", "s\\a/b.wav"},
-              {"a/b\\c", "c", "c", "a/b\\c"},
+              {"a/s\\b.c", "b", "b.c", "a/s\\b.c"},
               {"s.x\\b", "b", "b", "s.x\\b"},
               {"s\\", "", "", "s\\"},
               {"b.", "b", "b", "b"},
@@ -28,15 +27,13 @@ TEST(SplitPathTest, SplitsAtBothSlashesAndTheLastDot) {
   }
 }
 
-TEST(SplitPathTest, JoinsThePartsThatAreSetButForNull) {
+TEST(SplitPathTest, JoinsThePartsThatAreSet) {
   SplitPath path(nullptr);
   EXPECT_STREQ(path.getFullPath(), "");
-  EXPECT_TRUE(path.parse("old/name.wav"));
-  EXPECT_FALSE(path.parse(nullptr));
-  EXPECT_TRUE(path.setDirectory("a/"));
-  EXPECT_TRUE(path.setStem("b"));
-  EXPECT_FALSE(path.setStem(nullptr));
-  EXPECT_TRUE(path.setExtension("film"));
+  EXPECT_THAT((std::array{path.parse("old/name.wav"), path.setDirectory("a/"), path.setStem("b"),
+                          path.setExtension("film")}),
+              testing::Each(true));
+  EXPECT_THAT((std::array{path.parse(nullptr), path.setStem(nullptr)}), testing::Each(false));
   EXPECT_STREQ(path.getFullPath(), "a/b.film");
   EXPECT_STREQ(path.getFullPath(), "a/b.film") << "the second time";
 }

@@ -1,18 +1,19 @@
 #include "foundation/text_utilities.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace tavrel::test {
 
 TEST(TextUtilitiesTest, ComparesRegardlessOfTheCaseOfAToZ) {
-  using Pair = std::pair<const char*, const char*>;
-  for (const auto& [first, second] : {Pair{"", ""}, Pair{"aZ09[", "Az09["}, Pair{"zA", "Za"}}) {
-    EXPECT_TRUE(equalsIgnoringCase(first, second)) << first;
-  }
-  for (const auto& [first, second] :
-       {Pair{"a", "ab"}, Pair{"ab", "a"}, Pair{"@", "`"}, Pair{"[", "{"}, Pair{"\xC4", "\xE4"},
-        Pair{nullptr, ""}, Pair{"", nullptr}}) {
-    EXPECT_FALSE(equalsIgnoringCase(first, second)) << testing::PrintToString(first);
+  const struct {
+    const char *first, *second;
+    bool equal;
+  } rows[] = {{"", "", true},      {"aZ0[", "Az0[", true},  {"zA", "Za", true},
+              {"a", "ab", false},  {"ab", "a", false},      {"@", "`", false},
+              {"[", "{", false},   {"\xC4", "\xE4", false}, {nullptr, "", false},
+              {"", nullptr, false}};
+  for (const auto& [first, second, equal] : rows) {
+    EXPECT_EQ(equalsIgnoringCase(first, second), equal) << testing::PrintToString(first);
   }
 }
 
@@ -31,11 +32,9 @@ TEST(TextUtilitiesTest, RefusesNullAndEmptyTexts) {
   char empty[] = "";
   for (char* text : {empty, static_cast<char*>(nullptr)}) {
     EXPECT_EQ(replaceChar(text, 'a', 'b'), text != nullptr);
-    EXPECT_FALSE(toUpper(text));
-    EXPECT_FALSE(toLower(text));
-    EXPECT_FALSE(upperFirst(text));
-    EXPECT_FALSE(isAllDigits(text));
-    EXPECT_FALSE(isMixedCase(text));
+    EXPECT_THAT((std::array{toUpper(text), toLower(text), upperFirst(text), isAllDigits(text),
+                            isMixedCase(text)}),
+                testing::Each(false));
   }
 }
 

@@ -1,5 +1,7 @@
 #include "foundation/token_file.h"
 
+#include <gmock/gmock.h>
+
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -52,46 +54,36 @@ TEST(TokenFileTest, TokensMayHave1024Characters) {
 }
 
 TEST(TokenFileTest, ReadsNumbersAsFarAsTheyAreDecimal) {
-  const std::pair<const char*, std::int32_t> rows[] = {{"12abc ", 12},
-                                                       {"abc ", 0},
-                                                       {"0x10 ", 0},
-                                                       {"-7 ", -7},
-                                                       {"\v+7 ", 7},
-                                                       {"\f9:8/ ", 9},
-                                                       {"+-7 ", 0},
-                                                       {"10000000000000 ", 1316134912},
-                                                       {"2147483648 ", INT32_MIN},
-                                                       {"-2147483649 ", INT32_MAX}};
-  for (const auto& [text, expected] : rows) {
-    std::int32_t number = 99;
-    EXPECT_TRUE(TextInMemory(text).readNumber(number)) << text;
-    EXPECT_FALSE(TextInMemory("8").readNumber(number)) << "not delimited";
-    EXPECT_EQ(number, expected) << text;
+  TextInMemory file("12abc abc 0x10 -7 \v+7 \f9:8/ +-7 10000000000000 2147483648 -2147483649 8");
+  std::vector<std::int32_t> values;
+  for (std::int32_t number = 99; file.readNumber(number);) {
+    values.push_back(number);
   }
+  EXPECT_THAT(values,
+              testing::ElementsAre(12, 0, 0, -7, 7, 9, 0, 1316134912, INT32_MIN, INT32_MAX));
 }
 
 TEST(TokenFileTest, ReadsFlagsFromTheFirstCharacter) {
   TextInMemory file("1x 2 01 / 3");
   std::uint8_t flag = 9;
-  for (const auto& [read, value] :
-       {std::pair{true, 1}, {false, 1}, {true, 0}, {false, 0}, {false, 0}}) {
+  for (const auto& [read, value] : {std::pair{true, 1}, {false, 1}, {true, 0}, {false, 0}}) {
     EXPECT_EQ(file.readFlag(flag), read) << file.token.data();
     EXPECT_EQ(flag, value) << file.token.data();
   }
+  EXPECT_FALSE(file.readFlag(flag));
 }
 
 TEST(TokenFileTest, ComparesTheTokenUpToAZeroByte) {
   TextInMemory file(std::string("aZ\0b ", 5));
-  EXPECT_TRUE(file.readToken());
+  EXPECT_EQ(allOf(file), "aZ@1 1");
   EXPECT_EQ(file.token[3], 'b');
   EXPECT_TRUE(file.isToken("Az"));
   EXPECT_FALSE(file.isToken(nullptr));
 }
 
 TEST(TokenFileTest, ReportsTheFullNameOfAFileThatCannotBeLoaded) {
-  TokenFile missing("a.txt", "missing/");
   testing::internal::CaptureStderr();
-  EXPECT_FALSE(missing.load());
+  EXPECT_FALSE(TokenFile("a.txt", "missing/").load());
   EXPECT_FALSE(TokenFile().load());
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "File System Error: File \"missing/a.txt\" Not Found\n"
@@ -100,17 +92,16 @@ TEST(TokenFileTest, ReportsTheFullNameOfAFileThatCannotBeLoaded) {
 
 TEST(TokenFileTest, LoadsAFileAndReadsItAgain) {
   const TemporaryDirectory directory;
-  TokenFile file("none", directory.path("").c_str());
+  TokenFile file("none", "none/");
+  EXPECT_FALSE(file.setFile(nullptr));
   EXPECT_TRUE(file.setFile(directory.write("a.txt", "a\r\nb ").c_str()));
-  file.lineNumber = 7;
   EXPECT_TRUE(file.load());
-  EXPECT_EQ(allOf(file), "a@7 b@8 8");
+  EXPECT_EQ(allOf(file), "a@1 b@2 2");
   EXPECT_TRUE(file.rewind());
-  EXPECT_EQ(allOf(file), "a@8 b@9 9");
+  EXPECT_EQ(allOf(file), "a@2 b@3 3");
   EXPECT_TRUE(file.freeData());
   EXPECT_TRUE(file.rewind());
   EXPECT_FALSE(file.readToken());
-  EXPECT_FALSE(file.setFile(nullptr));
 }
 
 TEST(TokenFileTest, SkipsAndReadsLines) {
@@ -118,16 +109,14 @@ TEST(TokenFileTest, SkipsAndReadsLines) {
   TextInMemory file("a b\r\nc\r\rd\n" + longest + "y\nz\n\r");
   EXPECT_TRUE(file.skipLine());
   EXPECT_TRUE(file.skipLine());
-  EXPECT_EQ(file.lineNumber, 1);
-  EXPECT_TRUE(file.readLine());
-  EXPECT_STREQ(file.line.data(), "\rd\n");
-  EXPECT_TRUE(file.readLine());
-  EXPECT_EQ(file.line.data(), longest);
-  EXPECT_TRUE(file.readLine());
-  EXPECT_STREQ(file.line.data(), "y\n");
+  for (const std::string& line : {std::string("\rd\n"), longest, std::string("y\n")}) {
+    EXPECT_TRUE(file.readLine());
+    EXPECT_EQ(file.line.data(), line);
+  }
   EXPECT_TRUE(file.skipLine());
   EXPECT_FALSE(file.skipLine()) << "nothing follows its first character";
   EXPECT_FALSE(file.readLine());
+  EXPECT_EQ(file.lineNumber, 1);
 }
 
 }  // namespace tavrel::test

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-TEST(BankScript, ABankOf4GiBOrAHeaderWithoutABankIsRefusedAheadOfTheOldOne) {
+
+TEST(BankScript, ABankOf4GiBOrAHeaderWithoutABankIsRefusedBeforeTheOldOneIsTouched) {
   const TemporaryDirectory folder;
   BankScript script("a.txt");
   script.bankFileName.setName(folder.write("sfx.tvb", "an older bank").c_str());
@@ -22,6 +24,37 @@ TEST(BankScript, ABankOf4GiBOrAHeaderWithoutABankIsRefusedAheadOfTheOldOne) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "ERROR: Bank of 4294967296 bytes is too long, only 4294967295 bytes allowed\n");
   EXPECT_EQ(folder.read("sfx.tvb") + folder.read("sfx.h"), "an older bankan older header");
+}
+
+TEST(BankScript, TheLongestBankIsNotRefused) {
+  BankScript script("a.txt");
+  script.bankFileName.setName("missing/folder/sfx.tvb");
+  auto asset = std::make_unique<AssetData>();
+  asset->paddedSize = 0xFFFFFFE0 - (4 + 44);  // the largest multiple of 32 in 32 bits
+  ASSERT_TRUE(script.storeAsset(std::move(asset), std::make_unique<AssetEntry>()));
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(script.writeBank()) << "there is no such folder";
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Writing Bank File: missing/folder/sfx.tvb\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(BankScript, ADirectlyParsedWaveHasItsStream) {
+  const TemporaryDirectory folder;
+  const std::string samples = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0).str();
+  const std::string name = folder.write("a.wav", wav().fmt(mono, 16, 8000).data(samples));
+  BankScript script("a.txt");
+  TokenFile block;
+  const std::string text = name + " Adpcm 1 AssetEnd ";
+  auto* bytes = new std::uint8_t[text.size()];
+  std::copy(text.begin(), text.end(), bytes);
+  block.useMemory(bytes, text.size());
+  testing::internal::CaptureStdout();
+  ASSERT_TRUE(script.parseWaveFile(block));
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Reading Wave File: " + name + '\n');
+  const std::uint8_t* stream = script.assets.at(0)->payload.get();
+  EXPECT_EQ(std::string(stream, stream + 4), "\x77\x1F\x80\x80");
+  block.freeData();
 }
 
 TEST(BankScript, PreferencesAreTakenUpToThePreferencesEnd) {

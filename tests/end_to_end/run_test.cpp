@@ -16,7 +16,7 @@ std::string unidentified(const std::string& token, int line) {
 
 TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
   const std::string noAiff = "ERROR: This is not a 'AIFF' file.\nERROR: Not an AIFF file.\n";
-  const std::string drums = "Bad Argument for BankType token.\n" + unidentified("DRUM", 15);
+  const std::string drums = "Bad Argument for BankType token.\n" + unidentified("Drums", 15);
   const std::string folder = R"(one\16.WAV)";
   const std::string numbers = "SampleRate 1 RandomPitchAmount -7;\r\nSampleRate 2";
   const std::string steps = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0).le32(0x7FFF7FFF);
@@ -38,7 +38,7 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kMidi, "still.mid", "AssetEnd", {}, ""},
       {kMidi, "empty", "AssetEnd", {}, ""},
       {kToneBank, "empty", "Volume", {}, unidentified("Volume", 14)},
-      {kToneBank, "empty", "BankType DRUM", {}, drums},
+      {kToneBank, "empty", "BankType Drums", {}, drums},
       {kFxOutputBank, "empty", "BankType", {}, ""},
       {kFxProgramBank, "none", "", {}, ""},
       {kUserAsset, "empty", "Parameter8", {}, unidentified("Parameter8", 18)},
@@ -49,7 +49,9 @@ TEST(Run, EachBlockFailsInItsOwnWordsOrItsAssetReachesBankAndHeader) {
       {kWave, "8.wav", "Loop 0 Adpcm 1", {{0, 0, 8}}, {"\0\x7F\xFF", 3}},
       {kWave, "8.wav", "loop 10", {{0, 1, 8, 0, 0, 3}}, {"\0\x7F\xFF", 3}},
       {kWave, "4.wav", "Loop 1", {{0, 1, 4, 0, 0, 2}}, "a"},
+      {kWave, "4.wav", "Adpcm 1", {{0, 0, 4}}, "a"},
       {kWave, "24.wav", "Loop 1", {{0, 1, 24}}, "abcdef"},
+      {kWave, "24.wav", "Adpcm 1", {{0, 0, 24}}, "abcdef"},
       {kAiff, "8.aif", "Loop 1", {{0, 1, 8}}, "\x01\xFF\x80"},
       {kAiff,
        "good.aif",
@@ -125,9 +127,13 @@ TEST(Run, OneThatFailsTellsWhyAndLeavesOldFilesAlone) {
 }
 
 TEST(Run, ATokenOf1025CharactersEndsTheScript) {
-  expectRun({.script = "BankFileName sfx.tvb\n" + std::string(1025, 'x') + " Foo ",
-             .problems = "File: a.txt Line #: 2 has an oversize token, only 1024 chars allowed per "
-                         "token\n"});
+  const std::string token(1025, 'x');
+  const std::string problem =
+      "File: a.txt Line #: 2 has an oversize token, only 1024 chars allowed per token\n";
+  expectRun({.script = "BankFileName sfx.tvb\n" + token + " Foo ", .problems = problem});
+  expectRun({.script = "BankFileName sfx.tvb\nBankFileName " + token + " Foo ",
+             .problems = problem + kParseFails,
+             .failure = ""});
 }
 
 TEST(Run, BothStreamsComeInTheOrderOfTheSteps) {
@@ -162,7 +168,7 @@ TEST(Run, KeywordsAreAppliedItemByItem) {
       {.arguments = "a.txt HeaderPrefix " + longest, .prefix = std::string(80, 'P')},
       {.arguments = "a.txt HeaderPrefix x HeaderPrefix x" + longest},
       {.arguments = "bankPath one/", .scriptFile = "bankPath", .bankPath = "one/"},
-      // A value is tested for the keywords behind its own in the order of this row, and no other.
+      // A value is tested only for the keywords after its own, in the order of this row.
       {.arguments = "s bankPath scriptPath headerPath HeaderPrefix x",
        .scriptFile = "headerPaths",
        .bankPath = "scriptPath",

@@ -17,14 +17,14 @@ Machine machine;
 
 namespace {
 
-/// Counts one call down; true if the fault strikes it.
+/// Counts one call. Returns true if the fault hits it.
 bool strikes(Fault fault) {
   const bool isLasting = fault == Fault::noMemory || fault == Fault::noSpace;
   if (fault != machine.fault || (machine.hasStruck && !isLasting)) {
     return false;
   }
   machine.hasStruck = machine.hasStruck || --machine.callsLeft == 0;
-  errno = EIO;  // where it fails: no reason to try again
+  errno = EIO;  // not a reason to try again
   return machine.hasStruck;
 }
 
@@ -61,7 +61,7 @@ void operator delete[](void* block) noexcept { release(block); }
 void operator delete(void* block, size_t /*size*/) noexcept { release(block); }
 void operator delete[](void* block, size_t /*size*/) noexcept { release(block); }
 
-// These stand in front of the C library's own.
+// These replace the functions of the C library.
 extern "C" {
 
 ssize_t write(int file, const void* bytes, size_t size) {

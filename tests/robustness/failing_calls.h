@@ -1,13 +1,12 @@
-// A machine that fails when a test says so: operator new of the whole program, and the calls on
-// files, those of the C++ library included, but for writes to the standard streams.
+// Makes calls fail on request: operator new of the whole program, and calls on files, also those of
+// the C++ library, except writes to the standard streams.
 #pragma once
 
 #include <cstddef>
 
 namespace tavrel::test {
 
-/// Shortages of memory and of space last from the call on that fails; in a read at its end a file
-/// has shrunk.
+/// `noMemory` and `noSpace` last from the failing call on. With `readAtEnd` a file has shrunk.
 enum class Fault { none, oneAllocation, noMemory, noSpace, close, read, readAtEnd };
 
 struct Machine {
@@ -17,7 +16,7 @@ struct Machine {
   std::ptrdiff_t blocks = 0;  ///< of memory, allocated less freed
 };
 
-/// The one under this program.
+/// The machine that this program runs on.
 extern Machine machine;
 
 }  // namespace tavrel::test

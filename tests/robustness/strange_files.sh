@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The tool among files that are no files, disks that are full and streams that are closed: it may
-# never hang, crash, or say "Done!" without a whole bank and header: strange_files.sh TOOL EXAMPLES
+# Runs the tool with special files, full disks and closed streams. It must never hang, crash, or print
+# "Done!" without a whole bank and header: strange_files.sh TOOL EXAMPLES
 set -euo pipefail
 tool=$(realpath "$1")
 examples=$(realpath "$2")
@@ -8,8 +8,8 @@ sandbox=$(mktemp -d)
 trap 'rm -rf "$sandbox"' EXIT
 failures=0
 
-# Packs the example bank in a folder of its own, behind a change of that folder and with further
-# arguments or redirections. Prints the hash of the bank, or the last word of the failure.
+# Packs the example bank in a new folder, after running $1 there, with the arguments or redirections
+# $2. Prints the hash of the bank, or the last word of the failure.
 outcome() {
   local folder status=0
   folder=$(mktemp -d -p "$sandbox")
@@ -17,7 +17,7 @@ outcome() {
   cd "$folder"
   eval "$1"
   eval "timeout 60 \"$tool\" demo.txt ${2:-}" </dev/null >"$folder.out" 2>"$folder.err" || status=$?
-  if ((status == 0)) && [[ $(tail -c 3 demo.h) == _H ]]; then
+  if ((status == 0)) && [[ -f demo.h && -f demo.tvb && $(tail -c 3 demo.h) == _H ]]; then
     sha256sum <demo.tvb
   elif ((status == 1)); then
     sed -n '$s/^Error: Failed to [a-z]* \([a-z]*\)\.\.\.$/\1/p' "$folder.err"
@@ -48,7 +48,7 @@ for make in : mkdir mkfifo 'ln -s /dev/zero' 'ln -s loop' 'ln -s /proc/self/mem'
   for name in demo.txt boom.wav engine.aif level.dat; do
     expect script "rm $name; ln -s loop loop; $make $name"
   done
-  # A sequence that can't be read is left out, and that is all.
+  # Only a sequence that can't be read is left out.
   expect "$without_sequence" "rm theme.mid; ln -s loop loop; $make theme.mid"
 done
 
@@ -60,7 +60,7 @@ for folder in none/ /proc/; do
   expect bank : "bankPath $folder"
   expect header : "headerPath $folder"
 done
-expect header 'ln -s /dev/null demo.tvb' # a bank that can't be asked for its length
+expect header 'ln -s /dev/null demo.tvb' # a bank without a length
 expect bank 'ulimit -f 1'
 expect "$whole" 'ln -s demo.txt demo.tvb; ln -s blip.wav demo.h' # outputs that are inputs
 
@@ -68,7 +68,7 @@ for redirection in '>&-' '2>&-' '>&- 2>&- <&-' '>/dev/full' '2>/dev/full'; do
   expect "$whole" : "$redirection"
 done
 for stream in 1 2; do
-  # The reader of the pipe goes away at once.
+  # The reader of the pipe exits at once.
   expect "$whole" 'mkfifo pipe; timeout 60 head -c 0 pipe >/dev/null &' "$stream>pipe"
 done
 expect script 'rm demo.txt' '<&-'

@@ -7,7 +7,7 @@
 
 namespace tavrel::test {
 
-/// A growing string of bytes. Each operation appends and gives the object back for the next one.
+/// A growing string of bytes. Each operation appends to it and returns the object.
 class Bytes : public std::string {
  public:
   Bytes& u8(std::size_t value) { return fill(1, value); }

@@ -1,6 +1,6 @@
-// What a run must print, answer and leave on disk, and the one check of it all. A test states what
-// is special about its run; the rest is that of a script `a.txt` which names the bank `sfx.tvb` and
-// holds the blocks.
+// Expected streams, exit code and files of a run, and the one check of them all. A test states what
+// is special about its run. By default the script `a.txt` names the bank `sfx.tvb` and has the
+// blocks of the test.
 #pragma once
 
 #include <array>
@@ -30,28 +30,28 @@ const AssetKindRow kUserAsset{"UserAsset", "Unknown", "Unknown", 6};
 struct Block {
   AssetKindRow kind;
   std::string file;
-  std::string options;                                    ///< of a failed block, all it reads
+  std::string options;                                    ///< of a failing block: all that it reads
   std::optional<std::array<std::int32_t, 8>> parameters;  ///< none: the block fails
-  std::string content;                                    ///< the blob, or the words of the failure
+  std::string content;  ///< the blob, or the messages of the failure
 };
 
 using Files = std::map<std::string, std::string>;
 
 struct ExpectedRun {
-  std::string arguments = "a.txt";      ///< shell text: a redirection may stand in it
+  std::string arguments = "a.txt";      ///< shell text, with redirections
   std::string scriptFile = "a.txt";     ///< with its path, as the banner shows it
-  std::optional<std::string> script{};  ///< none: the bank's name and the blocks, one on a line
+  std::optional<std::string> script{};  ///< none: the bank's name and a line per block
   std::vector<Block> blocks{};
-  Files files{};  ///< in the folder beforehand, as are the blobs
+  Files files{};  ///< in the folder before the run, beside the blobs
   std::string bankPath{}, headerPath{};
   std::string base = "sfx", bankName = "sfx.tvb", headerName = "sfx.h", prefix = "SFX";
-  std::string problems{};                ///< standard error behind the words of the blocks
-  std::optional<std::string> failure{};  ///< of a run that fails: standard output behind the blocks
+  std::string problems{};                ///< standard error after that of the blocks
+  std::optional<std::string> failure{};  ///< of a failing run: standard output after the blocks
 };
 
-/// Runs the tool in a folder in which there are the folders `one` and `two.h` and older and longer
-/// outputs, and compares both streams, the exit code and every file: what the run writes is there,
-/// but for the time of day, and all else is as it was.
+/// Runs the tool in a folder that has the folders `one` and `two.h` and older, longer outputs.
+/// Compares both streams, the exit code and every file: the outputs, but for the time of day, and
+/// all others, which must be unchanged.
 void expectRun(const ExpectedRun& run);
 
 }  // namespace tavrel::test

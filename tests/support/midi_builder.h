@@ -11,7 +11,7 @@ using Number = std::size_t;
 /// The events of a track. Times are delta times in ticks, channels count from 1.
 class Events : public Bytes {
  public:
-  /// A delta time and whatever is to stand behind it.
+  /// A delta time followed by any bytes.
   Events& raw(Number delta, std::string_view bytes) {
     for (int shift = 28; shift > 0; shift -= 7) {
       fill(delta >> shift == 0 ? 0 : 1, delta >> shift | 0x80);
@@ -19,7 +19,7 @@ class Events : public Bytes {
     u8(delta & 0x7F).text(bytes);
     return *this;
   }
-  /// A message: its status, unless that is the one of the event before, and its data bytes.
+  /// A message: its status, unless that equals the previous one, and its data bytes.
   Events& message(Number delta, auto... bytes) {
     return raw(delta, std::string{static_cast<char>(bytes)...});
   }

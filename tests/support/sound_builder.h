@@ -14,9 +14,8 @@ namespace tavrel::test {
 constexpr std::uint32_t mono = 1;
 constexpr std::uint32_t stereo = 2;
 
-/// A file made of chunks behind a form header, RIFF or IFF. Sizes and pads are right unless a
-/// damage is asked for, which belongs behind the last chunk. `Self` is the derived builder, which
-/// each operation gives back for the next one.
+/// A file of chunks after a form header, RIFF or IFF. Sizes and pads are right unless damaged,
+/// which must be done after the last chunk. Each operation returns the derived builder, `Self`.
 template <typename Self, std::endian order>
 class ChunkBuilder : public Bytes {
  public:

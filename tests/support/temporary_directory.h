@@ -23,7 +23,7 @@ class TemporaryDirectory {
     return (directory_ / name).generic_string();
   }
 
-  /// Writes a file and gives its full path. Fails the test if that can't be done.
+  /// Writes a file and returns its full path. Fails the test if that fails.
   std::string write(std::string_view name, std::string_view content) const {
     std::ofstream file(path(name), std::ios::binary);
     EXPECT_TRUE(file << content << std::flush) << "can't write " << path(name);

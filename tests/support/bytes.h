@@ -1,4 +1,5 @@
-// Builds binary inputs and expected outputs readably: numbers by width and byte order, texts, fill.
+// Builds binary inputs and expected outputs from numbers of a stated width and byte order, text and
+// fill bytes.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,7 @@
 
 namespace tavrel::test {
 
-/// A growing string of bytes. Each operation appends to it and returns the object.
+/// A growing string of bytes. Each operation appends and returns the object, so that calls chain.
 class Bytes : public std::string {
  public:
   Bytes& u8(std::size_t value) { return fill(1, value); }

@@ -1,4 +1,4 @@
-// An empty directory of a test's own, deleted with all its files when it ends.
+// A new directory for one test, deleted with all its files when the object is destroyed.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,21 +16,21 @@ class TemporaryDirectory {
     std::error_code ignored;
     std::filesystem::remove_all(directory_, ignored);
   }
-  TemporaryDirectory& operator=(TemporaryDirectory&&) = delete;  // nor a copy
+  TemporaryDirectory& operator=(TemporaryDirectory&&) = delete;  // disables copying too
 
-  /// The full path of `name` in this directory, with slashes.
+  /// Returns the full path of `name` in this directory, with slashes.
   [[nodiscard]] std::string path(std::string_view name = "") const {
     return (directory_ / name).generic_string();
   }
 
-  /// Writes a file and returns its full path. Fails the test if that fails.
+  /// Writes a file and returns its full path. Fails the test if the file can't be written.
   std::string write(std::string_view name, std::string_view content) const {
     std::ofstream file(path(name), std::ios::binary);
     EXPECT_TRUE(file << content << std::flush) << "can't write " << path(name);
     return path(name);
   }
 
-  /// The bytes of a file. Fails the test if it can't be read.
+  /// Returns the bytes of a file. Fails the test if it can't be read.
   [[nodiscard]] std::string read(std::string_view name) const {
     std::ifstream file(path(name), std::ios::binary);
     EXPECT_TRUE(file) << "can't read " << path(name);

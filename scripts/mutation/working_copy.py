@@ -1,0 +1,142 @@
+"""A copy of the tree with a build of its own, in which one mutant after another is tried."""
+
+import json
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+from processes import run
+
+BUILD_LIMIT = 600  # seconds
+# Tests that don't run on the host alone, should there be any.
+_FOREIGN = re.compile("wine|qemu|browser|bazel", re.I)
+
+# Where the tests make their files, many and short-lived. A disk takes most of a run's time.
+_MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+
+
+def _stamps(folder):
+    found = {}
+    for path, _, names in os.walk(folder):
+        for name in names:
+            whole = os.path.join(path, name)
+            status = os.lstat(whole)
+            found[os.path.relpath(whole, folder)] = (status.st_mtime_ns, status.st_size)
+    return found
+
+
+def _mirror(source, target):
+    """Makes target the same as source, times included, so that ninja finds nothing to do."""
+    wanted, present = _stamps(source), _stamps(target)
+    for name in present.keys() - wanted.keys():
+        (target / name).unlink()
+    for name in wanted:
+        if present.get(name) != wanted[name]:
+            (target / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(source / name, target / name, follow_symlinks=False)
+
+
+class WorkingCopy:
+    def __init__(self, folder, cores):
+        self._live, self._clean, self._cores = folder / "live", folder / "clean", cores
+        self._tree, self._build = self._live / "tree", self._live / "build"
+        self._tests = {}  # what to build for each
+        self._seconds = {}  # that each test takes without a mutant
+
+    def prepare(self, files):
+        """Builds the given files: name, content and mode of each. Costs little if few changed."""
+        for name in _stamps(self._tree).keys() - files.keys():
+            (self._tree / name).unlink()
+        for name, (content, mode) in files.items():
+            path = self._tree / name
+            if not path.exists() or path.read_bytes() != content:
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_bytes(content)
+            path.chmod(mode)
+        configure = ["cmake", "-G", "Ninja", "-S", self._tree, "-B", self._build]
+        configure += ["-DCMAKE_CXX_COMPILER=g++", "-DCMAKE_BUILD_TYPE=Release"]
+        configure += ["-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG", "-DTAVREL_WERROR=OFF"]
+        told = {"stdout": sys.stderr, "stderr": None}
+        if run(configure, BUILD_LIMIT, **told) != 0 or self._make("all", **told) != 0:
+            raise SystemExit("mutate: the tree doesn't build")
+        self._find_tests()
+
+    def measure(self):
+        """Runs the tests without a mutant, and returns how many seconds each takes."""
+        seconds = {}
+        for name in self._tests:
+            start = time.monotonic()
+            if self._test(name, BUILD_LIMIT) != 0:
+                raise SystemExit(f"mutate: the test {name} fails without a mutant")
+            seconds[name] = time.monotonic() - start
+        return seconds
+
+    def keep(self, seconds):
+        """Remembers the present state, which each mutant starts from, and how long tests take."""
+        self._seconds = seconds
+        _mirror(self._live, self._clean)
+
+    def sources(self):
+        """Returns the names of the files of the tree that the build compiles or includes."""
+        listed = self._ask("ninja", "-C", self._build, "-t", "deps")
+        return set(re.findall(rf"^ +{re.escape(str(self._tree))}/(.*)", listed, re.M))
+
+    def judge(self, mutant):
+        """Returns what became of the mutant, and by which test or limit."""
+        path = self._tree / mutant.file
+        path.write_text(mutant.applied(path.read_text()))
+        try:
+            return self._judge_by_tests(mutant.file.split("/")[0])
+        finally:
+            _mirror(self._clean, self._live)
+
+    def _judge_by_tests(self, folder):
+        for name in self._ordered(folder):
+            built = self._make(*self._tests[name])
+            if built is None:
+                return "noticed", "the build's time limit"
+            if built != 0:
+                return "rejected", "the compiler"
+            passed = self._test(name, 10 + 10 * self._seconds[name])
+            if passed is None:
+                return "noticed", f"the time limit of {name}"
+            if passed != 0:
+                return "noticed", name
+        return "survived", ""
+
+    def _ordered(self, folder):
+        """The likeliest to notice a mutant of the folder come first, then the quickest."""
+        first = [folder, "compiler", "end_to_end"]
+
+        def rank(name):
+            place = first.index(name) if name in first else len(first)
+            return place, self._tests[name] == ["all"], self._seconds[name]
+
+        return sorted(self._tests, key=rank)
+
+    def _find_tests(self):
+        build = f"{self._build}/"
+        listed = self._ask("ninja", "-C", build, "-t", "targets", "all")
+        targets = set(re.findall(r"^(\S+): ", listed, re.M))
+        listed = self._ask("ctest", "--test-dir", build, "--show-only=json-v1")
+        for test in json.loads(listed)["tests"]:
+            disabled = {"name": "DISABLED", "value": True} in test["properties"]
+            if not disabled and not _FOREIGN.search(test["name"]):
+                words = {word.removeprefix(build) for word in test["command"]}
+                self._tests[test["name"]] = sorted(words & targets) or ["all"]
+
+    def _ask(self, *command):
+        return subprocess.run(command, capture_output=True, text=True, check=True).stdout
+
+    def _make(self, *targets, **options):
+        return run(["ninja", "-C", self._build, f"-j{self._cores}", *targets], BUILD_LIMIT, **options)
+
+    def _test(self, name, limit):
+        with tempfile.TemporaryDirectory(dir=_MEMORY, ignore_cleanup_errors=True) as scratch:
+            surroundings = os.environ | {"TMPDIR": scratch, "GTEST_FAIL_FAST": "1"}
+            command = ["ctest", "--test-dir", self._build, "-R", f"^{re.escape(name)}$"]
+            return run(command, limit, env=surroundings)

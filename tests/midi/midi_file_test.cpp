@@ -159,12 +159,38 @@ TEST(MidiFile, FilterBitsSelectTheirKindsOnly) {
   EXPECT_EQ(ticks, "0 | 1 | 2 | 3 4 5 6 | 7 | 8 | 9 | 10 | 12 | 5 | 3 | 4 | 3 4 5 | 0 | ");
 }
 
-TEST(MidiFile, NamesControllersNotesAndTimesWithoutTicks) {
+TEST(MidiFile, NamesNotesAndTimesWithoutTicks) {
   LoadedMidi loaded(events().endOfTrack(999999), 0);
   EXPECT_EQ(dump(loaded.file), "1:1:999999\t\t\tMeta  -  EndOfTrack\n");
   EXPECT_STREQ(loaded.file.noteName(60, 1), "C4");
   EXPECT_STREQ(loaded.file.noteName(60, 2), "C3");
-  EXPECT_STREQ(controllerNames[127].data(), "Poly On/Mono Off");
+}
+
+TEST(MidiFile, NamesEachController) {
+  // "-" is an undefined controller, "=" the low byte of one.
+  const std::string expected =
+      "Bank Select MSB, Mod Wheel, Breath Controller, -, Foot Controller, Portamento Time, Data "
+      "Entry MSB, Volume, Balance, -, Pan, Expression, -, -, -, -, General Purpose 1, General "
+      "Purpose 2, General Purpose 3, General Purpose 4, -, -, -, -, -, -, -, -, -, -, -, -, "
+      "Bank Select LSB, Mod Wheel LSB, Breath Controller LSB, =, Foot Controller LSB, "
+      "Portamento Time LSB, Data Entry LSB, Volume LSB, Balance LSB, =, Pan LSB, Expression "
+      "LSB, =, =, =, =, General Purpose 1 LSB, General Purpose 2 LSB, General Purpose 3 LSB, "
+      "General Purpose 4 LSB, =, =, =, =, =, =, =, =, =, =, =, =, Sustain, Portamento onOff, "
+      "Sostenuto, Soft Pedal, Legato, Hold 2, Sound Control 1, Sound Control 2, Sound Control "
+      "3, Sound Control 4, Sound Control 5, Sound Control 6, Sound Control 7, Sound Control 8, "
+      "Sound Control 9, Sound Control 10, General Purpose 5, General Purpose 6, General Purpose "
+      "7, General Purpose 8, Portamento Control, Effects Depth 1, Effects Depth 2, Effects "
+      "Depth 3, Effects Depth 4, Effects Depth 5, -, External Effect Depth, Tremolo Depth, "
+      "Chorus Depth, Detune Depth, Phaser Depth, Data Increment, Data Decrement, NRPN LSB, NRPN "
+      "MSB, RPN LSB, RPN MSB, -, -, -, -, -, -, -, -, -, -, -, -, -, -, -, -, -, -, -, Reset "
+      "All, Local OnOff, All Notes Off, Omni Off, Omni On, Mono On/Poly Off, Poly On/Mono Off";
+  std::string names;
+  for (const ControllerName& name : controllerNames) {
+    const std::string text = name.data();
+    const std::string shown = text == "Undefined" ? "-" : text == "Undefined LSB" ? "=" : text;
+    names += (names.empty() ? "" : ", ") + shown;
+  }
+  EXPECT_EQ(names, expected);
 }
 
 TEST(MidiFile, AFirstEventWithoutStatusHasNoPayloadAndTimesKeep32Bits) {

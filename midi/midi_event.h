@@ -90,8 +90,7 @@ bool isMeta(const MidiEvent& ev);
 /// Returns the name of the controller whose number is the first payload byte.
 const char* controllerName(const MidiEvent& ev);
 
-// Print the payload on standard output as one kind of content (payload_text.cpp), without a line
-// feed.
+// Print the payload in one form on standard output, without a line feed (payload_text.cpp).
 
 /// Prints all bytes unchanged, zeros included.
 void printText(const MidiEvent& ev);

@@ -77,7 +77,7 @@ static void test_refusals(const uint8_t* tiny_copy) {
               {"no asset, shortest", 0, 0, 32, 32, TAVREL_OK},
               {"too short", 0, 0, 31, 31, TAVREL_TOO_SHORT},
               {"odd length, and too little held", 0, 3, 0, 161, TAVREL_BAD_LENGTH},
-              {"count not held", 0, 3, 3, 160, TAVREL_TOO_SHORT},
+              {"count not held", 0, 32769, 3, 160, TAVREL_TOO_SHORT},
               {"32,769 assets, too little held", 0, 32769, 4, 0xFFFFFFE0u, TAVREL_BAD_COUNT},
               {"count that wraps", 0, 0x10000000u, 160, 160, TAVREL_BAD_COUNT},
               {"table beyond the bank", 0, 4, 160, 160, TAVREL_BAD_COUNT},
@@ -123,7 +123,7 @@ static void test_limits(void) {
   put32(bytes, 32769);
   CHECK(tavrel_bank_table_size(bytes) == 0, "one too many");
   CHECK(tavrel_bank_open_table(&bank, bytes, size, 0x100000000u) == TAVREL_BAD_LENGTH, "4 GiB");
-  CHECK(tavrel_bank_open(&bank, NULL, 160) == TAVREL_TOO_SHORT, "null");
+  CHECK(tavrel_bank_open(&bank, NULL, 33) == TAVREL_TOO_SHORT, "null");
   CHECK(tavrel_bank_open_table(&bank, NULL, 160, 160) == TAVREL_TOO_SHORT, "null table");
   free(bytes);
 }
@@ -142,52 +142,61 @@ static void test_header(const uint8_t* bytes) {
   CHECK(tavrel_bank_check_header(&bank, 124, 36) == TAVREL_BAD_COUNT, "32 bytes of padding");
 }
 
-/* The decoder as its documentation has it, in floating point; all values are exact. */
-static void decode_plainly(const uint8_t* codes, size_t size, int16_t* samples) {
+/* One code as the documentation of the stream has it, in floating point; all values are exact. */
+static long plain_sample(long predictor, double* step, int code) {
   static const double factors[8] = {0.8984375,  0.8984375,  0.8984375, 0.8984375,
                                     1.19921875, 1.59765625, 2.0,       2.3984375};
-  long predictor = 0, step = 127;
-  size_t i;
-  for (i = 0; i < 2 * size; ++i) {
-    const int code = codes[i / 2] >> (i % 2 ? 4 : 0);
-    long delta = (long)((double)step * ((code & 7) * 0.25 + 0.125));
-    delta = delta > 32767 ? 32767 : delta;
-    predictor += code & 8 ? -delta : delta;
-    predictor = predictor > 32767 ? 32767 : predictor < -32768 ? -32768 : predictor;
-    step = (long)((double)step * factors[code & 7]);
-    step = step > 24576 ? 24576 : step < 127 ? 127 : step;
-    samples[i] = (int16_t)predictor;
+  long delta = (long)(*step * ((code & 7) * 0.25 + 0.125));
+  delta = delta > 32767 ? 32767 : delta;
+  *step = (double)(long)(*step * factors[code & 7]);
+  *step = *step > 24576 ? 24576 : *step < 127 ? 127 : *step;
+  predictor += code & 8 ? -delta : delta;
+  return predictor > 32767 ? 32767 : predictor < -32768 ? -32768 : predictor;
+}
+
+/* Every step and code, also where the predictor reaches its limits. */
+static void test_adpcm_codes(void) {
+  static const int32_t predictors[4] = {-32768, -1000, 32753, 32767};
+  tavrel_wave wave;
+  int32_t step, code;
+  memset(&wave, 0, sizeof wave);
+  wave.bits = 4;
+  wave.size = wave.sample_count = 1;
+  for (step = 127; step <= 24576; ++step) {
+    for (code = 0; code < 64; ++code) {
+      const uint8_t byte = (uint8_t)(code % 16);
+      tavrel_adpcm state = {predictors[code / 16], step};
+      double plain_step = step;
+      const long plain = plain_sample(state.predictor, &plain_step, byte);
+      int16_t sample;
+      wave.bytes = &byte;
+      CHECK(tavrel_wave_read(&wave, &state, 0, &sample, 1) == 1, "one code");
+      CHECK(sample == plain && state.predictor == plain, "every step and code");
+      CHECK(state.step == (int32_t)plain_step, "every step and code");
+    }
   }
 }
 
-static void test_adpcm(void) {
-  static const uint8_t example[4] = {0x77, 0x1F, 0x77, 0xCF};
-  static const int16_t decoded[8] = {238, 808, -558, 97, 3040, 10099, -6832, -31196};
-  uint8_t codes[3000];
-  int16_t expected[6000], samples[6000];
-  tavrel_adpcm state;
-  uint32_t random = 1;
+static const uint8_t example[4] = {0x77, 0x1F, 0x77, 0xCF};
+static const int16_t decoded[8] = {238, 808, -558, 97, 3040, 10099, -6832, -31196};
+
+static void test_adpcm_pieces(void) {
+  tavrel_adpcm state = {0, 0};
+  int16_t samples[8];
   size_t i, piece;
-  tavrel_adpcm_start(&state);
   tavrel_adpcm_decode(&state, example, 4, samples);
-  CHECK(memcmp(samples, decoded, sizeof decoded) == 0, "the worked example");
-  CHECK(state.predictor == -31196 && state.step == 24576, "the worked example");
-  for (i = 0; i < 3000; ++i) { /* loud, then quiet */
-    random = random * 1664525u + 1013904223u;
-    codes[i] = (uint8_t)(random >> 24 & (i < 1000 ? 0xFF : i < 2000 ? 0xCC : 0xBB));
-  }
-  decode_plainly(codes, 3000, expected);
-  for (piece = 1; piece < 3000; piece += 997) {
+  CHECK(memcmp(samples, decoded, sizeof decoded) == 0, "a cleared state is a start");
+  for (piece = 1; piece <= 4; piece *= 2) {
     tavrel_adpcm_start(&state);
-    for (i = 0; i + piece <= 3000; i += piece) {
-      tavrel_adpcm_decode(&state, codes + i, piece, samples + 2 * i);
+    for (i = 0; i < 4; i += piece) {
+      tavrel_adpcm_decode(&state, example + i, piece, samples + 2 * i);
     }
-    CHECK(memcmp(samples, expected, 4 * i) == 0, "in pieces");
+    CHECK(memcmp(samples, decoded, sizeof decoded) == 0, "in pieces");
+    CHECK(state.predictor == -31196 && state.step == 24576, "in pieces");
   }
 }
 
 static void test_wave_read(void) {
-  static const uint8_t bytes[4] = {0x77, 0x1F, 0x77, 0xCF};
   static const struct {
     const char* name;
     int32_t bits;
@@ -195,6 +204,7 @@ static void test_wave_read(void) {
     int16_t first, last;
   } rows[] = {{"8 bits", 8, 4, 4, 1, 3, 3, 0x1F00, -0x3100},
               {"16 bits", 16, 4, 2, 0, 9, 2, 0x1F77, -0x3089},
+              {"16 bits, from the second", 16, 4, 2, 1, 9, 1, -0x3089, -0x3089},
               {"16 bits, odd size", 16, 3, 9, 0, 9, 1, 0x1F77, 0x1F77},
               {"24 bits", 24, 3, 1, 0, 1, 0, 0, 0},
               {"32 bits", 32, 4, 4, 0, 1, 0, 0, 0},
@@ -204,14 +214,14 @@ static void test_wave_read(void) {
               {"ADPCM, empty", 4, 0, 0, 0, 1, 0, 0, 0},
               {"at the end", 8, 4, 4, 4, 1, 0, 0, 0},
               {"beyond the end", 8, 4, 4, 4294967295u, 4294967295u, 0, 0, 0}};
-  int16_t samples[8], expected[8];
+  int16_t samples[8];
   tavrel_adpcm state;
   tavrel_wave wave;
   size_t i;
   uint32_t piece;
   memset(&wave, 0, sizeof wave);
   for (i = 0; i < sizeof rows / sizeof rows[0]; ++i) {
-    wave.bytes = bytes;
+    wave.bytes = example;
     wave.bits = rows[i].bits;
     wave.size = rows[i].size;
     wave.sample_count = rows[i].sample_count;
@@ -226,12 +236,11 @@ static void test_wave_read(void) {
   wave.size = 4;
   wave.sample_count = 8;
   CHECK(tavrel_wave_read(&wave, NULL, 0, samples, 8) == 0, "ADPCM without a state");
-  decode_plainly(bytes, 4, expected);
   tavrel_adpcm_start(&state);
   for (i = 0; i < 8; i += piece) {
     piece = tavrel_wave_read(&wave, &state, (uint32_t)i, samples + i, 3);
   }
-  CHECK(memcmp(samples, expected, sizeof samples) == 0, "ADPCM three by three");
+  CHECK(memcmp(samples, decoded, sizeof samples) == 0, "ADPCM three by three");
   wave.bytes = NULL;
   CHECK(tavrel_wave_read(&wave, &state, 0, samples, 8) == 0, "not in memory");
 }
@@ -248,7 +257,8 @@ int main(void) {
   CHECK(second_unit(bytes, 160, samples) == 3 && samples[2] == -1000, "another source file");
   CHECK(strstr(tavrel_status_text(TAVREL_BAD_RECORD), "asset"), "status");
   test_header(bytes);
-  test_adpcm();
+  test_adpcm_codes();
+  test_adpcm_pieces();
   test_wave_read();
   return failures != 0;
 }

@@ -12,7 +12,7 @@ class DiskFileTest : public testing::Test {
  protected:
   const TemporaryDirectory directory_;
   const std::string name_ = directory_.write("some.bin", "abc");
-  DiskFile input_{modeRead, name_.c_str(), ""};
+  DiskFile input_{modeRead, "some.bin", directory_.path("").c_str()};
   DiskFile output_{modeWrite, name_.c_str(), ""};
   DiskFile log_{modeAppend, name_.c_str(), ""};
   std::array<char, 6> bytes_{".."};

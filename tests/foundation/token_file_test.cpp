@@ -11,7 +11,7 @@ struct TextInMemory : TokenFile {
   explicit TextInMemory(const std::string& text) {
     auto* block = new std::uint8_t[text.size()];
     std::copy(text.begin(), text.end(), block);
-    useMemory(block, text.size());
+    EXPECT_TRUE(useMemory(block, text.size()));
   }
   ~TextInMemory() { freeData(); }
 };
@@ -101,6 +101,7 @@ TEST(TokenFileTest, LoadsAFileAndReadsItAgain) {
   EXPECT_EQ(allOf(file), "a@2 b@3 3");
   EXPECT_THAT((std::array{file.freeData(), file.freeData(), file.rewind()}), testing::Each(true));
   EXPECT_FALSE(file.readToken());
+  EXPECT_TRUE(TokenFile::freeBlock(nullptr));
 }
 
 TEST(TokenFileTest, SkipsAndReadsLines) {

@@ -43,7 +43,7 @@ _HIDDEN = re.compile(
 
 
 def _hide(text):
-    """Blanks comments, directives, attributes and static assertions, and fills literals with underscores."""
+    """Blanks comments, directives, attributes and static assertions, and fills literals with _."""
 
     def cover(match):
         found = match[0]
@@ -162,7 +162,7 @@ _DAMAGES = (_exchange, _shift_constant, _negate, _exchange_result, _drop_stateme
 def _lines_of_tables(code):
     inside = 0
     for number, line in enumerate(code, 1):
-        opens = inside == 0 and re.search(r"\bconst.*(?:\barray<|\[\w*\]).*\w(?: = )?\{", line)
+        opens = inside == 0 and re.search(r"\bconst.*(?:\barray<.*\w|\w\[\w*\])(?: = )?\{", line)
         if opens or inside:
             yield number
             inside += line.count("{") - line.count("}")

@@ -126,8 +126,8 @@ class WorkingCopy:
         for test in json.loads(listed)["tests"]:
             disabled = {"name": "DISABLED", "value": True} in test["properties"]
             if not disabled and not _FOREIGN.search(test["name"]):
-                words = {word.removeprefix(build) for word in test["command"]}
-                self._tests[test["name"]] = sorted(words & targets) or ["all"]
+                words = [w.removeprefix(build) for w in test["command"] if w.startswith(build)]
+                self._tests[test["name"]] = [w for w in words if w in targets] or ["all"]
 
     def _ask(self, *command):
         return subprocess.run(command, capture_output=True, text=True, check=True).stdout

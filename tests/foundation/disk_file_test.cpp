@@ -77,7 +77,8 @@ TEST_F(DiskFileTest, OpensNoDirectoriesAndNothingWithoutAName) {
     DiskFile folder(mode, directory_.path().c_str(), nullptr);
     EXPECT_FALSE(folder.open());
     EXPECT_EQ(folder.error, code);
-    DiskFile nameless(mode, nullptr, nullptr);
+    DiskFile nameless;
+    EXPECT_TRUE(nameless.setMode(mode));
     EXPECT_FALSE(nameless.open());
     EXPECT_EQ(nameless.error, 5U);
   }
@@ -94,6 +95,8 @@ TEST_F(DiskFileTest, DevicesOpenButCannotBeRead) {
   EXPECT_EQ(zero.error, 1U);
   EXPECT_FALSE(zero.seek(0));
   EXPECT_EQ(zero.error, 16U);
+  EXPECT_TRUE(zero.close());
+  EXPECT_EQ(zero.readImage(block_, size_), DiskFile::WholeRead::failed);
 }
 
 TEST_F(DiskFileTest, SizesHave32Bits) {

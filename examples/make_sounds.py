@@ -131,7 +131,7 @@ def main():
         "wind.wav": wav(11025, 16, as_words(wind(11025, 3.0), "<")),
         "engine.aif": aiff(22050, as_words(engine(22050, 12), ">"), 441, 441 * 11),
         "theme.mid": theme(96),
-        # What stands in these is up to the program that plays the bank; the tool copies it.
+        # The program that plays the bank defines the content of these; the tool copies it.
         "drums.mtb": b"TONE" + bytes(range(97)),
         "hall.fxp": b"PROG" + bytes(i * i % 256 for i in range(60)),
         "stereo.fxo": b"OUTP" + bytes([0, 1, 127, 127]),

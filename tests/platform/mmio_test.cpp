@@ -35,7 +35,8 @@ TEST_F(Mmio, ReadsOfAllLengthsFollowEachOther) {
   open(content);
   std::size_t position = 0;
   // Shorter than the buffer of 4,096 bytes, as long, longer, and past the end of the file.
-  for (const std::uint32_t count : {1, 4095, 3, 4092, 4093, 4096, 8193, 2, 0, 12000, 5, 9000}) {
+  for (const std::uint32_t count :
+       {1U, 4095U, 3U, 4092U, 4093U, 4096U, 8193U, 2U, 0U, 12000U, 5U, 9000U}) {
     SCOPED_TRACE(position);
     const std::string expected = content.substr(position, count);
     EXPECT_TRUE(read(count) == expected);

@@ -112,10 +112,13 @@ TEST(AiffFile, RecordsAreZeroBeforeTheyAreLoaded) {
   const auto& sound = file.sound;
   EXPECT_EQ(sound.id | sound.size | sound.offset | sound.blockSize, 0);
   const auto& inst = file.instrument;
-  EXPECT_EQ(inst.id | inst.size | inst.rootNote | inst.detune | inst.loNote | inst.hiNote |
-                inst.lowVelocity | inst.highVelocity | inst.gain | inst.sustainLoop.mode |
-                inst.sustainLoop.startId | inst.sustainLoop.endId,
-            0);
+  EXPECT_EQ(inst.id | inst.size | inst.rootNote | inst.loNote | inst.hiNote | inst.lowVelocity |
+                inst.highVelocity | inst.sustainLoop.mode,
+            0U);
+  EXPECT_EQ(inst.detune, 0);
+  EXPECT_EQ(inst.gain, 0);
+  EXPECT_EQ(inst.sustainLoop.startId, 0);
+  EXPECT_EQ(inst.sustainLoop.endId, 0);
   EXPECT_EQ(file.markerList.id | file.markerList.count, 0);
 }
 

@@ -129,9 +129,7 @@ class Campaign:
         copies = [WorkingCopy(WORK / f"copy-{job}", cores) for job in range(jobs)]
         self._pool = ThreadPoolExecutor(jobs)
         list(self._pool.map(lambda copy: copy.prepare(files), copies))
-        seconds = copies[0].measure()
         for copy in copies:
-            copy.keep(seconds)
             self._copies.put(copy)
         self.sources = copies[0].sources()
         self.known = self._results.of_tree(self._tree)
@@ -146,7 +144,7 @@ class Campaign:
             row["seconds"] = round(time.monotonic() - start, 2)
             self._results.add(row)
         by = f" by {row['by']}" if row["by"] else ""
-        print(f"{row['seconds']:6.1f} s  {row['outcome']}{by}: {mutant}", file=sys.stderr)
+        sys.stderr.write(f"{row['seconds']:6.1f} s  {row['outcome']}{by}: {mutant}\n")
         return mutant, row["outcome"]
 
     def run(self, order, count):

@@ -138,8 +138,10 @@ class Campaign:
         row = self.known.get(mutant.key())
         if row is None:
             copy, start = self._copies.get(), time.monotonic()
-            outcome, judge = copy.judge(mutant)
-            self._copies.put(copy)
+            try:
+                outcome, judge = copy.judge(mutant)
+            finally:
+                self._copies.put(copy)
             row = {"tree": self._tree, "key": mutant.key(), "outcome": outcome, "by": judge}
             row["seconds"] = round(time.monotonic() - start, 2)
             self._results.add(row)

@@ -35,7 +35,7 @@ def run(command, limit, **options):
         finally:
             _end(process)  # with whatever it has started and left
             _running.discard(process)
-    if _stopped.is_set():
+    if _stopped.is_set() or code in (-signal.SIGTERM, -signal.SIGKILL):  # by somebody else
         raise Stopped
     return code
 

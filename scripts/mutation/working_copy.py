@@ -62,7 +62,8 @@ class WorkingCopy:
         configure += ["-DCMAKE_CXX_COMPILER=g++", "-DCMAKE_BUILD_TYPE=Release"]
         configure += ["-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG", "-DTAVREL_WERROR=OFF"]
         told = {"stdout": sys.stderr, "stderr": None}
-        if run(configure, BUILD_LIMIT, **told) != 0 or self._make("all", **told) != 0:
+        make = ["ninja", "-C", self._build, f"-j{self._cores}"]
+        if run(configure, BUILD_LIMIT, **told) != 0 or run(make, BUILD_LIMIT, **told) != 0:
             raise SystemExit("mutate: the tree doesn't build")
         self._find_tests()
         self._measure()
@@ -91,11 +92,8 @@ class WorkingCopy:
 
     def _judge_by_tests(self, folder):
         for name in self._ordered(folder):
-            built = self._make(*self._tests[name])
-            if built is None:
-                return "noticed", "the build's time limit"
-            if built != 0:
-                return "rejected", "the compiler"
+            if failure := self._build_failure(self._tests[name]):
+                return failure
             passed = self._test(name, self._limit(name))
             if passed is None:
                 return "noticed", f"the time limit of {name}"
@@ -131,8 +129,20 @@ class WorkingCopy:
     def _ask(self, *command):
         return subprocess.run(command, capture_output=True, text=True, check=True).stdout
 
-    def _make(self, *targets, **options):
-        return run(["ninja", "-C", self._build, f"-j{self._cores}", *targets], BUILD_LIMIT, **options)
+    def _build_failure(self, targets):
+        """Returns what became of a mutant that doesn't build; None if it does."""
+        with tempfile.TemporaryFile("w+") as log:
+            make = ["ninja", "-C", self._build, f"-j{self._cores}", *targets]
+            code = run(make, BUILD_LIMIT, stdout=log)
+            if code == 0:
+                return None
+            if code is None:
+                return "noticed", "the build's time limit"
+            log.seek(0)
+            failed = re.findall(r"^FAILED: (\S+)", log.read(), re.M)
+        # Other steps than the compiler's run the tool.
+        made = [name for name in failed if not name.endswith(".o")]
+        return ("noticed", f"the build of {made[0]}") if made else ("rejected", "the compiler")
 
     def _test(self, name, limit):
         with tempfile.TemporaryDirectory(dir=_MEMORY, ignore_cleanup_errors=True) as scratch:

@@ -22,8 +22,6 @@ ChunkInfo withFormType(const char* formType) {
 
 RiffFile::RiffFile(const char* fullName) : FileName(fullName) {}
 
-RiffFile::~RiffFile() { close(); }
-
 bool RiffFile::open() {
   if (isOpen) {
     return false;

@@ -1,6 +1,6 @@
 // Reader of RIFF files, one chunk at a time, through the platform's mmio calls. Keeps no state of
 // its own: descending into a chunk moves the file position.
-// Owns the open file. Every operation returns false on failure and prints nothing.
+// Whoever opens the file closes it. Every operation returns false on failure and prints nothing.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ class RiffFile : public FileName {
   RiffFile& operator=(const RiffFile&) = delete;
   RiffFile& operator=(RiffFile&&) = delete;
 
-  /// Closes the file if it is open.
-  ~RiffFile();
+  /// Leaves an open file open: whoever opened it must close it.
+  ~RiffFile() = default;
 
   /// Opens the file called `name`. Returns false if it is open already.
   bool open();

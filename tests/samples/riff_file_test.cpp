@@ -31,14 +31,12 @@ TEST(RiffFile, StepsForwardThroughFormsListsAndChunks) {
   EXPECT_FALSE(riff.readBytes(text.data(), 2)) << "only the pad byte is left";
   EXPECT_FALSE(riff.descendChunkById(info.chunkId, info));
   EXPECT_FALSE(riff.hasRiffForm("OTHR", info));
+  EXPECT_TRUE(riff.close());
 }
 
-TEST(RiffFile, IsOpenFromOpenToCloseOrDestruction) {
+TEST(RiffFile, IsOpenFromOpenToClose) {
   const TemporaryDirectory directory;
   const std::string path = directory.write("a.wav", wav());
-  for (int i = 0; i < 30000; ++i) {  // more files than a process may have open
-    ASSERT_TRUE(RiffFile(path.c_str()).open()) << i;
-  }
   RiffFile riff(path.c_str());
   ChunkInfo info;
   EXPECT_FALSE(riff.close());

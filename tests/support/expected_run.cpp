@@ -111,8 +111,10 @@ Files filesAfterRun(const std::string& arguments, const TemporaryDirectory& fold
                               streams.write("in", "") + "\" >\"" + streams.write("out", "") +
                               "\" 2>\"" + streams.write("err", "") + "\" " + arguments;
   const int status = std::system(command.c_str());
-  // On POSIX hosts the second byte is the exit code, which is 124 for a tool that hangs.
-  Files files = {{"exit code", std::to_string(onPosix ? status >> 8 : status)},
+  // On POSIX hosts the second byte is the exit code, which is 124 for a tool that hangs. The first
+  // byte isn't 0 after a signal.
+  const int code = onPosix && status % 256 == 0 ? status / 256 : status;
+  Files files = {{"exit code", std::to_string(code)},
                  {"standard output", streams.read("out")},
                  {"standard error", streams.read("err")}};
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {

@@ -2,12 +2,26 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace tavrel {
 
 namespace {
 
 constexpr std::size_t kLineCapacity = 4096;
+
+ConsoleSink*& currentSink() {
+  static ConsoleSink* sink = nullptr;
+  return sink;
+}
+
+void writeText(std::FILE* stream, std::string_view text) {
+  if (currentSink() != nullptr) {
+    currentSink()->write(stream, text);
+  } else {
+    std::fwrite(text.data(), 1, text.size(), stream);
+  }
+}
 
 /// Collects text and writes it when the buffer is full. Longer texts are written directly.
 class LineBuffer {
@@ -19,7 +33,7 @@ class LineBuffer {
       writeOut();
     }
     if (text.size() > buffer_.size()) {
-      std::fwrite(text.data(), 1, text.size(), stream_);
+      writeText(stream_, text);
       return;
     }
     std::copy(text.begin(), text.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(used_));
@@ -27,7 +41,7 @@ class LineBuffer {
   }
 
   void writeOut() {
-    std::fwrite(buffer_.data(), 1, used_, stream_);
+    writeText(stream_, {buffer_.data(), used_});
     used_ = 0;
   }
 
@@ -38,6 +52,8 @@ class LineBuffer {
 };
 
 }  // namespace
+
+ConsoleSink* setConsoleSink(ConsoleSink* sink) { return std::exchange(currentSink(), sink); }
 
 LinePart::LinePart(const char* text) : text_(text != nullptr ? text : "") {}
 

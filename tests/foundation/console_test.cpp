@@ -34,4 +34,20 @@ TEST_F(ConsoleTest, PrintsPartsAroundTheEdgeOfItsBuffer) {
   }
 }
 
+TEST_F(ConsoleTest, PrintsToASinkUntilItIsTakenAway) {
+  struct : ConsoleSink {
+    void write(std::FILE* stream, std::string_view text) override {
+      printed += (stream == stderr ? "error: " : "output: ") + std::string(text);
+    }
+    std::string printed;
+  } sink;
+  EXPECT_EQ(setConsoleSink(&sink), nullptr);
+  printLine(stderr, "a", 1);
+  printUnterminated(stream_, "b");
+  EXPECT_EQ(setConsoleSink(nullptr), &sink);
+  printLine(stream_, "c");
+  EXPECT_EQ(sink.printed, "error: a1\noutput: b");
+  EXPECT_EQ(printed(), "c\n");
+}
+
 }  // namespace tavrel::test

@@ -7,6 +7,7 @@
 #include <new>
 #include <utility>
 
+#include "compiler/names.h"
 #include "foundation/console.h"
 
 namespace tavrel {
@@ -36,18 +37,13 @@ bool AssetBlock::nameAsset() {
   if (stem == nullptr || extension == nullptr) {
     return false;
   }
-  constexpr std::uint32_t kLongestName = AssetData::kLongestName;
-  if (std::strlen(stem) + 1 + std::strlen(extension) > kLongestName) {
+  if (!assetName(stem, extension, data_->name)) {
     printLine(stderr, "ERROR: Asset name ", stem, "_", extension, " is too long, only ",
-              kLongestName, " chars allowed");
+              static_cast<std::uint32_t>(AssetData::kLongestName), " chars allowed");
     return false;
   }
-  char* name = data_->name.data();
-  std::strcpy(name, stem);
-  std::strcat(name, "_");
-  std::strcat(name, extension);
   if (!script_.hasRoomForAsset()) {
-    printLine(stderr, "ERROR: Asset ", name, " is one too many, only ", kMostAssets,
+    printLine(stderr, "ERROR: Asset ", data_->name.data(), " is one too many, only ", kMostAssets,
               " assets allowed");
     return false;
   }

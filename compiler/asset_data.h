@@ -21,9 +21,12 @@ enum AssetKind : std::uint32_t {
 struct AssetData {
   static constexpr std::size_t kLongestName = 79;
 
-  std::array<char, kLongestName + 1> name{};  ///< boom_wav for boom.wav; upper-cased by the header
-  ByteBlock payload;                          ///< the blob, `paddedSize` bytes
-  std::int16_t id = 0;                        ///< index of the asset's record in the table
+  /// Holds any name and its terminator.
+  using Name = std::array<char, kLongestName + 1>;
+
+  Name name{};          ///< boom_wav for boom.wav; `writeHeader` changes it to the define's form
+  ByteBlock payload;    ///< the blob, `paddedSize` bytes
+  std::int16_t id = 0;  ///< index of the asset's record in the table
   std::uint32_t reserved = 0;
   std::uint32_t paddedSize = 0;  ///< size of the blob in the bank, with its padding
   std::uint32_t kind = 0;        ///< an `AssetKind`

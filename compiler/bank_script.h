@@ -30,6 +30,11 @@ class BankScript : public TokenFile {
   /// for more than 80 characters.
   bool setHeaderPrefix(const char* prefix);
 
+  /// Returns the prefix of all defines in the header: the one that was set, or else the bank's name
+  /// up to its first dot. Empty if both are missing or too long. `writeHeader` turns it into
+  /// capitals. Valid as long as the object.
+  [[nodiscard]] const char* prefix() const { return headerPrefix_.data(); }
+
   /// First phase: reads the script and all asset files. Succeeds if the script names a bank and no
   /// word at its top level is refused. A block that fails drops its asset and nothing else.
   bool parseScript();

@@ -2,10 +2,10 @@
 // whose value is the asset's id. Lines end with one line feed on every host.
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <string_view>
 
 #include "compiler/bank_script.h"
+#include "compiler/names.h"
 #include "foundation/console.h"
 #include "foundation/text_utilities.h"
 #include "foundation/time_stamp.h"
@@ -14,7 +14,6 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t kLongestGuard = 79;
 constexpr std::size_t kLongestLine = 254;
 constexpr std::size_t kLongestBaseName = kLongestGuard - 3;  // "_" and "_H" around it
 
@@ -30,20 +29,14 @@ constexpr std::array<char, 104> kDashes = [] {
   return dashes;
 }();
 
-using Guard = std::array<char, kLongestGuard + 1>;
-
 /// Builds the guard of a header with this base name. Reports a name that is too long for it.
 bool makeGuard(const char* baseName, Guard& guard) {
-  if (std::strlen(baseName) > kLongestBaseName) {
+  const bool fits = guardName(baseName, guard);
+  if (!fits) {
     printLine(stderr, "ERROR: Header guard _", baseName, "_H is too long, only ",
               static_cast<std::uint32_t>(kLongestGuard), " chars allowed");
-    return false;
   }
-  std::strcpy(guard.data(), "_");
-  std::strcat(guard.data(), baseName);
-  std::strcat(guard.data(), "_H");
-  toUpper(guard.data());
-  return true;
+  return fits;
 }
 
 /// Returns the bank's length as the disk has it.
@@ -81,15 +74,15 @@ bool writeGuard(TextOutputFile& header, const Guard& guard) {
 
 bool writeBankDefines(TextOutputFile& header, const char* prefix, const char* baseName,
                       std::uint32_t dataSize, std::uint32_t headerSize) {
-  return writeLine(header, "#define\t\t", prefix, "_FILENAME\t\t\"", baseName, ".tvb\"") &&
-         writeLine(header, "#define\t\t", prefix, "_BANK_DATA_SIZE\t\t", dataSize) &&
-         writeLine(header, "#define\t\t", prefix, "_BANK_HEADER_SIZE\t\t", headerSize);
+  return writeLine(header, "#define\t\t", prefix, "_", kFileNameDefine, "\t\t\"", baseName,
+                   kBankExtension, "\"") &&
+         writeLine(header, "#define\t\t", prefix, "_", kDataSizeDefine, "\t\t", dataSize) &&
+         writeLine(header, "#define\t\t", prefix, "_", kHeaderSizeDefine, "\t\t", headerSize);
 }
 
 /// Turns the asset's name into the form of a define, and writes it.
 bool writeAssetDefine(TextOutputFile& header, const char* prefix, AssetData& asset) {
-  toUpper(asset.name.data());
-  replaceChar(asset.name.data(), '~', '_');
+  changeToDefine(asset.name.data());
   return writeLine(header, "#define\t\t", prefix, "_", asset.name.data(), "\t\t\t",
                    std::int32_t{asset.id});
 }

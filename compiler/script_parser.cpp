@@ -2,6 +2,7 @@
 #include <array>
 
 #include "compiler/bank_script.h"
+#include "compiler/names.h"
 #include "compiler/script_language.h"
 #include "foundation/console.h"
 
@@ -65,8 +66,7 @@ BankScript::Step BankScript::parseBankFileName() {
     return Step::refused;
   }
   bankFileName.setName(token.data());
-  headerFileName.setName(token.data());
-  headerFileName.changeExtension("h");
+  nameHeader(headerFileName, token.data());
   if (headerPrefix_[0] == '\0') {
     setHeaderPrefix(bankFileName.getNameOnly());
   }

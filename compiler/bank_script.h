@@ -39,6 +39,10 @@ class BankScript : public TokenFile {
   /// word at its top level is refused. A block that fails drops its asset and nothing else.
   bool parseScript();
 
+  /// As `parseScript`, from the text that is loaded already. Keeps the text. To parse text in
+  /// memory, call `useMemory` and then name the script, for its messages, with `setFile`.
+  bool parseStatements();
+
   /// Second phase: writes the bank.
   bool writeBank();
 

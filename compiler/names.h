@@ -21,8 +21,8 @@ constexpr const char* kFileNameDefine = "FILENAME";
 constexpr const char* kDataSizeDefine = "BANK_DATA_SIZE";
 constexpr const char* kHeaderSizeDefine = "BANK_HEADER_SIZE";
 
-/// Ends the bank's name in a header, which is the header's name otherwise. The bank itself may have
-/// any extension.
+/// The file name in a header's define is the header's own with this extension, whatever the bank's
+/// real extension.
 constexpr const char* kBankExtension = ".tvb";
 
 /// Names a header after its bank: sfx.h for sfx.tvb. Keeps the header's path.

@@ -35,12 +35,17 @@ bool BankScript::parseScript() {
   if (!load()) {
     return false;
   }
+  const bool parsed = parseStatements();
+  freeData();
+  return parsed;
+}
+
+bool BankScript::parseStatements() {
   Step step = Step::next;
   while (step == Step::next && readToken()) {
     step = parseStatement();
   }
   batch_.finish();
-  freeData();
   return isBankNamed_ && step != Step::refused;
 }
 

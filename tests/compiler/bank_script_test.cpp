@@ -57,6 +57,23 @@ TEST(BankScript, ADirectlyParsedWaveHasItsStream) {
   block.freeData();
 }
 
+TEST(BankScript, AScriptInMemoryIsParsedAndKept) {
+  BankScript script("none");
+  const std::string text = "BankFileName my.sfx.tvb\nFoo \n";
+  auto* bytes = new std::uint8_t[text.size()];
+  std::copy(text.begin(), text.end(), bytes);
+  script.useMemory(bytes, text.size());
+  script.setFile("a.txt");
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(script.parseStatements());
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "Script File: a.txt\nError: Unidentified token: Foo at line: 2\n");
+  EXPECT_STREQ(script.prefix(), "my");
+  script.rewind();
+  EXPECT_TRUE(script.readToken()) << "the text is kept";
+  script.freeData();
+}
+
 TEST(BankScript, PreferencesAreTakenUpToThePreferencesEnd) {
   const std::string illegal = "Error: Illegal token in pref file tavrel.rsp\nToken: ";
   const std::string rows[][2] = {

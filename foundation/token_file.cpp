@@ -15,7 +15,6 @@ constexpr char kComment = ';';
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
-bool isDelimiter(char c) { return isBlank(c) || isLineEnd(c) || c == kComment; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isWhiteSpace(char c) { return isBlank(c) || (c >= '\n' && c <= '\r'); }
 
@@ -63,11 +62,17 @@ bool TokenFile::freeData() {
   return true;
 }
 
+bool TokenFile::isDelimiter(char character) {
+  return isBlank(character) || isLineEnd(character) || character == kComment;
+}
+
 bool TokenFile::readToken() {
-  if (!skipToToken()) {
+  const bool found = skipToToken();
+  // skipToToken has left the cursor_ on a character of the token, or at the end.
+  tokenStart_ = static_cast<std::size_t>(cursor_ - data_);
+  if (!found) {
     return false;
   }
-  // skipToToken has left the cursor_ on a character of the token.
   std::size_t length = 0;
   char character = '\0';
   while (peekChar(character)) {

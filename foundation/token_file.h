@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "foundation/file_name.h"
 
@@ -51,7 +52,22 @@ class TokenFile {
   /// Null matches nothing.
   [[nodiscard]] bool isToken(const char* text) const;
 
-  // Not used by the tool; for programs that parse other text, or text that is in memory already.
+  /// Returns the offset of the current token in the text. After `readToken` has returned false, it
+  /// is the offset of the token that was refused, or the text's size if none was left. A refused
+  /// token is too long if more than 1,024 characters of the text start there. Otherwise it is the
+  /// last one and has no delimiter after it.
+  [[nodiscard]] std::size_t tokenStart() const { return tokenStart_; }
+
+  // Not used by the tool; for programs that report columns, parse other text, or parse text that is
+  // in memory already.
+
+  /// Returns the whole text. Valid until `freeData`.
+  [[nodiscard]] std::string_view text() const {
+    return {reinterpret_cast<const char*>(data_), static_cast<std::size_t>(dataEnd_ - data_)};
+  }
+
+  /// Returns true for a character that ends a token.
+  [[nodiscard]] static bool isDelimiter(char character);
 
   /// Reads a token and copies it to `destination`, which has room for a `TokenBuffer`.
   bool readTokenInto(char* destination);
@@ -94,6 +110,7 @@ class TokenFile {
   std::uint8_t* data_ = nullptr;
   std::uint8_t* cursor_ = nullptr;
   std::uint8_t* dataEnd_ = nullptr;
+  std::size_t tokenStart_ = 0;
 };
 
 }  // namespace tavrel

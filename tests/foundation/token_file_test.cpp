@@ -53,6 +53,32 @@ TEST(TokenFileTest, TokensMayHave1024Characters) {
   EXPECT_EQ(allOf(file), "23@3 3") << "goes on after the 1025th character";
 }
 
+TEST(TokenFileTest, SaysWhereATokenStartsAndWhyNoneWasRead) {
+  const std::string tooLong(1025, 'x');
+  testing::internal::CaptureStderr();
+  const struct {
+    const char* what;
+    std::string text;
+    std::vector<std::size_t> starts;  // of the tokens, then the offset after a false result
+  } rows[] = {{"the end of the text", "a ;b\r\n cd\te;\n", {0, 7, 10, 13}},
+              {"a last token without a delimiter", " a b", {1, 3}},
+              {"the longest one", ' ' + tooLong.substr(1), {1}},
+              {"a token that is too long", tooLong, {0}},
+              {"no text", "", {0}}};
+  for (const auto& [what, text, starts] : rows) {
+    SCOPED_TRACE(what);
+    TextInMemory file(text);
+    std::vector<std::size_t> found;
+    for (bool read = true; read;) {
+      read = file.readToken();
+      found.push_back(file.tokenStart());
+    }
+    EXPECT_EQ(found, starts);
+    EXPECT_EQ(file.text(), text);
+  }
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(TokenFileTest, ReadsNumbersAsFarAsTheyAreDecimal) {
   TextInMemory file("12abc abc 0x10 -7 \v+7 \f9:8/ +-7 10000000000000 2147483648 -2147483649 8");
   std::vector<std::int32_t> values;

@@ -27,7 +27,12 @@ bool MidiFile::loadImage() {
   ByteBlock bytes;
   std::uint32_t size = 0;
   const DiskFile::WholeRead result = disk_.readImage(bytes, size);
-  if (disk_.reportError() || result != DiskFile::WholeRead::complete || size == 0) {
+  return !disk_.reportError() && result == DiskFile::WholeRead::complete &&
+         useImage(std::move(bytes), size);
+}
+
+bool MidiFile::useImage(ByteBlock bytes, std::uint32_t size) {
+  if (!bytes || size == 0) {
     return false;
   }
   image = std::move(bytes);

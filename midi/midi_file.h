@@ -65,6 +65,10 @@ class MidiFile {
   /// Unnamed, so there is nothing to load.
   MidiFile();
 
+  /// Takes ownership of a file's `size` bytes, as `loadImage` does after reading them. Silently
+  /// fails if there are none.
+  bool useImage(ByteBlock bytes, std::uint32_t size);
+
   /// Runs `loadImage`, `readHeaderChunk` and `readTrackHeader`. Silently fails if the format isn't
   /// 0.
   bool loadType0();

@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # The folders of the product's sources, for the scripts that inspect them.
 # shellcheck disable=SC2034 # used by the scripts that source this file
-product_folders=(compiler samples midi foundation platform)
+product_folders=(compiler samples midi foundation platform kit)
 
 # For a new build folder; one that was configured by hand keeps its generator.
 export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}

@@ -1,0 +1,22 @@
+# Finds the header-only libraries of tavkit: sets TAVREL_KIT_INCLUDES to their include folders, and
+# TAVREL_KIT_LIBRARIES_FOUND. A build for another host uses this host's headers, through a folder of
+# links: the rest of the include folder is for this host alone.
+set(TAVREL_KIT_INCLUDES)
+set(TAVREL_KIT_LIBRARIES_FOUND TRUE)
+foreach(header CLI/CLI.hpp nlohmann/json.hpp fmt/format.h)
+  cmake_path(GET header PARENT_PATH folder)
+  find_path(TAVREL_${folder}_INCLUDE ${header} NO_CMAKE_FIND_ROOT_PATH)
+  mark_as_advanced(TAVREL_${folder}_INCLUDE)
+  set(include ${TAVREL_${folder}_INCLUDE})
+  if(NOT include)
+    set(TAVREL_KIT_LIBRARIES_FOUND FALSE)
+    continue()
+  endif()
+  if(CMAKE_CROSSCOMPILING)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/kit_libraries)
+    file(CREATE_LINK ${include}/${folder} ${PROJECT_BINARY_DIR}/kit_libraries/${folder} SYMBOLIC)
+    set(include ${PROJECT_BINARY_DIR}/kit_libraries)
+  endif()
+  list(APPEND TAVREL_KIT_INCLUDES ${include})
+endforeach()
+list(REMOVE_DUPLICATES TAVREL_KIT_INCLUDES)

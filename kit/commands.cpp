@@ -1,0 +1,12 @@
+#include "kit/commands.h"
+
+namespace tavrel::kit {
+
+const std::vector<Command>& commands() {
+  static const std::vector<Command> kCommands{
+      listCommand(),
+  };
+  return kCommands;
+}
+
+}  // namespace tavrel::kit

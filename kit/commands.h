@@ -1,0 +1,15 @@
+// The table of commands. A new command is a source file, a function here and a row in commands.cpp.
+#pragma once
+
+#include <vector>
+
+#include "kit/command.h"
+
+namespace tavrel::kit {
+
+/// Returns all commands in the order of the help.
+const std::vector<Command>& commands();
+
+Command listCommand();
+
+}  // namespace tavrel::kit

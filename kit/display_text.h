@@ -1,0 +1,19 @@
+// Text as it may be shown on a terminal and put into JSON.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tavrel::kit {
+
+/// Returns `text` with each control character, and each byte that isn't part of valid UTF-8,
+/// replaced by U+FFFD.
+std::string displayText(std::string_view text);
+
+/// Returns how many characters of a terminal `text`, valid UTF-8, takes: its code points.
+std::size_t displayWidth(std::string_view text);
+
+/// Returns a duration as minutes, seconds and milliseconds: "1:02.500".
+std::string durationText(double seconds);
+
+}  // namespace tavrel::kit

@@ -1,0 +1,9 @@
+#include "kit/command_line.h"
+#include "platform/large_pages.h"
+#include "platform/standard_streams.h"
+
+int main(int argumentCount, char** arguments) {
+  tavrel::prepareHeap();
+  tavrel::prepareStandardStreams();
+  return tavrel::kit::runTavkit(argumentCount, arguments);
+}

@@ -1,0 +1,70 @@
+#include "kit/named_bank.h"
+
+#include <filesystem>
+
+#include "compiler/names.h"
+#include "kit/failure.h"
+#include "kit/source_file.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// Returns the path of the header next to a bank.
+std::string headerNextTo(const std::string& bankPath) {
+  const std::filesystem::path bank(hostPath(bankPath.c_str()));
+  FileName header;
+  nameHeader(header, bank.filename().string().c_str());
+  return (bank.parent_path() / textOrEmpty(header.name)).string();
+}
+
+/// Returns the header next to the bank if it is one that the tool has made.
+std::optional<BankHeader> findHeader(const std::string& path) {
+  try {
+    BankHeader header = parseHeader(readFile(path));
+    if (header.isGenerated) {
+      return header;
+    }
+  } catch (const Failure&) {
+    // No header next to the bank is nothing unusual.
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+NamedBank withHeader(BankFile file, const HeaderChoice& choice) {
+  NamedBank bank{.file = std::move(file), .header = {}, .headerPath = {}, .defines = {}};
+  if (choice.path) {
+    bank.headerPath = *choice.path;
+    bank.header = parseHeader(readFile(*choice.path));
+  } else if (!choice.none) {
+    bank.headerPath = headerNextTo(bank.file.path);
+    bank.header = findHeader(bank.headerPath);
+  }
+  const auto count = static_cast<std::uint32_t>(bank.assets().size());
+  bank.defines = bank.header ? bank.header->definesById(count) : std::vector<std::string>(count);
+  return bank;
+}
+
+const std::vector<CommandOption>& bankOptions() {
+  static const std::vector<CommandOption> kOptions{
+      {.names = "--header",
+       .value = "FILE",
+       .help = "Read the defines from FILE instead of the header next to the bank",
+       .completion = Completion::file},
+      {.names = "--no-header", .help = "Use no header: call the assets by their ids"},
+  };
+  return kOptions;
+}
+
+HeaderChoice headerChoice(const Arguments& arguments) {
+  return {.path = arguments.value("--header"), .none = arguments.has("--no-header")};
+}
+
+NamedBank openNamedBank(const Arguments& arguments) {
+  return withHeader(openBank(arguments.operands.front()), headerChoice(arguments));
+}
+
+}  // namespace tavrel::kit

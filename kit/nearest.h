@@ -1,0 +1,21 @@
+// Suggestions for mistyped words.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel::kit {
+
+/// Returns how many characters must be inserted, deleted, replaced or exchanged with their
+/// neighbour to turn `first` into `second`, regardless of the case of the letters A to Z.
+std::size_t editDistance(std::string_view first, std::string_view second);
+
+/// Returns the candidate nearest to `word`, the first of equally near ones. Returns the empty
+/// string if none is near enough to be a mistyped `word`.
+std::string nearest(std::string_view word, const std::vector<std::string>& candidates);
+
+/// Returns "; did you mean X?" for the nearest candidate, or the empty string.
+std::string didYouMean(std::string_view word, const std::vector<std::string>& candidates);
+
+}  // namespace tavrel::kit

@@ -1,0 +1,44 @@
+#include "kit/text_table.h"
+
+#include <algorithm>
+
+#include "kit/display_text.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+void appendLine(std::string& text, const std::vector<std::string>& cells,
+                const std::vector<Column>& columns, const std::vector<std::size_t>& widths) {
+  std::string line;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const std::string blanks(widths[i] - displayWidth(cells[i]), ' ');
+    line += i > 0 ? "  " : "";
+    line += columns[i].alignment == Alignment::right ? blanks + cells[i] : cells[i] + blanks;
+  }
+  line.erase(line.find_last_not_of(' ') + 1);
+  text += line + '\n';
+}
+
+}  // namespace
+
+std::string TextTable::text() const {
+  std::vector<std::string> headings;
+  std::vector<std::size_t> widths;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    headings.push_back(columns_[i].heading);
+    std::size_t width = displayWidth(headings[i]);
+    for (const std::vector<std::string>& row : rows_) {
+      width = std::max(width, displayWidth(row[i]));
+    }
+    widths.push_back(width);
+  }
+  std::string text;
+  appendLine(text, headings, columns_, widths);
+  for (const std::vector<std::string>& row : rows_) {
+    appendLine(text, row, columns_, widths);
+  }
+  return text;
+}
+
+}  // namespace tavrel::kit

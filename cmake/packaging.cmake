@@ -1,6 +1,7 @@
 # What `cmake --install` and `cpack` install: the tool, its man page, the documents, the example, the
-# header for games with its pkg-config file, and a CMake package with the tool as the imported
-# program tavrel::tavrel and the header as the target tavrel::bank.
+# header for games with its pkg-config file, tavkit where it is built, with its man page, completions
+# and schemas, and a CMake package with the programs tavrel::tavrel and tavrel::tavkit and the header
+# as the target tavrel::bank.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -11,6 +12,15 @@ install(FILES docs/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+if(TAVREL_KIT)
+  install(TARGETS tavkit EXPORT tavrel)
+  install(FILES docs/tavkit.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES kit/completions/tavkit.bash RENAME tavkit
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES kit/completions/_tavkit DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+  install(DIRECTORY kit/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel)
+endif()
 
 # The tool makes the same banks on every host, so the package fits every architecture.
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)

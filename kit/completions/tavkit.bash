@@ -1,0 +1,33 @@
+# Completion of tavkit for bash. Made from its table of commands by scripts/documents.
+# shellcheck shell=bash
+
+# Completes a folder, or a file whose name doesn't match the pattern.
+_tavkit_files() {
+  compopt -o filenames
+  mapfile -t COMPREPLY < <(compgen -d -- "$current"; compgen -f -X "$1" -- "$current")
+}
+
+_tavkit_words() { mapfile -t COMPREPLY < <(compgen -W "$1" -- "$current"); }
+
+_tavkit() {
+  local current=$2 previous=$3 command=${COMP_WORDS[1]}
+  COMPREPLY=()
+  if ((COMP_CWORD == 1)); then
+    _tavkit_words 'list -h --help --version'
+    return
+  fi
+  case $command:$previous in
+    list:--header) _tavkit_files ''; return ;;
+  esac
+  if [[ $current == -* ]]; then
+    case $command in
+      list) _tavkit_words '--header --no-header --json -h --help --version' ;;
+    esac
+    return
+  fi
+  case $command in
+    list) _tavkit_files '!*.tvb' ;;
+  esac
+}
+
+complete -F _tavkit tavkit

@@ -1,0 +1,35 @@
+// Prints a document that is made from the table of commands: print_document manual|bash|zsh.
+#include <array>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "kit/manual.h"
+#include "platform/standard_streams.h"
+
+namespace {
+
+struct Document {
+  std::string_view name;
+  std::string (*text)();
+};
+
+constexpr std::array<Document, 3> kDocuments{{
+    {"manual", tavrel::kit::manualPage},
+    {"bash", tavrel::kit::bashCompletion},
+    {"zsh", tavrel::kit::zshCompletion},
+}};
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  tavrel::prepareStandardStreams();
+  const std::string_view wanted = argumentCount == 2 ? arguments[1] : "";
+  for (const Document& document : kDocuments) {
+    if (document.name == wanted) {
+      return std::fputs(document.text().c_str(), stdout) < 0 ? 1 : 0;
+    }
+  }
+  std::fputs("usage: print_document manual|bash|zsh\n", stderr);
+  return 1;
+}

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# The man page and the completions are those that the program makes, and they work:
+#   documents_test.sh BUILD
+set -euo pipefail
+build=$(realpath "$1")
+cd "$(dirname "$0")/../.."
+
+scripts/documents --check "$build"
+problems=$(mandoc -T lint -W warning docs/tavkit.1) || {
+  echo "$problems" >&2
+  exit 1
+}
+
+# What bash offers after the given words, the last one being typed.
+offered() {
+  COMP_WORDS=(tavkit "$@")
+  COMP_CWORD=$#
+  _tavkit tavkit "${COMP_WORDS[-1]}" "${COMP_WORDS[-2]}"
+  echo "${COMPREPLY[*]}"
+}
+compopt() { :; } # works only while bash completes
+source kit/completions/tavkit.bash
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+touch "$folder"/{a.tvb,a.h,b.txt}
+[[ $(offered li) == list ]]
+[[ $(offered list --no-) == --no-header ]]
+[[ $(offered list "$folder/") == "$folder/a.tvb" ]]
+[[ $(offered list --header "$folder/a.h") == "$folder/a.h" ]]
+if type zsh >/dev/null 2>&1; then
+  zsh -n kit/completions/_tavkit
+fi

@@ -18,8 +18,11 @@ AssetBlock::AssetBlock(BankScript& script, TokenFile& source, const Statement& s
 bool AssetBlock::open() {
   entry_.reset(new (std::nothrow) AssetEntry);
   data_.reset(new (std::nothrow) AssetData);
-  if (!entry_ || !data_ || !source_.readToken() ||
-      !fileName().splitNameAndPath(source_.token.data())) {
+  if (!entry_ || !data_) {
+    return false;
+  }
+  data_->scriptOffset = source_.tokenStart();
+  if (!source_.readToken() || !fileName().splitNameAndPath(source_.token.data())) {
     return false;
   }
   const char* fullName = fileName().getNameAndPath();

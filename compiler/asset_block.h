@@ -50,6 +50,7 @@ class AssetBlock {
   [[nodiscard]] const TokenFile& source() const { return source_; }
   [[nodiscard]] FileName& fileName() { return script_.assetFileName; }
   [[nodiscard]] AssetEntry& entry() { return *entry_; }
+  [[nodiscard]] AssetData& data() { return *data_; }
   [[nodiscard]] std::uint8_t* payload() { return data_->payload.get(); }
 
  private:

@@ -30,6 +30,8 @@ struct AssetData {
   std::uint32_t reserved = 0;
   std::uint32_t paddedSize = 0;  ///< size of the blob in the bank, with its padding
   std::uint32_t kind = 0;        ///< an `AssetKind`
+  std::size_t scriptOffset = 0;  ///< where the keyword of its block starts in the script
+  bool compressed = false;       ///< the payload is ADPCM made from the file's samples
 };
 
 }  // namespace tavrel

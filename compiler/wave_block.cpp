@@ -114,6 +114,7 @@ ByteBlock takeSamples(Sound& sound) {
 
 /// Stores the asset. The batch writes its payload later.
 bool storeCompressed(AssetBlock& block, Sound& sound, AdpcmBatch& batch) {
+  block.data().compressed = true;
   block.entry().parameter[waveBitsPerSample] = 4;
   // Samples that wait must not keep the rest of their file in memory.
   ByteBlock samples = takeSamples(sound);

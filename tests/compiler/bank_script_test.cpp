@@ -74,6 +74,21 @@ TEST(BankScript, AScriptInMemoryIsParsedAndKept) {
   script.freeData();
 }
 
+TEST(BankScript, AnAssetKnowsItsBlockAndWhetherItIsCompressed) {
+  const TemporaryDirectory folder;
+  const std::string name = folder.write("a.wav", wav().fmt(mono, 16, 8000).data("1234"));
+  const std::string blocks[] = {"BankFileName x ", "WaveFile " + name + " Adpcm 1 AssetEnd ",
+                                "\twavefile " + name + " AssetEnd "};
+  BankScript script(folder.write("a.txt", blocks[0] + blocks[1] + blocks[2]).c_str());
+  testing::internal::CaptureStdout();
+  ASSERT_TRUE(script.parseScript());
+  testing::internal::GetCapturedStdout();
+  EXPECT_EQ(script.assets.at(0)->scriptOffset, blocks[0].size());
+  EXPECT_TRUE(script.assets.at(0)->compressed);
+  EXPECT_EQ(script.assets.at(1)->scriptOffset, blocks[0].size() + blocks[1].size() + 1);
+  EXPECT_FALSE(script.assets.at(1)->compressed);
+}
+
 TEST(BankScript, PreferencesAreTakenUpToThePreferencesEnd) {
   const std::string illegal = "Error: Illegal token in pref file tavrel.rsp\nToken: ";
   const std::string rows[][2] = {

@@ -6,8 +6,8 @@
 
 #include "compiler/asset_block.h"
 #include "compiler/bank_script.h"
+#include "compiler/wave_rules.h"
 #include "foundation/console.h"
-#include "foundation/text_utilities.h"
 #include "samples/aiff_file.h"
 #include "samples/sound_convert.h"
 #include "samples/wave_file.h"
@@ -88,11 +88,6 @@ bool readAiff(const AssetBlock& block, Sound& sound) {
   return true;
 }
 
-/// Returns true if the bank holds the sound as ADPCM. Looped sounds are never compressed.
-bool isCompressed(std::uint16_t bits, bool loops, bool wantsAdpcm) {
-  return wantsAdpcm && !loops && bits == 16;
-}
-
 void warnOfLoop(AssetBlock& block) {
   printLine(stderr);
   printLine(stderr, "WARNING: ADPCM not allowed on loops, ", textOrEmpty(block.fileName().name),
@@ -165,7 +160,7 @@ bool BankScript::parseWave(TokenFile& source) {
   if (extension == nullptr) {
     return false;
   }
-  const bool isAiff = equalsIgnoringCase(extension, "aif");
+  const bool isAiff = isAiffExtension(extension);
   block.announce(isAiff ? kReadingAiff : statementOf(typeWave).reading);
   Sound sound;
   return (isAiff ? readAiff(block, sound) : readWav(block, sound)) && block.readOptions() &&

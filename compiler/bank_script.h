@@ -68,6 +68,10 @@ class BankScript : public TokenFile {
   /// Sets the offset of an asset's blob in the bank. Always returns true.
   bool setAssetOffset(std::int16_t id, std::uint32_t offset);
 
+  /// Sets the offsets of all blobs as `writeBank` does, and returns the length of the bank. If the
+  /// bank is too long, the length is right and the offsets are not.
+  std::uint64_t layOut();
+
   // Not used by the tool; for programs that keep the three paths in a file.
 
   /// Sets the three paths from the preferences file. Returns true if it was read up to its
@@ -100,7 +104,7 @@ class BankScript : public TokenFile {
   [[nodiscard]] std::uint32_t assetCount() const;
   [[nodiscard]] bool checkBankLength() const;
   bool writeTable(DiskFile& bank) const;
-  bool writeBlobs(DiskFile& bank, std::uint32_t& position);
+  bool writeBlobs(DiskFile& bank) const;
 
   bool writeAssetDefines(TextOutputFile& header);
   bool readPreferenceStatements(TokenFile& preferences);

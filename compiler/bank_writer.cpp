@@ -20,15 +20,14 @@ void announceBlob(const AssetData& asset) {
   }
 }
 
-/// Fills the bank with zero bytes from `position`, its end, up to the next multiple of 32.
-bool writePadding(DiskFile& bank, std::uint32_t position) {
-  const auto missing = static_cast<std::uint32_t>(roundUp(position, kBankAlignment) - position);
-  if (missing == 0) {
+/// Fills the bank with zero bytes from the end of its last blob up to its length.
+bool writePadding(DiskFile& bank, std::uint64_t blobsEnd, std::uint64_t length) {
+  if (blobsEnd == length) {
     return true;
   }
   constexpr std::array<std::uint8_t, kBankAlignment> kZeros{};
-  bank.seek(position);
-  return bank.write(kZeros.data(), missing);
+  bank.seek(static_cast<std::uint32_t>(blobsEnd));
+  return bank.write(kZeros.data(), static_cast<std::uint32_t>(length - blobsEnd));
 }
 
 }  // namespace
@@ -51,9 +50,22 @@ bool BankScript::writeBank() {
   DiskFile bank(modeWrite, name, "");
   printLine(stdout, "Writing Bank File: ", name);
   // The table is written twice: first to reserve space, then with the final offsets.
-  std::uint32_t position = tableEnd(assetCount());
-  return bank.open() && writeTable(bank) && writeBlobs(bank, position) && bank.seek(0) &&
-         writeTable(bank) && writePadding(bank, position) && bank.close();
+  if (!bank.open() || !writeTable(bank) || !writeBlobs(bank)) {
+    return false;
+  }
+  const std::uint64_t length = layOut();
+  const std::uint64_t blobsEnd = tableEnd(assetCount()) + blobBytes();
+  return bank.seek(0) && writeTable(bank) && writePadding(bank, blobsEnd, length) && bank.close();
+}
+
+std::uint64_t BankScript::layOut() {
+  const std::uint32_t start = tableEnd(assetCount());
+  std::uint64_t blobs = 0;
+  for (const auto& asset : assets) {
+    setAssetOffset(asset->id, static_cast<std::uint32_t>(start + blobs));
+    blobs += asset->paddedSize;
+  }
+  return bankLength(assetCount(), blobs);
 }
 
 bool BankScript::writeTable(DiskFile& bank) const {
@@ -65,15 +77,11 @@ bool BankScript::writeTable(DiskFile& bank) const {
          });
 }
 
-/// Writes the blobs and sets their offsets. `position` is the offset of the first one and moves to
-/// the end of the last one.
-bool BankScript::writeBlobs(DiskFile& bank, std::uint32_t& position) {
+bool BankScript::writeBlobs(DiskFile& bank) const {
   for (const auto& asset : assets) {
-    setAssetOffset(asset->id, position);
     if (!bank.write(asset->payload.get(), asset->paddedSize)) {
       return false;
     }
-    position += asset->paddedSize;
     announceBlob(*asset);
   }
   return true;

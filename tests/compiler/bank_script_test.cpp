@@ -39,6 +39,20 @@ TEST(BankScript, TheLongestBankIsNotRefused) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST(BankScript, IsLaidOutWithoutWriting) {
+  BankScript script("a.txt");
+  EXPECT_EQ(script.layOut(), 32) << "the count and 28 zero bytes";
+  for (const std::uint32_t size : {5U, 0U, 0xFFFFFFFFU}) {
+    auto asset = std::make_unique<AssetData>();
+    asset->paddedSize = size;
+    ASSERT_TRUE(script.storeAsset(std::move(asset), std::make_unique<AssetEntry>()));
+  }
+  EXPECT_EQ(script.layOut(), 0x1000000A0) << "4 + 3 * 44 + 5 + 0xFFFFFFFF and 20 zero bytes";
+  EXPECT_EQ(script.entries.at(0)->offset, 4 + 3 * 44);
+  EXPECT_EQ(script.entries.at(1)->offset, 4 + 3 * 44 + 5);
+  EXPECT_EQ(script.entries.at(2)->offset, 4 + 3 * 44 + 5);
+}
+
 TEST(BankScript, ADirectlyParsedWaveHasItsStream) {
   const TemporaryDirectory folder;
   const std::string samples = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0).str();

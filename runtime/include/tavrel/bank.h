@@ -280,19 +280,31 @@ static inline void tavrel_adpcm_start(tavrel_adpcm* state) {
 }
 
 /* Not part of the interface: decodes one code of 4 bits. The step changes by a factor and is kept
- * from 127 to 24576; comparing the product is a few cycles faster than comparing the quotient. */
+ * from 127 to 24576. Compilers turn comparisons into branches. Small steps, which reach no upper
+ * limit, and large ones seldom alternate, so that branch is predictable. Whether a large step
+ * reaches 24576 is as random as the codes of noise, so a shift selects the next step instead. */
 static inline int16_t tavrel_adpcm_next(tavrel_adpcm* state, unsigned code) {
   static const uint32_t factors[16] = {230, 230, 230, 230, 307, 409, 512, 614,
                                        230, 230, 230, 230, 307, 409, 512, 614};
   static const uint32_t eighths[16] = {1, 3, 5, 7, 9, 11, 13, 15, 1, 3, 5, 7, 9, 11, 13, 15};
-  const uint32_t product = (uint32_t)state->step * factors[code];
-  const uint32_t distance = (uint32_t)state->step * eighths[code] / 8;
-  const int32_t delta = distance < 32767 ? (int32_t)distance : 32767;
+  /* The largest steps that the factors leave within 24576. */
+  static const uint32_t largest[16] = {24576, 24576, 24576, 24576, 20494, 15383, 12288, 10247,
+                                       24576, 24576, 24576, 24576, 20494, 15383, 12288, 10247};
+  const uint32_t step = (uint32_t)state->step;
+  const uint32_t product = step * factors[code];
   const int32_t sign = -(int32_t)(code >> 3); /* 0, or -1 for a code that subtracts */
-  const int32_t sample = state->predictor + ((delta ^ sign) - sign);
-  state->step = product < 127 * 256     ? 127
-                : product < 24577 * 256 ? (int32_t)(product / 256)
-                                        : 24576;
+  uint32_t distance = step * eighths[code] / 8;
+  uint32_t next;
+  int32_t sample;
+  if (step <= 8192) {
+    next = product < 128 * 256 ? 127 : product / 256;
+  } else {
+    const uint32_t shift = (largest[code] - step) >> 27 | 8; /* 31 above `largest`, otherwise 8 */
+    next = (uint32_t)(((uint64_t)24576 << 31 | product) >> shift);
+    distance = distance < 32767 ? distance : 32767;
+  }
+  sample = state->predictor + (((int32_t)distance ^ sign) - sign);
+  state->step = (int32_t)next;
   state->predictor = (uint32_t)(sample + 32768) <= 65535 ? sample : sample < 0 ? -32768 : 32767;
   return (int16_t)state->predictor;
 }

@@ -52,6 +52,26 @@ enum SequenceParameter : std::uint8_t {
 /// The one parameter word of a tone bank.
 constexpr int kToneBankType = 0;
 
+/// Returns a mask of the parameter words that assets of a type use: bit n is set for word n. All
+/// other words are 0. A type that isn't an `AssetType` may use every word.
+constexpr std::uint32_t usedParameters(std::uint32_t type) {
+  const auto words = [](auto... parameters) { return ((1U << parameters) | ... | 0U); };
+  switch (type) {
+    case typeWave:
+      return words(waveSampleRate, waveLoop, waveBitsPerSample, waveRandomPitchAmount,
+                   waveLoopStart, waveLoopEnd);
+    case typeMidi:
+      return words(sequenceDivision, sequenceVolume, sequenceGmMode, sequenceLoop, sequenceTempo);
+    case typeToneBank:
+      return words(kToneBankType);
+    case typeFxProgramBank:
+    case typeFxOutputBank:
+      return words();
+    default:
+      return words(0, 1, 2, 3, 4, 5, 6, 7);
+  }
+}
+
 /// The table record of an asset:
 ///
 /// | Offset | Width | Content |

@@ -10,6 +10,7 @@
 #include <new>
 
 #include "kit/arguments.h"
+#include "kit/colour.h"
 #include "kit/commands.h"
 #include "kit/failure.h"
 #include "kit/help.h"
@@ -160,6 +161,7 @@ int runCommandLine(const std::vector<std::string>& arguments, Output& output) {
 
 int runTavkit(int argumentCount, const char* const* arguments) {
   Output output;
+  output.isColoured = showsColours(stdout);
   int code = exitFailed;
   try {
     code = runCommandLine({arguments + 1, arguments + argumentCount}, output);

@@ -7,8 +7,9 @@
 namespace tavrel::kit {
 
 struct Output {
-  std::string results;   ///< for standard output
-  std::string messages;  ///< for standard error
+  std::string results;      ///< for standard output
+  std::string messages;     ///< for standard error
+  bool isColoured = false;  ///< the results may have colours
 };
 
 }  // namespace tavrel::kit

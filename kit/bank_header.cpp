@@ -90,7 +90,9 @@ std::optional<std::uint32_t> decimal(std::string_view text) {
   std::uint32_t number = 0;
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, number);
-  return result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
+  const bool isOctal = text.size() > 1 && text.front() == '0';
+  return result.ec == std::errc() && result.ptr == end && !isOctal ? std::optional(number)
+                                                                   : std::nullopt;
 }
 
 BankHeader parseHeader(std::string_view text) {

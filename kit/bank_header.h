@@ -40,7 +40,8 @@ struct BankHeader {
 
 BankHeader parseHeader(std::string_view text);
 
-/// Returns the number that `text` is in decimal digits, if it fits.
+/// Returns the number that `text` is in decimal digits, if it fits. A 0 before other digits is
+/// refused, because C would read them as an octal number.
 std::optional<std::uint32_t> decimal(std::string_view text);
 
 }  // namespace tavrel::kit

@@ -110,7 +110,7 @@ TEST(BankHeaderTest, ReadsAnyText) {
 TEST(BankHeaderTest, ReadsNumbers) {
   EXPECT_EQ(decimal("0"), 0U);
   EXPECT_EQ(decimal("4294967295"), 4294967295U);
-  for (const char* text : {"", "-1", "+1", "4294967296", "1 ", "0x1", "1u"}) {
+  for (const char* text : {"", "-1", "+1", "4294967296", "1 ", "0x1", "1u", "01"}) {
     EXPECT_EQ(decimal(text), std::nullopt) << text;
   }
 }

@@ -46,11 +46,15 @@ std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter) {
   return tempo == 0 ? std::nullopt : std::optional(kMicrosecondsPerMinute / tempo);
 }
 
-bool summarizeSequence(BankFile& bank, const tavrel_asset& asset, SequenceSummary& summary) {
+bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file) {
   const CapturedConsole silence;
-  MidiFile file;
   return file.useImage(bank.blob(asset), asset.size) && file.readHeaderChunk() &&
-         file.readTrackHeader() && summarize(file, summary);
+         file.readTrackHeader();
+}
+
+bool summarizeSequence(BankFile& bank, const tavrel_asset& asset, SequenceSummary& summary) {
+  MidiFile file;
+  return readSequence(bank, asset, file) && summarize(file, summary);
 }
 
 }  // namespace tavrel::kit

@@ -28,6 +28,10 @@ WaveFacts waveFacts(const tavrel_asset& asset);
 /// Returns beats per minute for a tempo in microseconds per quarter note; nothing for 0.
 std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter);
 
+/// Loads the sequence of `asset` from the bank into `file`, up to its first event. Returns false if
+/// its headers break off.
+bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file);
+
 /// Reads the sequence of `asset` from the bank. Returns false, with `summary` unchanged, if it
 /// breaks off.
 bool summarizeSequence(BankFile& bank, const tavrel_asset& asset, SequenceSummary& summary);

@@ -5,6 +5,7 @@ namespace tavrel::kit {
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
       listCommand(),
+      verifyCommand(),
   };
   return kCommands;
 }

@@ -11,5 +11,6 @@ namespace tavrel::kit {
 const std::vector<Command>& commands();
 
 Command listCommand();
+Command verifyCommand();
 
 }  // namespace tavrel::kit

@@ -1,0 +1,130 @@
+// tavkit verify: whether a bank and its header are what the tool would write.
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "kit/colour.h"
+#include "kit/commands.h"
+#include "kit/display_text.h"
+#include "kit/json.h"
+#include "kit/output.h"
+#include "kit/verify.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// Returns the message of a finding with the asset that it is about in front.
+std::string fullMessage(const NamedBank& bank, const Finding& finding) {
+  if (!finding.id || *finding.id >= bank.assets().size()) {
+    return finding.message;
+  }
+  const std::string& define = bank.defines[*finding.id];
+  const std::string name = define.empty() ? "" : fmt::format(" ({})", displayText(define));
+  return fmt::format("asset {}{}: {}", *finding.id, name, finding.message);
+}
+
+bool isFine(const std::vector<Verdict>& verdicts) {
+  return std::all_of(verdicts.begin(), verdicts.end(),
+                     [](const Verdict& verdict) { return verdict.findings.empty(); });
+}
+
+std::string asJson(const Subject& subject, const std::vector<Verdict>& verdicts) {
+  Json findings = Json::array();
+  for (const Verdict& verdict : verdicts) {
+    for (const Finding& finding : verdict.findings) {
+      findings.push_back({{"code", verdict.check->code},
+                          {"id", finding.id ? Json(*finding.id) : Json(nullptr)},
+                          {"message", fullMessage(subject.bank, finding)}});
+    }
+  }
+  return documentText({{"format", 1}, {"ok", isFine(verdicts)}, {"findings", std::move(findings)}});
+}
+
+std::string failureText(const std::string& code, const std::string& message, bool isColoured) {
+  return fmt::format("{}FAIL{}  {}: {}\n", isColoured ? kRed : "", isColoured ? kPlain : "", code,
+                     message);
+}
+
+/// Returns what the verdicts don't cover.
+std::string limits(const Subject& subject) {
+  const char* header = subject.bank.header ? "" : " the header, which is missing, and";
+  return fmt::format(", {} assets; not checked:{} the content of blobs that aren't sequences",
+                     subject.count(), header);
+}
+
+std::string asText(const Subject& subject, const std::vector<Verdict>& verdicts, bool isColoured) {
+  std::string text;
+  for (const auto& [check, findings] : verdicts) {
+    if (findings.empty()) {
+      text += fmt::format("ok    {}: {}{}\n", check->code, check->fine,
+                          check == &openCheck() ? limits(subject) : "");
+    }
+    for (const Finding& finding : findings) {
+      text += failureText(check->code, fullMessage(subject.bank, finding), isColoured);
+    }
+  }
+  return text;
+}
+
+int runVerify(const Arguments& arguments, Output& output) {
+  Subject subject{.bank = withHeader(BankFile(arguments.operands.front()), headerChoice(arguments)),
+                  .sequences = {}};
+  subject.sequences = readSequences(subject.bank.file);
+  const std::vector<Verdict> verdicts = verify(subject);
+  output.results = arguments.has("--json") ? asJson(subject, verdicts)
+                                           : asText(subject, verdicts, output.isColoured);
+  return isFine(verdicts) ? exitYes : exitNo;
+}
+
+}  // namespace
+
+std::vector<Verdict> verify(Subject& subject) {
+  std::vector<Verdict> verdicts;
+  const auto run = [&subject, &verdicts](const Check& check) {
+    check.find(subject, verdicts.emplace_back(Verdict{&check, {}}).findings);
+  };
+  run(openCheck());
+  if (!isFine(verdicts)) {
+    return verdicts;
+  }
+  for (const auto group : {bankChecks(), recordChecks(), blobChecks()}) {
+    std::for_each(group.begin(), group.end(), run);
+  }
+  if (subject.bank.header) {
+    std::for_each(headerChecks().begin(), headerChecks().end(), run);
+  }
+  return verdicts;
+}
+
+Command verifyCommand() {
+  return {
+      .name = "verify",
+      .operands = {.synopsis = "BANK", .fewest = 1, .most = 1, .completion = Completion::bank},
+      .summary = "Check a bank and its header for damage",
+      .description =
+          "Checks that the bank and its header are what tavrel writes. Prints a line that begins "
+          "with FAIL for each finding, and a line that begins with ok for each check without one. "
+          "Exits with 1 if there is a finding. A bank that doesn't open is not checked any "
+          "further.\n\n"
+          "Checks of the bank: open (it opens), gap (each blob begins where the one before it and "
+          "its padding end), padding (it is zero), length (the bank is no longer than its data and "
+          "their padding), type (each type is known).\n\n"
+          "Checks of records: parameter (it is in range for the type), unused-parameter (it is 0 "
+          "where the type has none; a wave that doesn't loop has no loop points).\n\n"
+          "Checks of blobs: adpcm-length (ADPCM has a multiple of 4 bytes), sequence (it can be "
+          "read up to its End of Track), division and tempo (they are those of the sequence), loop "
+          "(it lies inside its wave and starts before its end).\n\n"
+          "Checks of the header: guard, sizes and file-name (they are what tavrel writes for a "
+          "bank of this name), define (it is a C identifier and a number), duplicate (no name is "
+          "there twice), missing-define (each asset has a define), extra-define (each define "
+          "belongs to an asset that has no other).\n\n"
+          "The samples of waves and the content of opaque assets can't be proven right or wrong: "
+          "any bytes are allowed.",
+      .example = "tavkit verify sfx.tvb",
+      .options = joined(bankOptions(), {{.names = "--json", .help = "Print one JSON document"}}),
+      .run = runVerify,
+  };
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,176 @@
+// Checks of a generated header: that it is what the tool would write for the bank. The names of the
+// assets can be any.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <new>
+#include <set>
+
+#include "compiler/names.h"
+#include "kit/bank_layout.h"
+#include "kit/c_identifier.h"
+#include "kit/display_text.h"
+#include "kit/verify.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// One of the bank's own three defines.
+struct OwnDefine {
+  std::string name;
+  const std::optional<std::string>& value;  ///< none if the header lacks it
+};
+
+std::array<OwnDefine, 3> ownDefines(const BankHeader& header) {
+  return {{{header.prefix + '_' + kFileNameDefine, header.fileName},
+           {header.prefix + '_' + kDataSizeDefine, header.dataSize},
+           {header.prefix + '_' + kHeaderSizeDefine, header.headerSize}}};
+}
+
+/// Returns true if `define` has the name and the value of one of the bank's own three. Other
+/// defines are those of assets.
+bool repeatsOwn(const BankHeader& header, const HeaderDefine& define) {
+  const auto own = ownDefines(header);
+  return std::any_of(own.begin(), own.end(), [&define](const OwnDefine& row) {
+    return row.name == define.name && row.value == define.value;
+  });
+}
+
+/// Returns the id that a define stands for, if it is the define of an asset.
+std::optional<std::uint32_t> idOf(const BankHeader& header, const HeaderDefine& define) {
+  return repeatsOwn(header, define) ? std::nullopt : decimal(define.value);
+}
+
+/// Returns the name of the header that the tool would write for the bank, up to its first dot.
+std::string baseName(const std::string& bankPath) {
+  const std::filesystem::path path(hostPath(bankPath.c_str()));
+  FileName header;
+  nameHeader(header, path.filename().string().c_str());
+  const char* name = header.getNameOnly();
+  if (name == nullptr) {
+    throw std::bad_alloc();
+  }
+  return name;
+}
+
+/// Returns what the header has, for a message.
+std::string shown(const std::optional<std::string>& text) {
+  return text && !text->empty() ? displayText(*text) : "missing";
+}
+
+void findWrongGuard(Subject& subject, Findings& findings) {
+  const BankHeader& header = *subject.bank.header;
+  Guard guard{};
+  const bool fits = guardName(baseName(subject.file().path), guard);
+  if (!fits) {
+    findings.add("the name of the bank is too long for a guard");
+    return;
+  }
+  for (const auto& [where, text] :
+       {std::pair("#ifndef", header.guardTested), std::pair("#define", header.guardDefined),
+        std::pair("#endif", header.guardEnded)}) {
+    if (text != guard.data()) {
+      findings.add(fmt::format("the guard of the {} is {}, not {}", where, shown(text),
+                               displayText(guard.data())));
+      return;
+    }
+  }
+}
+
+void findWrongSizes(Subject& subject, Findings& findings) {
+  const BankHeader& header = *subject.bank.header;
+  const std::string data = std::to_string(dataBytes(subject.file()));
+  const std::string rest = std::to_string(headerBytes(subject.file()));
+  if (header.dataSize != data) {
+    findings.add(fmt::format("{} is {}, not {}", kDataSizeDefine, shown(header.dataSize), data));
+  }
+  if (header.headerSize != rest) {
+    findings.add(
+        fmt::format("{} is {}, not {}", kHeaderSizeDefine, shown(header.headerSize), rest));
+  }
+}
+
+void findWrongFileName(Subject& subject, Findings& findings) {
+  const auto& fileName = subject.bank.header->fileName;
+  const std::string expected = '"' + baseName(subject.file().path) + kBankExtension + '"';
+  if (fileName != expected) {
+    findings.add(
+        fmt::format("{} is {}, not {}", kFileNameDefine, shown(fileName), displayText(expected)));
+  }
+}
+
+void findBadDefines(Subject& subject, Findings& findings) {
+  const BankHeader& header = *subject.bank.header;
+  for (const OwnDefine& own : ownDefines(header)) {
+    if (own.value && !isIdentifier(own.name)) {
+      findings.add(fmt::format("{} is no C identifier", displayText(own.name)));
+    }
+  }
+  for (const HeaderDefine& define : header.assets) {
+    const auto id = idOf(header, define);
+    if (!isIdentifier(define.name)) {
+      findings.add(id, fmt::format("{} is no C identifier", displayText(define.name)));
+    } else if (!id && !repeatsOwn(header, define)) {
+      findings.add(fmt::format("the value of {} is no number: {}", displayText(define.name),
+                               shown(define.value)));
+    }
+  }
+}
+
+void findDuplicates(Subject& subject, Findings& findings) {
+  const BankHeader& header = *subject.bank.header;
+  std::set<std::string> names{header.guardDefined};
+  for (const OwnDefine& own : ownDefines(header)) {
+    if (own.value) {
+      names.insert(own.name);
+    }
+  }
+  for (const HeaderDefine& define : header.assets) {
+    if (!names.insert(define.name).second) {
+      findings.add(idOf(header, define),
+                   fmt::format("{} is there twice", displayText(define.name)));
+    }
+  }
+}
+
+void findMissingDefines(Subject& subject, Findings& findings) {
+  for (std::uint32_t id = 0; id < subject.count(); ++id) {
+    if (subject.bank.defines[id].empty()) {
+      findings.add(id, "it has no define");
+    }
+  }
+}
+
+void findExtraDefines(Subject& subject, Findings& findings) {
+  std::set<std::uint32_t> ids;
+  const BankHeader& header = *subject.bank.header;
+  for (const HeaderDefine& define : header.assets) {
+    const auto id = idOf(header, define);
+    if (id && *id >= subject.count()) {
+      findings.add(id, fmt::format("{} is {}, but there are {} assets", displayText(define.name),
+                                   *id, subject.count()));
+    } else if (id && !ids.insert(*id).second) {
+      findings.add(id, fmt::format("{} is one more define of it", displayText(define.name)));
+    }
+  }
+}
+
+constexpr std::array<Check, 7> kHeaderChecks{{
+    {"guard", "the guard is that of the bank's name", findWrongGuard},
+    {"sizes", "the sizes are those of the bank", findWrongSizes},
+    {"file-name", "the file name is that of the bank", findWrongFileName},
+    {"define", "all defines of assets are C identifiers and numbers", findBadDefines},
+    {"duplicate", "no name is there twice", findDuplicates},
+    {"missing-define", "all assets have a define", findMissingDefines},
+    {"extra-define", "all defines belong to one asset each", findExtraDefines},
+}};
+
+}  // namespace
+
+std::span<const Check> headerChecks() { return kHeaderChecks; }
+
+}  // namespace tavrel::kit

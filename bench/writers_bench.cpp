@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::uint32_t kPayloadSize = 64;
 
-/// A parsed script with `count` user assets, whose outputs are in a temporary folder.
+/// A parsed script with `count` user assets, whose outputs are in a temporary directory.
 std::unique_ptr<BankScript> readScript(std::int64_t count) {
   auto script = std::make_unique<BankScript>("bench.txt");
   const std::string stem = (std::filesystem::temp_directory_path() / "tavrel_bench").string();

@@ -1,6 +1,6 @@
 #include "midi/midi_asset_file.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "tests/support/midi_builder.h"
 #include "tests/support/temporary_directory.h"
@@ -9,15 +9,18 @@ namespace tavrel::test {
 namespace {
 
 TEST(MidiAssetFile, IsZeroBeforeItIsLoaded) {
-  const MidiAssetFile file("", 0);
-  EXPECT_EQ(file.accumulatedTime | file.bytesRead | file.eventCount | file.runningStatus, 0U);
-  EXPECT_EQ(file.headerValid | file.trackValid | file.atEnd, 0);
-  EXPECT_EQ(file.format | file.numberOfTracks | file.ppqn, 0);
-  EXPECT_EQ(file.headerLength | file.trackLength | file.imageSize | file.assetSize, 0U);
-  EXPECT_EQ(file.trackHeaderOffset | file.trackDataOffset, 0U);
+  const MidiAssetFile f("", 0);
+  const std::uint32_t numbers[] = {
+      f.accumulatedTime, f.bytesRead,   f.eventCount, f.runningStatus,  f.headerValid,
+      f.trackValid,      f.atEnd,       f.format,     f.numberOfTracks, f.ppqn,
+      f.headerLength,    f.trackLength, f.imageSize,  f.assetSize,      f.trackHeaderOffset,
+      f.trackDataOffset};
+  EXPECT_THAT(numbers, testing::Each(0U));
   const MidiEvent ev;
-  EXPECT_EQ(ev.deltaTime | ev.absoluteTime | ev.metaType | ev.status | ev.sequence, 0U);
-  EXPECT_EQ(ev.statusHigh | ev.statusLow | ev.channel | ev.dataLength, 0U);
+  const std::uint32_t fields[] = {ev.deltaTime, ev.absoluteTime, ev.metaType,
+                                  ev.status,    ev.sequence,     ev.statusHigh,
+                                  ev.statusLow, ev.channel,      ev.dataLength};
+  EXPECT_THAT(fields, testing::Each(0U));
 }
 
 TEST(MidiAssetFile, AcceptsOrRejectsByTheTwoHeadersAndTheFormat) {
@@ -26,46 +29,46 @@ TEST(MidiAssetFile, AcceptsOrRejectsByTheTwoHeadersAndTheFormat) {
   const std::string notMidi = "Error: The file \"" + name + "\" is not a Standard MIDI File\n";
   const std::string premature = "Error: premature EOF.\n" + notMidi;
   const std::string small = midi().track(events().tempo(0, 500000));
+  const std::string otherFormat =
+      "Error: The file \"" + name + "\" is not a type 0 Standard MIDI File\n";
   const struct {
     const char* name;
-    std::uint16_t anyFormat;
-    std::string content, outcome;
-  } cases[] = {
-      {"length of the track ignored", 0, midi().text("MTrk\xFF\xFF\xFF\xFF"), "accepted"},
-      {"any format", 0x100, midi(96, 7).track(""), "accepted"},
-      {"format 7", 0, midi(96, 7).track(""),
-       "Error: The file \"" + name + "\" is not a type 0 Standard MIDI File\n"},
-      {"cut in the identifier", 0, small.substr(0, 3), notMidi},
-      {"other identifier", 0, "mthd" + small.substr(4),
-       "Error: Not a standard midi file.\n" + notMidi},
-      {"cut in the length", 0, small.substr(0, 7), premature},
-      {"cut in the division", 0, small.substr(0, 13), premature},
-      {"cut in the track's identifier", 0, small.substr(0, 17), notMidi},
-      {"other track identifier", 0, midi(96, 1).text("mtrk"),
+    std::string content;
+    bool isAccepted;
+    std::string problems;
+  } rows[] = {
+      {"length of the track ignored", midi().text("MTrk\xFF\xFF\xFF\xFF"), true, ""},
+      {"format 7", midi(96, 7).track(""), false, otherFormat},
+      {"cut in the identifier", small.substr(0, 3), false, notMidi},
+      {"other", "mthd" + small.substr(4), false, "Error: Not a standard midi file.\n" + notMidi},
+      {"cut in the length", small.substr(0, 7), false, premature},
+      {"cut in the division", small.substr(0, 13), false, premature},
+      {"cut in the track's identifier", small.substr(0, 17), false, notMidi},
+      {"other track", midi(96, 1).text("mtrk"), false,
        "Error: Not a standard midi file track header\n" + notMidi},
-      {"format 0", 0, small, "accepted"},
-      {"empty", 0, "", ""},
-      {"cut in the track's length", 0, small.substr(0, 21), premature},
+      {"format 0", small, true, ""},
+      {"empty", "", false, ""},
+      {"cut in the track's length", small.substr(0, 21), false, premature},
   };
   MidiAssetFile file(name.c_str(), 0);
-  for (const auto& row : cases) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     directory.write("song.mid", row.content);
-    file.anyFormat = row.anyFormat;
     testing::internal::CaptureStderr();
-    const bool accepted = file.load();
-    EXPECT_EQ(testing::internal::GetCapturedStderr() + (accepted ? "accepted" : ""), row.outcome);
-    EXPECT_EQ(file.assetSize, accepted ? row.content.size() : 0);
-    EXPECT_EQ(file.assetData, accepted ? file.image.get() : nullptr);
+    EXPECT_EQ(file.load(), row.isAccepted);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), row.problems);
+    EXPECT_EQ(file.assetSize, row.isAccepted ? row.content.size() : 0);
+    EXPECT_EQ(file.assetData, row.isAccepted ? file.image.get() : nullptr);
   }
   std::uint32_t tempo = 0;
   EXPECT_FALSE(file.firstTempo(tempo)) << "the track of the longer image starts after this one";
 }
 
-TEST(MidiAssetFile, HoldsTheHeadersAndWritesTheWholeImage) {
+TEST(MidiAssetFile, HoldsTheHeadersOfAnyFormatAndWritesTheWholeImage) {
   const TemporaryDirectory directory;
   const std::string content = midi(0xE728, 7).track("abc").track("");
   MidiAssetFile file(directory.write("song.mid", content).c_str(), 1);
+  EXPECT_TRUE(file.load());
   EXPECT_FALSE(file.loadType0()) << "the format is 7";
   testing::internal::CaptureStdout();
   file.printHeaderInfo();
@@ -82,7 +85,9 @@ TEST(MidiAssetFile, HoldsTheHeadersAndWritesTheWholeImage) {
   DiskFile out(modeWrite, directory.path("b.mid").c_str(), "");
   EXPECT_FALSE(file.writeImageTo(out)) << "not open";
   EXPECT_EQ(out.error, errorNone);
-  EXPECT_TRUE(out.open() && file.writeImageTo(out) && out.close());
+  EXPECT_TRUE(out.open());
+  EXPECT_TRUE(file.writeImageTo(out));
+  EXPECT_TRUE(out.close());
   EXPECT_EQ(directory.read("b.mid"), content);
   testing::internal::CaptureStderr();
   EXPECT_FALSE(file.writeImageAs(directory.path().c_str())) << "a directory";

@@ -2,28 +2,33 @@
 // Nothing here fails: bits beyond a value's width read as 0 and can't be written.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace tavrel {
 
+/// Returns `count`, but at most the width of a word. A shift by that moves every bit of a word out;
+/// a longer one may be undefined.
+constexpr unsigned boundedShift(std::uint16_t count) {
+  return std::min<unsigned>(count, std::numeric_limits<std::uint16_t>::digits);
+}
+
 /// Returns bits 0 to `width` - 1 of `value`.
 constexpr std::uint16_t lowBits(std::uint16_t value, std::uint16_t width) {
-  return width < 16 ? static_cast<std::uint16_t>(value & ((1U << width) - 1U)) : value;
+  return static_cast<std::uint16_t>(value & ((1U << boundedShift(width)) - 1U));
 }
 
 /// Returns bits `start` to `start` + `width` - 1 of `value`, shifted down to bit 0.
 constexpr std::uint16_t extractBits(std::uint16_t value, std::uint16_t start, std::uint16_t width) {
-  return start < 16 ? lowBits(static_cast<std::uint16_t>(value >> start), width) : std::uint16_t{0};
+  return lowBits(static_cast<std::uint16_t>(value >> boundedShift(start)), width);
 }
 
 /// Replaces bits `start` to `start` + `width` - 1 of `target` by the low bits of `value`.
 constexpr void insertBits(std::uint16_t& target, std::uint16_t value, std::uint16_t start,
                           std::uint16_t width) {
-  if (start >= 16) {
-    return;
-  }
-  const std::uint32_t replaced = std::uint32_t{lowBits(0xFFFF, width)} << start;
-  const std::uint32_t inserted = std::uint32_t{lowBits(value, width)} << start;
+  const std::uint32_t replaced = std::uint32_t{lowBits(0xFFFF, width)} << boundedShift(start);
+  const std::uint32_t inserted = std::uint32_t{lowBits(value, width)} << boundedShift(start);
   target = static_cast<std::uint16_t>((target & ~replaced) | inserted);
 }
 

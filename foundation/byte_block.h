@@ -21,7 +21,7 @@ inline ByteBlock newBytes(std::uint64_t size) {
   }
   const auto count = static_cast<std::size_t>(size);
   ByteBlock block(new (std::nothrow) std::uint8_t[count]);
-  if (block && count >= kLargePageSize) {
+  if (block) {
     preferLargePages(block.get(), count);
   }
   return block;

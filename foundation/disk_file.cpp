@@ -20,9 +20,9 @@ struct ModeRow {
 };
 
 constexpr std::array<ModeRow, 3> kModes{{
-    {modeRead, std::ios::binary | std::ios::in, errorNotFound},
-    {modeWrite, std::ios::binary | std::ios::out | std::ios::trunc, errorOpenForWriting},
-    {modeAppend, std::ios::binary | std::ios::out | std::ios::app, errorOpenForAppending},
+    {modeRead, std::ios::in, errorNotFound},
+    {modeWrite, std::ios::out | std::ios::trunc, errorOpenForWriting},
+    {modeAppend, std::ios::out | std::ios::app, errorOpenForAppending},
 }};
 
 /// Returns null for a mode outside the table.
@@ -107,21 +107,19 @@ bool DiskFile::open() {
 bool DiskFile::openStream(const char* fullName) {
   const std::string path = hostPath(fullName);
   const PathKind kind = pathKind(path.c_str());
-  hasNoSize_ = kind == PathKind::pipe || kind == PathKind::other;
   // Opening a pipe would block until another process opens its other end.
   if (kind == PathKind::directory || (kind == PathKind::pipe && mode != modeRead)) {
     return false;
   }
-  // The kept flags may be those of another mode, which lack the direction of this one.
-  const auto flags = static_cast<std::ios_base::openmode>(openFlags_) |
-                     (mode == modeRead ? std::ios::in : std::ios::out);
-  if (mode == modeRead && hasNoSize_) {
+  if (mode == modeRead && (kind == PathKind::pipe || kind == PathKind::other)) {
     return true;  // left unopened, so that every access fails
   }
-  stream_.open(path, flags);
-  if (mode == modeRead) {
-    hasNoSize_ = kind != PathKind::file;  // a device that the host doesn't list, such as nul
-  }
+  // The kept flags may be those of another mode, which lack the direction of this one.
+  stream_.open(path, static_cast<std::ios_base::openmode>(openFlags_) | std::ios::binary |
+                         (mode == modeRead ? std::ios::in : std::ios::out));
+  // Asked again, because the file may be new. A device that the host doesn't list, such as nul, is
+  // still missing.
+  hasSize_ = pathKind(path.c_str()) == PathKind::file;
   return stream_.good();
 }
 
@@ -134,7 +132,6 @@ bool DiskFile::close() {
     stream_.close();
     return mode == modeRead || fail(errorBadMode);
   }
-  stream_.flush();
   stream_.close();
   return stream_.good() || fail(errorWrite);
 }
@@ -189,7 +186,7 @@ bool DiskFile::getSize(std::uint32_t& size) {
     return fail(errorBadMode);
   }
   const std::int64_t end = measure(stream_);
-  if (hasNoSize_ || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
+  if (!hasSize_ || end < 0 || end > std::numeric_limits<std::uint32_t>::max()) {
     return fail(errorRead);
   }
   size = static_cast<std::uint32_t>(end);

@@ -125,7 +125,7 @@ class DiskFile {
 
   std::fstream stream_;
   std::int32_t openFlags_ = kFlagsNotChosen;
-  bool hasNoSize_ = false;  // a pipe or a device: it opens, but every read fails
+  bool hasSize_ = false;  // a regular file; a pipe or a device opens, but has no size
 };
 
 }  // namespace tavrel

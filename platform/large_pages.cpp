@@ -12,6 +12,12 @@
 
 namespace tavrel {
 
+namespace {
+
+constexpr std::size_t kLargePageSize = std::size_t{2} << 20U;
+
+}  // namespace
+
 // Packing 1 GiB of assets took 2.3 times as long as `cat` without this and 1.25 times with it.
 void preferLargePages(void* block, std::size_t size) {
   const auto start = reinterpret_cast<std::uintptr_t>(block);

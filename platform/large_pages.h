@@ -7,9 +7,6 @@
 
 namespace tavrel {
 
-/// Smallest block for which `preferLargePages` has an effect.
-constexpr std::size_t kLargePageSize = std::size_t{2} << 20U;
-
 /// Requests large pages for those parts of the `size` bytes at `block` that fill whole ones. Call
 /// it before the bytes are first used; their contents don't change.
 void preferLargePages(void* block, std::size_t size);

@@ -8,14 +8,14 @@ namespace tavrel {
 
 /// Local date and time. Fields and widths are those of the platform call's record.
 struct SYSTEMTIME {
-  std::uint16_t wYear = 0;          ///< four digits
-  std::uint16_t wMonth = 0;         ///< 1 to 12
-  std::uint16_t wDayOfWeek = 0;     ///< 0 is Sunday
-  std::uint16_t wDay = 0;           ///< 1 to 31
-  std::uint16_t wHour = 0;          ///< 0 to 23
-  std::uint16_t wMinute = 0;        ///< 0 to 59
-  std::uint16_t wSecond = 0;        ///< 0 to 59
-  std::uint16_t wMilliseconds = 0;  ///< 0 to 999
+  std::uint16_t wYear{};          ///< four digits
+  std::uint16_t wMonth{};         ///< 1 to 12
+  std::uint16_t wDayOfWeek{};     ///< 0 is Sunday
+  std::uint16_t wDay{};           ///< 1 to 31
+  std::uint16_t wHour{};          ///< 0 to 23
+  std::uint16_t wMinute{};        ///< 0 to 59
+  std::uint16_t wSecond{};        ///< 0 to 59
+  std::uint16_t wMilliseconds{};  ///< 0 to 999
 };
 
 /// Sets `time` to the local date and time, or to the time at which the clock is stopped.

@@ -26,11 +26,11 @@ using MmioHandle = MmioFile*;
 /// A chunk's header and position. Ids and form types hold the first of their four characters in the
 /// least significant byte.
 struct ChunkInfo {
-  std::uint32_t chunkId = 0;
-  std::uint32_t chunkSize = 0;   ///< as stated in the file
-  std::uint32_t formType = 0;    ///< 0 if the chunk has none
-  std::uint32_t dataOffset = 0;  ///< of the content, from the start of the file
-  std::uint32_t flags = 0;
+  std::uint32_t chunkId{};
+  std::uint32_t chunkSize{};   ///< as stated in the file
+  std::uint32_t formType{};    ///< 0 if the chunk has none
+  std::uint32_t dataOffset{};  ///< of the content, from the start of the file
+  std::uint32_t flags{};
 };
 static_assert(sizeof(ChunkInfo) == 5 * sizeof(std::uint32_t));
 

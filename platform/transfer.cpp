@@ -6,8 +6,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::uint64_t kLongestPiece = std::uint64_t{4}
-                                        << 20U;  // so long that pieces cost nothing
+constexpr std::uint64_t kLongestPiece = 0x400000;  // so long that pieces cost nothing
 
 }  // namespace
 

@@ -12,7 +12,7 @@ void AdpcmBatch::add(ByteBlock block, std::size_t offset, std::uint32_t byteLeng
   const std::uint8_t* samples = block.get() + offset;
   AdpcmLane lane{std::move(block), samples, stream, codeBytes};
   if (byteLength >= kLongSound) {
-    encodeRest(lane);
+    encodeRest(std::move(lane));
     return;
   }
   lanes_[taken_] = std::move(lane);
@@ -23,22 +23,23 @@ void AdpcmBatch::add(ByteBlock block, std::size_t offset, std::uint32_t byteLeng
 }
 
 void AdpcmBatch::finish() {
-  std::for_each_n(lanes_.begin(), taken_, encodeRest);
-  taken_ = 0;
+  while (taken_ > 0) {
+    --taken_;
+    encodeRest(std::move(lanes_[taken_]));
+  }
 }
 
 /// Encodes what is left of one sound and frees its samples.
-void AdpcmBatch::encodeRest(AdpcmLane& lane) {
+void AdpcmBatch::encodeRest(AdpcmLane lane) {
   encodeAdpcm(lane.state, lane.samples, lane.codeBytes, lane.codes);
-  lane = {};
 }
 
 void AdpcmBatch::encodeUntilSoundEnds() {
   encodeLanes(lanes_);
-  const auto goesOn = [](const AdpcmLane& lane) { return lane.codeBytes >= kAdpcmBytesAtOnce; };
-  taken_ = static_cast<std::size_t>(std::partition(lanes_.begin(), lanes_.end(), goesOn) -
-                                    lanes_.begin());
-  std::for_each(lanes_.begin() + taken_, lanes_.end(), encodeRest);
+  const auto goesOn = [](const AdpcmLane& lane) { return lane.codeBytes / kAdpcmBytesAtOnce != 0; };
+  const auto ended = std::partition(lanes_.begin(), lanes_.end(), goesOn);
+  std::for_each(ended, lanes_.end(), [](AdpcmLane& lane) { encodeRest(std::move(lane)); });
+  taken_ = static_cast<std::size_t>(ended - lanes_.begin());
 }
 
 }  // namespace tavrel

@@ -30,7 +30,7 @@ class AdpcmBatch {
   void finish();
 
  private:
-  static void encodeRest(AdpcmLane& lane);
+  static void encodeRest(AdpcmLane lane);
   void encodeUntilSoundEnds();
 
   AdpcmLanes lanes_;

@@ -19,12 +19,12 @@ namespace tavrel {
 struct AiffCommon {
   static constexpr std::uint32_t kStoredSize = 2 + 4 + 2 + 10;
 
-  std::uint32_t id = 0;
-  std::uint32_t size = 0;  ///< always 18
-  std::uint16_t channels = 0;
-  std::uint32_t frames = 0;
-  std::uint16_t sampleSize = 0;  ///< in bits
-  std::uint32_t sampleRate = 0;  ///< in whole hertz
+  std::uint32_t id{};
+  std::uint32_t size{};  ///< always 18
+  std::uint16_t channels{};
+  std::uint32_t frames{};
+  std::uint16_t sampleSize{};  ///< in bits
+  std::uint32_t sampleRate{};  ///< in whole hertz
 };
 
 /// Sound data chunk, `SSND`; required:
@@ -37,11 +37,11 @@ struct AiffCommon {
 struct AiffSound {
   static constexpr std::uint32_t kStoredSize = 4 + 4;
 
-  std::uint32_t id = 0;
-  std::uint32_t size = 0;  ///< as stated by the chunk
-  std::uint32_t offset = 0;
-  std::uint32_t blockSize = 0;
-  std::uint8_t* soundData = nullptr;  ///< points into the image
+  std::uint32_t id{};
+  std::uint32_t size{};  ///< as stated by the chunk
+  std::uint32_t offset{};
+  std::uint32_t blockSize{};
+  std::uint8_t* soundData{};  ///< points into the image
 };
 
 /// A loop of an instrument:
@@ -54,9 +54,9 @@ struct AiffSound {
 struct AiffLoop {
   static constexpr std::uint32_t kStoredSize = 2 + 2 + 2;
 
-  std::uint32_t mode = 0;    ///< 0 no loop, 1 forward, 2 forwards and backwards
-  std::int16_t startId = 0;  ///< number of the marker in file order, from 1
-  std::int16_t endId = 0;
+  std::uint32_t mode{};    ///< 0 no loop, 1 forward, 2 forwards and backwards
+  std::int16_t startId{};  ///< number of the marker in file order, from 1
+  std::int16_t endId{};
 };
 
 /// Instrument chunk, `INST`; optional:
@@ -75,15 +75,15 @@ struct AiffLoop {
 struct AiffInstrument {
   static constexpr std::uint32_t kStoredSize = 6 * 1 + 2 + 2 * AiffLoop::kStoredSize;
 
-  std::uint32_t id = 0;
-  std::uint32_t size = 0;  ///< as stated by the chunk
-  std::uint8_t rootNote = 0;
-  std::int8_t detune = 0;
-  std::uint8_t loNote = 0;
-  std::uint8_t hiNote = 0;
-  std::uint8_t lowVelocity = 0;
-  std::uint8_t highVelocity = 0;
-  std::int16_t gain = 0;
+  std::uint32_t id{};
+  std::uint32_t size{};  ///< as stated by the chunk
+  std::uint8_t rootNote{};
+  std::int8_t detune{};
+  std::uint8_t loNote{};
+  std::uint8_t hiNote{};
+  std::uint8_t lowVelocity{};
+  std::uint8_t highVelocity{};
+  std::int16_t gain{};
   AiffLoop sustainLoop;
   AiffLoop releaseLoop;
 };
@@ -100,8 +100,8 @@ struct AiffInstrument {
 struct AiffMarker {
   static constexpr std::uint32_t kHeaderSize = 2 + 4 + 1;
 
-  std::int16_t id = 0;
-  std::uint32_t position = 0;       ///< in sample frames
+  std::int16_t id{};
+  std::uint32_t position{};         ///< in sample frames
   std::array<char, 79 + 1> name{};  ///< at most 79 characters, zero-terminated
 };
 
@@ -114,8 +114,8 @@ struct AiffMarker {
 struct AiffMarkerList {
   static constexpr std::uint32_t kStoredSize = 2;
 
-  std::uint32_t id = 0;
-  std::uint16_t count = 0;
+  std::uint32_t id{};
+  std::uint16_t count{};
   std::unique_ptr<AiffMarker[]> markers;
 };
 

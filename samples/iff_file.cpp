@@ -12,7 +12,8 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::uint32_t kFormHeaderSize = 4 + 4 + 4;
+constexpr std::uint32_t kFormSizeEnd = 4 + 4;  // the form size counts what follows
+constexpr std::uint32_t kFormHeaderSize = kFormSizeEnd + 4;
 constexpr std::uint32_t kChunkHeaderSize = 4 + 4;
 constexpr std::uint32_t kSpareBytes = 255;  // in the image after the file's bytes; never read
 
@@ -20,6 +21,10 @@ constexpr std::uint32_t kSpareBytes = 255;  // in the image after the file's byt
 std::string_view idView(std::uint32_t id, IffFile::IdText& text) {
   IffFile::idToText(id, text.data());
   return {text.data(), 4};
+}
+
+IffChunk chunkAt(std::uint8_t* header) {
+  return {loadBig32(header), loadBig32(header + 4), header + kChunkHeaderSize};
 }
 
 /// Sets `record` to the first record with `id`; returns false without changing it if there is none.
@@ -57,7 +62,6 @@ bool IffFile::isOfType(std::uint32_t formType) const {
 }
 
 bool IffFile::listChunks() {
-  formSize_ = loadBig32(image_.get() + 4);
   if (verbose) {
     printLine(stdout, "FORM");
   }
@@ -75,38 +79,18 @@ bool IffFile::listChunks() {
 
 /// Calls `visit` with each chunk of the form, in file order.
 template <typename Visit>
-void IffFile::walkChunks(Visit visit) {
-  bytesWalked_ = 4;
-  cursor_ = kFormHeaderSize;
-  IffChunk chunk;
-  bool isLast = false;
-  while (!isLast && readHeader(chunk)) {
+void IffFile::walkChunks(Visit visit) const {
+  const std::uint32_t formSize = loadBig32(image_.get() + 4);
+  std::uint32_t cursor = kFormHeaderSize;
+  while (fileSize_ - cursor >= kChunkHeaderSize) {
+    const IffChunk chunk = chunkAt(image_.get() + cursor);
     visit(chunk);
-    isLast = !skipChunk(chunk) || bytesWalked_ >= formSize_;
+    const std::uint64_t span = std::uint64_t{kChunkHeaderSize} + chunk.size + chunk.size % 2;
+    cursor += static_cast<std::uint32_t>(std::min<std::uint64_t>(span, fileSize_ - cursor));
+    if (cursor - kFormSizeEnd >= formSize) {
+      return;
+    }
   }
-}
-
-/// Reads the header at the cursor. Returns false if it is cut off by the end of the file.
-bool IffFile::readHeader(IffChunk& chunk) const {
-  if (fileSize_ - cursor_ < kChunkHeaderSize) {
-    return false;
-  }
-  const std::uint8_t* header = image_.get() + cursor_;
-  chunk.id = loadBig32(header);
-  chunk.size = loadBig32(header + 4);
-  chunk.data = image_.get() + cursor_ + kChunkHeaderSize;
-  return true;
-}
-
-/// Moves the cursor past the chunk. Returns false if that is past the end of the file.
-bool IffFile::skipChunk(const IffChunk& chunk) {
-  const std::uint64_t span = std::uint64_t{kChunkHeaderSize} + chunk.size + chunk.size % 2;
-  if (span > fileSize_ - cursor_) {
-    return false;
-  }
-  cursor_ += static_cast<std::uint32_t>(span);
-  bytesWalked_ += static_cast<std::uint32_t>(span);
-  return true;
 }
 
 void IffFile::listChunk(const IffChunk& chunk) {

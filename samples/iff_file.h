@@ -31,9 +31,9 @@
 namespace tavrel {
 
 struct IffChunk {
-  std::uint32_t id = 0;          ///< the first character is the most significant byte
-  std::uint32_t size = 0;        ///< as stated in the file; see IffFile::bytesHeld
-  std::uint8_t* data = nullptr;  ///< first byte of the content, in the image
+  std::uint32_t id{};    ///< the first character is the most significant byte
+  std::uint32_t size{};  ///< as stated in the file; see IffFile::bytesHeld
+  std::uint8_t* data{};  ///< first byte of the content, in the image
 };
 
 class IffFile {
@@ -83,14 +83,9 @@ class IffFile {
   bool isOfType(std::uint32_t formType) const;
   bool listChunks();
   template <typename Visit>
-  void walkChunks(Visit visit);
-  bool readHeader(IffChunk& chunk) const;
-  bool skipChunk(const IffChunk& chunk);
+  void walkChunks(Visit visit) const;
   void listChunk(const IffChunk& chunk);
 
-  std::uint32_t cursor_ = 0;       // offset in the image of the next chunk header
-  std::uint32_t bytesWalked_ = 0;  // of the form's content, including the form type
-  std::uint32_t formSize_ = 0;
   std::uint32_t fileSize_ = 0;
   ByteBlock image_;
   std::vector<IffChunk> chunks_;  // in file order

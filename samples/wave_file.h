@@ -27,20 +27,20 @@ namespace tavrel {
 struct WaveFormat {
   static constexpr std::uint32_t kStoredSize = 2 + 2 + 4 + 4 + 2 + 2 + 2;
 
-  std::uint16_t formatTag = 0;  ///< 1 is plain PCM
-  std::uint16_t channels = 0;
-  std::uint32_t samplesPerSecond = 0;
-  std::uint32_t averageBytesPerSecond = 0;
-  std::uint16_t blockAlign = 0;
-  std::uint16_t bitsPerSample = 0;
-  std::uint16_t extraSize = 0;
+  std::uint16_t formatTag{};  ///< 1 is plain PCM
+  std::uint16_t channels{};
+  std::uint32_t samplesPerSecond{};
+  std::uint32_t averageBytesPerSecond{};
+  std::uint16_t blockAlign{};
+  std::uint16_t bitsPerSample{};
+  std::uint16_t extraSize{};
 };
 
 /// View of a loaded file; the WaveFile owns the samples.
 struct WaveSampleInfo {
   WaveFormat format;
-  std::uint8_t* samples = nullptr;
-  std::uint32_t size = 0;  ///< in bytes
+  std::uint8_t* samples{};
+  std::uint32_t size{};  ///< in bytes
 };
 
 class WaveFile {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include "foundation/byte_block.h"
 
 namespace tavrel::test {
 
@@ -19,22 +19,27 @@ TEST(ByteOrderTest, LoadsNumbersInBothOrders) {
   EXPECT_EQ(bigFourCc("AB\xFFZ..."), 0x4142FF5AU);
 }
 
-using Stored = std::array<std::uint8_t, 5>;
-
+/// The bytes stored, the first one highest, before zeros.
 template <typename Number>
-Stored stored(void (*store)(std::uint8_t*, Number), Number value) {
-  Stored bytes{};
-  store(bytes.data(), value);
-  return bytes;
+std::uint32_t stored(void (*store)(std::uint8_t*, Number), Number value) {
+  std::uint8_t bytes[4] = {};
+  store(bytes, value);
+  return loadBig32(bytes);
 }
 
 TEST(ByteOrderTest, StoresNumbersInBothOrdersAndNoByteMore) {
-  EXPECT_EQ(stored<std::uint16_t>(storeLittle16, 0x8192), (Stored{0x92, 0x81}));
-  EXPECT_EQ(stored<std::uint32_t>(storeLittle24, 0x8192A3B4), (Stored{0xB4, 0xA3, 0x92}));
-  EXPECT_EQ(stored<std::uint32_t>(storeLittle32, 0x8192A3B4), (Stored{0xB4, 0xA3, 0x92, 0x81}));
-  EXPECT_EQ(stored<std::uint16_t>(storeBig16, 0x8192), (Stored{0x81, 0x92}));
-  EXPECT_EQ(stored<std::uint32_t>(storeBig24, 0x8192A3B4), (Stored{0x92, 0xA3, 0xB4}));
-  EXPECT_EQ(stored<std::uint32_t>(storeBig32, 0x8192A3B4), (Stored{0x81, 0x92, 0xA3, 0xB4}));
+  EXPECT_EQ(stored<std::uint16_t>(storeLittle16, 0x8192), 0x92810000U);
+  EXPECT_EQ(stored<std::uint32_t>(storeLittle24, 0x8192A3B4), 0xB4A39200U);
+  EXPECT_EQ(stored<std::uint32_t>(storeLittle32, 0x8192A3B4), 0xB4A39281U);
+  EXPECT_EQ(stored<std::uint16_t>(storeBig16, 0x8192), 0x81920000U);
+  EXPECT_EQ(stored<std::uint32_t>(storeBig24, 0x8192A3B4), 0x92A3B400U);
+  EXPECT_EQ(stored<std::uint32_t>(storeBig32, 0x8192A3B4), 0x8192A3B4U);
+}
+
+TEST(ByteBlockTest, RoundsUpToAMultiple) {
+  EXPECT_EQ(roundUp(8, 4), 8U);
+  EXPECT_EQ(roundUp(9, 4), 12U);
+  EXPECT_EQ(roundUp(0xFFFFFFFF, 4), 0x100000000U);
 }
 
 }  // namespace tavrel::test

@@ -4,34 +4,21 @@
 
 namespace tavrel::test {
 
-class ConsoleTest : public testing::Test {
- protected:
-  ~ConsoleTest() override { std::fclose(stream_); }
-  /// What has arrived in the file although the stream is still open.
-  [[nodiscard]] std::string printed() const { return directory_.read("printed"); }
-
-  const TemporaryDirectory directory_;
-  std::FILE* const stream_ = std::fopen(directory_.path("printed").c_str(), "wb");
-};
-
-TEST_F(ConsoleTest, PrintsPartsOfAllKinds) {
-  printLine(stream_, "a", std::string_view("bc", 1), nullptr, INT64_MIN, 0, UINT32_MAX);
-  printUnterminated(stream_, std::string("\r"), -1);
-  EXPECT_EQ(printed(), "ab-922337203685477580804294967295\n\r-1");
-}
-
-TEST_F(ConsoleTest, PrintsPartsAroundTheEdgeOfItsBuffer) {
-  std::string expected;
-  for (const std::vector<std::size_t>& lengths : std::vector<std::vector<std::size_t>>{
-           {4095}, {4096}, {4097}, {4095, 1}, {4095, 2, 3}, {4096, 1}, {1, 4096}, {2, 9000, 3}}) {
-    std::vector<std::string> texts;
-    for (const std::size_t length : lengths) {
-      texts.emplace_back(length, static_cast<char>('a' + texts.size()));
-      expected += texts.back();
-    }
-    printParts(stream_, std::vector<LinePart>(texts.begin(), texts.end()));
-    EXPECT_TRUE(printed() == expected) << "up to lengths of " << testing::PrintToString(lengths);
+TEST(ConsoleTest, PrintsPartsOfAllKindsAndLengthsAtOnce) {
+  const TemporaryDirectory directory;
+  std::FILE* const stream = std::fopen(directory.path("printed").c_str(), "wb");
+  printLine(stream, "a", std::string_view("bc", 1), nullptr, INT64_MIN, 0, UINT32_MAX);
+  printUnterminated(stream, std::string("\r"), -1);
+  std::string expected = "ab-922337203685477580804294967295\n\r-1";
+  // Around the 4,096 bytes that it collects before it writes.
+  for (const std::size_t length : {4095, 4096, 4097, 1, 9000, 2}) {
+    const std::string first(length, 'x');
+    const std::string second(length % 5, 'y');
+    printUnterminated(stream, first, second);
+    expected += first + second;
+    EXPECT_TRUE(directory.read("printed") == expected) << "up to a length of " << length;
   }
+  std::fclose(stream);
 }
 
 TEST_F(ConsoleTest, PrintsToASinkUntilItIsTakenAway) {

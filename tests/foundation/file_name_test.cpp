@@ -10,15 +10,15 @@ TEST(FileNameTest, SplitsAtTheLastBackslashAndTheFirstDot) {
   const struct {
     const char *text, *name, *path, *nameOnly, *extension;
   } rows[] = {{"c:\\s\\b.wav", "b.wav", "c:\\s\\", "b", "wav"},
-              {"s\\a/b.c", "a/b.c", "s\\", "a/b", "c"},
-              {"s.x\\b", "b", "s.x\\", "b", ""},
+              {"s.x\\a/b", "a/b", "s.x\\", "a/b", ""},
               {"s.old/b", "s.old/b", "", "s", "old/b"},
-              {"b.", "b.", "", "b", ""},
               {"c:.x.sample", "c:.x.sample", "", "c:", "x.sam"},
               {"", "", "", "", ""}};
+  FileName file;
+  EXPECT_STREQ(file.getNameOnly(), "") << "without a name";
+  EXPECT_STREQ(file.getExtensionOnly(), "") << "without a name";
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
-    FileName file("old.name", "old\\");
     EXPECT_TRUE(file.splitNameAndPath(row.text));
     EXPECT_STREQ(file.name.get(), row.name);
     EXPECT_STREQ(file.path.get(), row.path);
@@ -27,45 +27,45 @@ TEST(FileNameTest, SplitsAtTheLastBackslashAndTheFirstDot) {
     EXPECT_TRUE(file.splitNameAndPath(file.getNameAndPath())) << "a text of its own";
     EXPECT_STREQ(file.getNameAndPath(), row.text);
   }
+  EXPECT_EQ(file.error, 0U);
 }
 
-TEST(FileNameTest, ChangesOnlyAnExtensionNearTheEndOfTheName) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"b.wav", "b.rsp4"},       {"b", "b.rsp4"},         {"b.", "b.rsp4"},
-      {"b.aiff", "b.aiff.rsp4"}, {"b.x.y", "b.x.rsp4"},   {".", ".rsp4"},
-      {"a.b\\c", "a.b\\c.rsp4"}, {"a.b/c", "a.b/c.rsp4"}, {"", ".rsp4"}};
-  for (const auto& [before, after] : rows) {
-    FileName file(before);
-    EXPECT_TRUE(file.changeExtension("rsp4"));
-    EXPECT_STREQ(file.name.get(), after);
+TEST(FileNameTest, ChangesOnlyAnExtensionNearTheEndOfTheNameThatHasRoom) {
+  const struct {
+    const char *before, *extension, *after, *afterSplit;
+  } rows[] = {{"b.wav", "rsp4", "b.rsp4", "b.wav"},
+              {"b.wav", "mid", "b.mid", "b.mid"},
+              {"b", "rsp4", "b.rsp4", "b"},
+              {"b", "rsp45", "b", "b"},
+              {"b.wav", nullptr, "b.wav", "b.wav"},
+              {"b.", "rsp4", "b.rsp4", "b."},
+              {"b.aiff", "rsp4", "b.aiff.rsp4", "b.aiff"},
+              {"b.x.y", "rsp4", "b.x.rsp4", "b.x.y"},
+              {"a.b/c", "rsp4", "a.b/c.rsp4", "a.b/c"},
+              {"", "rsp4", ".rsp4", ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.before);
+    FileName file(row.before);
+    EXPECT_TRUE(file.changeExtension(row.extension));
+    EXPECT_STREQ(file.name.get(), row.after);
+    EXPECT_TRUE(file.splitNameAndPath(row.before));
+    EXPECT_TRUE(file.changeExtension(row.extension));
+    EXPECT_STREQ(file.name.get(), row.afterSplit) << "splitting leaves no margin";
   }
+  FileName file("a.b\\c");
+  EXPECT_TRUE(file.changeExtension("d"));
+  EXPECT_STREQ(file.name.get(), "a.b\\c.d");
 }
 
-TEST(FileNameTest, ChangesNoExtensionWithoutRoomForIt) {
-  FileName file("b");
-  EXPECT_TRUE(file.changeExtension("rsp45"));
-  EXPECT_TRUE(file.changeExtension(nullptr));
-  EXPECT_STREQ(file.name.get(), "b");
-  for (const auto& [extension, after] : {std::pair{"rsp4", "b.wav"}, {"mid", "b.mid"}}) {
-    EXPECT_TRUE(file.splitNameAndPath("b.wav"));
-    EXPECT_TRUE(file.changeExtension(extension));
-    EXPECT_STREQ(file.name.get(), after) << "splitting leaves no margin";
-  }
-}
-
-TEST(FileNameTest, FailsForNullAndWithoutAName) {
+TEST(FileNameTest, FailsForNull) {
   for (const auto set : {&FileName::setName, &FileName::setPath, &FileName::splitNameAndPath}) {
     FileName file("b.wav", "s\\");
     EXPECT_FALSE((file.*set)(nullptr));
     EXPECT_EQ(file.error, 5U);
+    file.error = 0;
     EXPECT_STREQ(file.getNameAndPath(), set == &FileName::setPath ? "b.wav" : nullptr);
+    EXPECT_EQ(file.error, set == &FileName::setPath ? 0U : 5U);
   }
-  FileName nameless;
-  EXPECT_STREQ(nameless.getNameOnly(), "");
-  EXPECT_STREQ(nameless.getExtensionOnly(), "");
-  EXPECT_EQ(nameless.error, 0U);
-  EXPECT_EQ(nameless.getNameAndPath(), nullptr);
-  EXPECT_EQ(nameless.error, 5U);
 }
 
 /// What `dump` prints, with "@" for each address. It waits for one key.

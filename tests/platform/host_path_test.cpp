@@ -20,11 +20,4 @@ TEST(HostPath, BackslashesBecomeSlashesOnlyIfTheFolderExists) {
   EXPECT_EQ(hostPath("\\new.wav"), usesSlashes ? "/new.wav" : "\\new.wav") << "in the root folder";
 }
 
-TEST(HostPath, PathKindDistinguishesFilesFromFolders) {
-  const TemporaryDirectory directory;
-  EXPECT_EQ(pathKind(directory.write("file", "").c_str()), PathKind::file);
-  EXPECT_EQ(pathKind(directory.path().c_str()), PathKind::directory);
-  EXPECT_EQ(pathKind(directory.path("none").c_str()), PathKind::missing);
-}
-
 }  // namespace tavrel::test

@@ -6,17 +6,16 @@
 
 namespace tavrel::test {
 
-TEST(LocalTime, IsThatOfTheHostAfterTheClockWasStopped) {
-  SYSTEMTIME clock;
-  stopClock({1999, 7, 4, 22, 13, 5, 6, 7});
-  GetLocalTime(&clock);
-  EXPECT_EQ(clock.wMilliseconds, 7);
+TEST(LocalTime, IsThatOfTheHost) {
+  SYSTEMTIME clock{};
+  stopClock({1999, 7, 4, 22, 13, 5, 6, 2000});
   restartClock();
   const std::time_t before = std::time(nullptr);
   GetLocalTime(&clock);
-  std::tm fields = *std::localtime(&before);
-  fields.tm_mon = clock.wMonth - 1;
+  std::tm fields{};
+  fields.tm_isdst = -1;
   fields.tm_year = clock.wYear - 1900;
+  fields.tm_mon = clock.wMonth - 1;
   fields.tm_mday = clock.wDay;
   fields.tm_hour = clock.wHour;
   fields.tm_min = clock.wMinute;
@@ -24,6 +23,7 @@ TEST(LocalTime, IsThatOfTheHostAfterTheClockWasStopped) {
   EXPECT_GE(std::mktime(&fields), before);
   EXPECT_LE(std::mktime(&fields), std::time(nullptr));
   EXPECT_EQ(clock.wDayOfWeek, fields.tm_wday);
+  EXPECT_LT(clock.wMilliseconds, 1000);
 }
 
 }  // namespace tavrel::test

@@ -1,6 +1,6 @@
 #include "platform/mmio.h"
 
-#include "tests/support/sound_builder.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -8,7 +8,6 @@ namespace tavrel::test {
 class Mmio : public testing::Test {
  protected:
   void open(const std::string& content) {
-    mmioClose(file_, 0);
     file_ = mmioOpenA(directory_.write("file", content).c_str(), nullptr, kMmioBuffered);
   }
   void TearDown() override { mmioClose(file_, 0); }
@@ -54,44 +53,27 @@ TEST_F(Mmio, ReadsOfAllLengthsFollowEachOther) {
 }
 
 TEST_F(Mmio, DescendsIntoTheNextChunkThatIsWhole) {
-  const auto chunk = [](std::uint32_t size, std::string_view content) {
-    return Bytes().text("data").le32(size).text(content).str();
-  };
-  const auto list = [](std::uint32_t size) {
-    return Bytes().text("LIST").le32(size).text("WAVEnext").str();
-  };
-  const std::string form = wav().chunk("data", "ab");
+  open(Bytes().text("LIST").le32(3).text("WAV|LIST").le32(4).text("WAVELIST").le32(4).text("WAV"));
+  const ChunkInfo start;
   const struct {
     const char* name;
-    std::string content;
-    std::uint32_t flags, dataOffset;  // offset 0: not found
-    std::string next = "";            // bytes at the new position
+    std::uint32_t id, flags, parentSize, foundAt;  // 0: not found
   } rows[] = {
-      {"RIFF form", form, kMmioFindRiff, 8, "data"},
-      {"RIFF form after a chunk of odd size", chunk(3, "abc|") + form, kMmioFindRiff, 12 + 8,
-       "data"},
-      {"another RIFF form", wav().form("WAVe"), kMmioFindRiff, 0},
-      {"LIST form is no RIFF form", list(4), kMmioFindRiff, 0},
-      {"LIST form", list(4), kMmioFindList, 8, "next"},
-      {"LIST form too short for its type", list(3), kMmioFindList, 0},
-      {"LIST form of size 0", list(0), kMmioFindList, 0},
-      {"RIFF form is no LIST form", form, kMmioFindList, 0},
-      {"form type cut off", form.substr(0, 11), kMmioFindRiff, 0},
-      {"chunk whose size passes the end", chunk(0xFFFFFFFF, "ab"), kMmioFindChunk, 8, "ab"},
-      {"chunk after one whose size passes the end", list(0xFFFFFFFF) + chunk(0, ""), kMmioFindChunk,
-       0},
-      {"header that ends with the file", chunk(0, ""), kMmioFindChunk, 8},
-      {"header cut off", chunk(0, "").substr(0, 7), kMmioFindChunk, 0},
-      {"another id", Bytes().text("datA").le32(0), kMmioFindChunk, 0},
+      {"the first form that its chunk has room for", 0, kMmioFindList, 40, 20},
+      {"parent ends with the form type", 0, kMmioFindList, 24, 20},
+      {"parent ends in the form type", 0, kMmioFindList, 23, 0},
+      {"LIST is no RIFF form", 0, kMmioFindRiff, 40, 0},
+      {"chunk at the start", 0x5453494C, kMmioFindChunk, 8, 8},  // "LIST"
+      {"parent ends in the header", 0x5453494C, kMmioFindChunk, 7, 0},
+      {"another id", 0x5453494D, kMmioFindChunk, 40, 0},
   };
-  for (const auto& [name, content, flags, dataOffset, next] : rows) {
+  for (const auto& [name, id, flags, parentSize, foundAt] : rows) {
     SCOPED_TRACE(name);
-    open(content);
-    ChunkInfo info{0x61746164, 7, 0x45564157, 7, 7};  // "data" and "WAVE", first character lowest
-    const bool isFound = mmioDescend(file_, &info, nullptr, flags) == 0;
-    EXPECT_EQ(isFound, dataOffset != 0);
-    EXPECT_EQ(info.dataOffset, isFound ? dataOffset : 7);
-    EXPECT_EQ(isFound ? read(4) : "", next);
+    const ChunkInfo parent{0, parentSize, 0, 0, 0};
+    ChunkInfo info{id, 7, 0x45564157, 0, 7};  // "WAVE"
+    mmioAscend(file_, &start, 0);
+    EXPECT_EQ(mmioDescend(file_, &info, &parent, flags) == 0, foundAt != 0);
+    EXPECT_EQ(info.dataOffset, foundAt);
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <string>
 
@@ -16,64 +15,65 @@ using Samples = std::vector<std::int16_t>;
 Samples randomSamples(std::mt19937& random, std::size_t count) {
   const int loudness = std::array{0, 50, 5000, 60000}[random() % 4];
   Samples samples(count);
-  std::generate(samples.begin(), samples.end(), [&] {
+  for (std::int16_t& sample : samples) {
     const int value = std::uniform_int_distribution(-loudness, loudness)(random);
-    return static_cast<std::int16_t>(std::clamp(value, -32768, 32767));
-  });
+    sample = static_cast<std::int16_t>(std::clamp(value, -32768, 32767));
+  }
   return samples;
 }
 
-/// The codes of the plain form, with bytes of 128 up to a multiple of four.
-std::vector<std::uint8_t> plainStream(Samples samples) {
-  samples.resize(samples.size() / 2 * 2);
-  std::vector<std::uint8_t> stream = encodePlainly(samples).codes;
-  stream.resize((stream.size() + 3) / 4 * 4, 128);
-  return stream;
-}
-
-/// Adds the samples as little-endian words after `offset` other bytes; block and stream end exactly
-/// where they must, so that AddressSanitizer sees any access outside them.
-void add(AdpcmBatch& batch, const Samples& samples, std::size_t offset,
-         std::vector<std::uint8_t>& stream) {
-  ByteBlock block(new std::uint8_t[offset + 2 * samples.size()]);
-  std::uint8_t* next = block.get() + offset;
-  for (const std::int16_t sample : samples) {
-    *next++ = static_cast<std::uint8_t>(sample & 255);
-    *next++ = static_cast<std::uint8_t>(sample >> 8 & 255);
+/// A sound that a batch encodes, and the codes of the plain form, with bytes of 128 up to a
+/// multiple of four.
+struct Sound {
+  explicit Sound(const Samples& sound) : samples(sound) {
+    expected = encodePlainly({sound.begin(), sound.end() - sound.size() % 2}).codes;
+    expected.resize((expected.size() + 3) / 4 * 4, 128);
+    stream.resize(expected.size());
   }
-  batch.add(std::move(block), offset, static_cast<std::uint32_t>(2 * samples.size()),
-            stream.data());
-}
+  /// Adds the samples as little-endian words after `offset` other bytes. Block and stream end where
+  /// they must, so that AddressSanitizer sees any access outside them.
+  void addTo(AdpcmBatch& batch, std::size_t offset) {
+    ByteBlock block(new std::uint8_t[offset + 2 * samples.size()]);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+      block[offset + 2 * i] = static_cast<std::uint8_t>(samples[i] & 255);
+      block[offset + 2 * i + 1] = static_cast<std::uint8_t>(samples[i] >> 8 & 255);
+    }
+    batch.add(std::move(block), offset, static_cast<std::uint32_t>(2 * samples.size()),
+              stream.data());
+  }
+  Samples samples;
+  std::vector<std::uint8_t> expected, stream;
+};
 
 TEST(AdpcmBatch, AnyNumberOfSoundsHasTheStreamsOfThePlainForm) {
   std::mt19937 random(1);
   AdpcmBatch batch;
   for (std::size_t count = 0; count <= 40; ++count) {
-    std::vector<std::vector<std::uint8_t>> expected;
-    std::vector<std::vector<std::uint8_t>> streams;
+    std::vector<Sound> sounds;
     for (std::size_t i = 0; i < count; ++i) {
-      const Samples samples = randomSamples(random, random() % (i % 5 == 0 ? 12 : 3000));
-      expected.push_back(plainStream(samples));
-      add(batch, samples, random() % 4, streams.emplace_back(expected.back().size()));
+      sounds.emplace_back(randomSamples(random, random() % (i % 5 == 0 ? 12 : 3000)));
+      sounds.back().addTo(batch, random() % 4);
     }
     batch.finish();
-    for (std::size_t i = 0; i < count; ++i) {
-      ASSERT_TRUE(streams[i] == expected[i]) << "sound " << i << " of " << count;
+    for (const Sound& sound : sounds) {
+      ASSERT_TRUE(sound.stream == sound.expected) << "one of " << count;
     }
   }
 }
 
-TEST(AdpcmBatch, SoundOfFourMebibytesDoesNotWait) {
-  constexpr std::size_t kCount = (std::size_t{4} << 20U) / 2;
-  std::mt19937 random(2);
-  for (const std::size_t count : {kCount - 1, kCount}) {
-    const Samples samples = randomSamples(random, count);
-    const std::vector<std::uint8_t> expected = plainStream(samples);
-    std::vector<std::uint8_t> stream(expected.size());
-    AdpcmBatch batch;
-    add(batch, samples, 1, stream);
-    EXPECT_EQ(stream == expected, count == kCount) << count;
+TEST(AdpcmBatch, ASoundWaitsForFifteenOthersUnlessItHasFourMebibytes) {
+  constexpr std::size_t kLong = (std::size_t{4} << 20U) / 2;
+  std::vector<Sound> sounds{Sound(Samples(kLong, 9)), Sound(Samples(kLong - 1, 9))};
+  sounds.resize(16, Sound(Samples(8, 9)));
+  AdpcmBatch batch;
+  for (Sound& sound : sounds) {
+    sound.addTo(batch, 1);
+    EXPECT_FALSE(sounds[1].stream == sounds[1].expected);
+    EXPECT_FALSE(sounds[2].stream == sounds[2].expected);
   }
+  EXPECT_TRUE(sounds[0].stream == sounds[0].expected) << "at once";
+  Sound(Samples(8, 9)).addTo(batch, 1);
+  EXPECT_TRUE(sounds[2].stream == sounds[2].expected) << "with the sixteenth that waits";
 }
 
 }  // namespace tavrel::test

@@ -31,26 +31,26 @@ TEST(IffFile, ListsTheChunksOfItsForm) {
       {"zero bytes in an id", aiff().chunk({"a\0\0b", 4}, ""), {"FORM\n    a\0\0b\n", 14}},
       {"another form type", twoChunks().form("AIFC"), "", report},
       {"form type cut off", aiff().substr(0, 11), "", report},
+      {"", "", ""},  // no file has this name
   };
   const TemporaryDirectory directory;
   for (const auto& [name, content, listed, errors] : rows) {
     SCOPED_TRACE(name);
-    IffFile file(directory.write("a.aif", content).c_str());
+    directory.write("a.aif", content);
+    IffFile file(directory.path(*name != '\0' ? "a.aif" : "none").c_str());
     file.verbose = true;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    EXPECT_EQ(file.load(kAiff), errors.empty());
+    EXPECT_EQ(file.load(kAiff), !listed.empty());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), errors);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), listed);
   }
-  EXPECT_FALSE(IffFile(directory.path("none").c_str()).load(kAiff));
 }
 
 TEST(IffFile, FindsTheFirstChunkWithAnId) {
   const TemporaryDirectory directory;
   IffFile file(directory.write("a.aif", twoChunks().chunk("next", "efghi")).c_str());
   EXPECT_TRUE(file.load(kAiff));
-  std::uint8_t* data = nullptr;
   std::uint32_t size = 7;
   IffChunk* record = nullptr;
   const IffChunk* constRecord = nullptr;
@@ -58,16 +58,13 @@ TEST(IffFile, FindsTheFirstChunkWithAnId) {
   EXPECT_FALSE(file.getChunkSize(kAiff, size));
   EXPECT_EQ(size, 7);
   EXPECT_FALSE(file.getChunkRecord(kAiff, record));
-  EXPECT_EQ(record, nullptr);
-
   EXPECT_TRUE(file.hasChunk(kNext));
-  EXPECT_TRUE(file.getChunk(kNext, data, size));
-  EXPECT_EQ(std::string(data, data + size), "bcd");
+  EXPECT_TRUE(file.getChunkSize(kNext, size));
   ASSERT_TRUE(file.getChunkRecord(kNext, record));
-  EXPECT_EQ(record->data, data);
+  EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
   EXPECT_TRUE(std::as_const(file).getChunkRecord(kNext, constRecord));
   EXPECT_EQ(constRecord, record);
-  IffFile::IdText text;
+  IffFile::IdText text{"????"};
   IffFile::idToText(record->id, text.data());
   EXPECT_STREQ(text.data(), "next");
   file.releaseImage();

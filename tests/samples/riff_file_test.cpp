@@ -1,5 +1,7 @@
 #include "samples/riff_file.h"
 
+#include <gmock/gmock.h>
+
 #include <type_traits>
 
 #include "tests/support/sound_builder.h"
@@ -15,38 +17,23 @@ TEST(RiffFile, StepsForwardThroughFormsListsAndChunks) {
   const TemporaryDirectory directory;
   RiffFile riff(directory.write("a.wav", other + list).c_str());
   ChunkInfo info;
-  std::string text = "12345";
-  ASSERT_TRUE(riff.open());
-  EXPECT_TRUE(riff.hasRiffForm("OTHR", info));
-  EXPECT_TRUE(riff.descendRiff("WAVE", info));
-  EXPECT_TRUE(riff.descendList("INFO", info));
-  EXPECT_TRUE(riff.descendNamedChunk("ISFT", info));
-  EXPECT_FALSE(riff.holdsChunk({0, 5}));
-  EXPECT_TRUE(riff.readChunk(info, text.data()));
-  EXPECT_EQ(text, "abc45");
-  RiffFile::fourCcToText(info.chunkId, text.data());
-  EXPECT_EQ(text, std::string("ISFT\0", 5));
+  char text[] = "12345";
+  EXPECT_THAT((std::array{riff.close(), riff.descendRiff("WAVE", info), riff.ascend(info),
+                          riff.holdsChunk({}), riff.readBytes(nullptr, 0), riff.isOpen}),
+              testing::Each(false));
+  EXPECT_THAT((std::array{riff.open(), !riff.open(), riff.isOpen, riff.hasRiffForm("OTHR", info),
+                          riff.descendRiff("WAVE", info), riff.descendList("INFO", info),
+                          riff.descendNamedChunk("ISFT", info), !riff.holdsChunk({0, 5}),
+                          riff.readChunk(info, text)}),
+              testing::Each(true));
+  EXPECT_STREQ(text, "abc45");
+  RiffFile::fourCcToText(info.chunkId, text);
+  EXPECT_STREQ(text, "ISFT");
   EXPECT_TRUE(RiffFile::fourCcEquals("ISFT", info.chunkId));
   EXPECT_FALSE(RiffFile::fourCcEquals("ISFt", info.chunkId));
-  EXPECT_FALSE(riff.readBytes(text.data(), 2)) << "only the pad byte is left";
+  EXPECT_FALSE(riff.readBytes(text, 2)) << "only the pad byte is left";
   EXPECT_FALSE(riff.descendChunkById(info.chunkId, info));
   EXPECT_FALSE(riff.hasRiffForm("OTHR", info));
-  EXPECT_TRUE(riff.close());
-}
-
-TEST(RiffFile, IsOpenFromOpenToClose) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.write("a.wav", wav());
-  RiffFile riff(path.c_str());
-  ChunkInfo info;
-  EXPECT_FALSE(riff.close());
-  EXPECT_FALSE(riff.descendRiff("WAVE", info));
-  EXPECT_FALSE(riff.ascend(info));
-  EXPECT_FALSE(riff.holdsChunk({}));
-  EXPECT_FALSE(riff.readBytes(nullptr, 0));
-  EXPECT_TRUE(riff.open());
-  EXPECT_FALSE(riff.open());
-  EXPECT_TRUE(riff.isOpen);
   EXPECT_TRUE(riff.close());
   EXPECT_FALSE(riff.isOpen);
 }

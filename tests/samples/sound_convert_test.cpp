@@ -8,17 +8,14 @@ namespace tavrel::test {
 
 std::uint8_t* raw(std::string& text) { return reinterpret_cast<std::uint8_t*>(text.data()); }
 
-TEST(SoundConvert, ReadsBigEndianNumbers) {
-  std::string bytes = "\xF2\xF1\x80\x84";
+TEST(SoundConvert, ReadsAndMakesBigEndianNumbersAndExtendedFloats) {
+  std::string number = "\xF2\xF1\x80\x84";
   std::uint16_t word = 0;
-  std::uint32_t number = 0;
-  SoundConvert::readWord(word, raw(bytes));
+  std::uint32_t longWord = 0;
+  SoundConvert::readWord(word, raw(number));
+  SoundConvert::readLong(longWord, raw(number));
   EXPECT_EQ(word, 0xF2F1);
-  SoundConvert::readLong(number, raw(bytes));
-  EXPECT_EQ(number, 0xF2F18084);
-}
-
-TEST(SoundConvert, ReadsAndMakesExtendedFloats) {
+  EXPECT_EQ(longWord, 0xF2F18084);
   const struct {
     std::uint32_t exponent, mantissaTop, expected;
   } rows[] = {{0x000B, 0xFA000000, 8000},  {0x401E, 0xFFFFFFFF, 0xFFFFFFFF},

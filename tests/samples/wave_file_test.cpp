@@ -21,10 +21,6 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
   const Bytes tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
   const std::string format = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
-  Bytes big;  // longer than the read buffer
-  for (std::uint32_t number = 0; number < 5000; ++number) {
-    big.le32(number);
-  }
   const std::string good = "1 2 48000 288000 6 24 22 ";
   const auto small = [&] { return wav().chunk("fmt ", format).chunk("odd ", "a").data("abc"); };
   const auto cutTo = [&](std::size_t size) {
@@ -37,13 +33,14 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
   } rows[] = {
       {"second form", wav().form("OTHR").data("no").str() + small().data("late").str(),
        good + "abc"},
+      {"form after an odd chunk", Bytes().text("junk").le32(3).text("abc|") + small().str(),
+       good + "abc"},
       {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "abc"},
       {"form ends with the header", small().claimFormSize(header), good + "abc"},
       {"form ends in the header", small().claimFormSize(header - 1), "fails"},
+      {"form too short for its type", small().claimFormSize(3), "fails"},
       {"a million chunks", small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks),
        good + "abc"},
-      {"big chunks", wav().chunk("odd ", big.substr(1)).chunk("fmt ", format).data(big),
-       good + big},
       {"no bytes of samples", wav().chunk("fmt ", format).data(""), good},
       {"format of 17 bytes", cutTo(17), good + "abc"},
       {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 abc"},
@@ -89,9 +86,7 @@ TEST(WaveFile, AnswersOnlyWhenLoaded) {
   const auto content = [](std::uint32_t channels) { return wav().fmt(channels, 16, 22050); };
   WaveFile first(directory.write("1.wav", content(mono).data("abc")).c_str());
   WaveFile second(directory.write("2.wav", content(stereo).data("").replace(20, 1, "\3")).c_str());
-  EXPECT_EQ(textOf({}), "0 0 0 0 0 0 0 ");
   EXPECT_EQ(answersOf(first), "- - - - - ");
-  EXPECT_EQ(first.getSampleData(), nullptr);
   EXPECT_TRUE(first.load());
   EXPECT_TRUE(second.load());
   EXPECT_EQ(answersOf(first), "3 16 1 22050 1 mono PCM");

@@ -13,7 +13,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t kExtensionMargin = 5;  // spare bytes of `name`: a dot and four characters
+constexpr std::string_view kExtensionMargin("\0\0\0\0\0", 1 + 4);  // a dot, four characters
 constexpr std::size_t kLongestExtension = 5;
 constexpr std::size_t kExtensionSearch = 4;  // how far from its end a name's dot counts
 
@@ -62,8 +62,8 @@ void FileName::clear() {
   extensionOnly_.reset();
 }
 
-bool FileName::replace(OwnedText& text, std::string_view newText, std::size_t spare) {
-  text = makeText(newText, {}, spare);
+bool FileName::replace(OwnedText& text, std::string_view newText, std::string_view margin) {
+  text = makeText(newText, margin);
   if (!text) {
     error = kOutOfMemory;
   }
@@ -76,7 +76,7 @@ bool FileName::setName(const char* text) {
     error = kOutOfMemory;
     return false;
   }
-  nameCapacity_ = std::strlen(text) + kExtensionMargin;
+  nameCapacity_ = std::strlen(text) + kExtensionMargin.size();
   return replace(name, text, kExtensionMargin);
 }
 
@@ -86,7 +86,7 @@ bool FileName::setPath(const char* text) {
     error = kOutOfMemory;
     return false;
   }
-  return replace(path, text, 0);
+  return replace(path, text);
 }
 
 bool FileName::splitNameAndPath(const char* text) {
@@ -135,7 +135,7 @@ const char* FileName::getNameAndPath() {
 
 const char* FileName::getNameOnly() {
   const std::string_view whole = textOrEmpty(name);
-  replace(nameOnly_, whole.substr(0, whole.find('.')), 0);
+  replace(nameOnly_, whole.substr(0, whole.find('.')));
   return nameOnly_.get();
 }
 
@@ -145,7 +145,7 @@ const char* FileName::getExtensionOnly() {
   if (dot == std::string_view::npos) {
     return &noName_;
   }
-  replace(extensionOnly_, whole.substr(dot + 1, kLongestExtension), 0);
+  replace(extensionOnly_, whole.substr(dot + 1, kLongestExtension));
   return extensionOnly_.get();
 }
 

@@ -62,7 +62,7 @@ class FileName {
   std::uint32_t error = 0;
 
  private:
-  bool replace(OwnedText& text, std::string_view newText, std::size_t spare);
+  bool replace(OwnedText& text, std::string_view newText, std::string_view margin = {});
 
   OwnedText nameAndPath_;
   OwnedText nameOnly_;

@@ -12,11 +12,9 @@ namespace tavrel {
 
 using OwnedText = std::unique_ptr<char[]>;
 
-/// Returns a copy of `first` and `second` joined, with `spare` more bytes after the terminator.
-/// Returns null if memory runs out.
-inline OwnedText makeText(std::string_view first, std::string_view second = {},
-                          std::size_t spare = 0) {
-  OwnedText text(new (std::nothrow) char[first.size() + second.size() + 1 + spare]);
+/// Returns a copy of `first` and `second` joined, or null if memory runs out.
+inline OwnedText makeText(std::string_view first, std::string_view second = {}) {
+  OwnedText text(new (std::nothrow) char[first.size() + second.size() + 1]);
   if (text) {
     char* end = std::copy(first.begin(), first.end(), text.get());
     end = std::copy(second.begin(), second.end(), end);

@@ -6,6 +6,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
@@ -23,9 +24,8 @@ void preferLargePages(void* block, std::size_t size) {
   const auto start = reinterpret_cast<std::uintptr_t>(block);
   const std::uintptr_t firstPage = (start + kLargePageSize - 1) / kLargePageSize * kLargePageSize;
   const std::uintptr_t endOfLast = (start + size) / kLargePageSize * kLargePageSize;
-  if (firstPage < endOfLast) {
-    madvise(static_cast<char*>(block) + (firstPage - start), endOfLast - firstPage, MADV_HUGEPAGE);
-  }
+  const std::uintptr_t length = std::max(firstPage, endOfLast) - firstPage;
+  madvise(static_cast<char*>(block) + (firstPage - start), length, MADV_HUGEPAGE);
 }
 
 // By default the heap grows in steps of 128 KiB, which are too small for large pages. Growing it

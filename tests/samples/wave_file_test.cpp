@@ -5,15 +5,26 @@
 
 namespace tavrel::test {
 
-/// The fields in the order of the file, each followed by a space, and the samples.
-std::string textOf(const WaveSampleInfo& info) {
-  const auto& [tag, channels, rate, byteRate, align, bits, extra] = info.format;
-  std::string text;
-  for (const std::size_t field :
-       {0U + tag, 0U + channels, rate, byteRate, 0U + align, 0U + bits, 0U + extra}) {
-    text += std::to_string(field) + ' ';
-  }
-  return text.append(info.samples, info.samples + info.size);
+/// What a query returns, and its out-value, which is 7 before.
+template <typename Value>
+std::string answer(const WaveFile& wave, bool (WaveFile::*query)(Value&) const) {
+  Value value = 7;
+  const std::string found = (wave.*query)(value) ? "" : "no ";
+  return found + std::to_string(value) + ' ';
+}
+
+/// The fields in the order of the file, and the samples.
+std::string textOf(const WaveFile& wave) {
+  WaveSampleInfo info;
+  const bool found = wave.getSampleInfo(info);
+  const WaveFormat& format = info.format;
+  return answer(wave, &WaveFile::getFormatTag) + answer(wave, &WaveFile::getChannels) +
+         answer(wave, &WaveFile::getSampleRate) + std::to_string(format.averageBytesPerSecond) +
+         ' ' + std::to_string(format.blockAlign) + ' ' + answer(wave, &WaveFile::getBitsPerSample) +
+         std::to_string(format.extraSize) + ' ' + (wave.isMono() ? "mono " : "") +
+         (wave.isStereo() ? "stereo " : "") + (wave.isPcm() ? "PCM " : "") +
+         answer(wave, &WaveFile::getDataSize) +
+         (found ? std::string(info.samples, info.samples + info.size) : "fails");
 }
 
 TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
@@ -21,7 +32,7 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
   const Bytes tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
   const std::string format = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
-  const std::string good = "1 2 48000 288000 6 24 22 ";
+  const std::string good = "1 2 48000 288000 6 24 22 stereo PCM ";
   const auto small = [&] { return wav().chunk("fmt ", format).chunk("odd ", "a").data("abc"); };
   const auto cutTo = [&](std::size_t size) {
     return wav().chunk("fmt ", format.substr(0, size)).data("abc");
@@ -32,20 +43,20 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
     std::string content, expected;
   } rows[] = {
       {"second form", wav().form("OTHR").data("no").str() + small().data("late").str(),
-       good + "abc"},
+       good + "3 abc"},
       {"form after an odd chunk", Bytes().text("junk").le32(3).text("abc|") + small().str(),
-       good + "abc"},
-      {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "abc"},
-      {"form ends with the header", small().claimFormSize(header), good + "abc"},
+       good + "3 abc"},
+      {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "3 abc"},
+      {"form ends with the header", small().claimFormSize(header), good + "3 abc"},
       {"form ends in the header", small().claimFormSize(header - 1), "fails"},
       {"form too short for its type", small().claimFormSize(3), "fails"},
       {"a million chunks", small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks),
-       good + "abc"},
-      {"no bytes of samples", wav().chunk("fmt ", format).data(""), good},
-      {"format of 17 bytes", cutTo(17), good + "abc"},
-      {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 abc"},
-      {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 abc"},
-      {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 abc"},
+       good + "3 abc"},
+      {"no bytes of samples", wav().chunk("fmt ", format).data(""), good + "0 "},
+      {"format of 17 bytes", cutTo(17), good + "3 abc"},
+      {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 stereo PCM 3 abc"},
+      {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 stereo PCM 3 abc"},
+      {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 3 abc"},
       {"no format", wav().data("abc"), "fails"},
       {"format after the samples", wav().data("abc").chunk("fmt ", format), "fails"},
       {"format ends after the file", cutTo(40).substr(0, 12 + 8 + 17), "fails"},
@@ -57,46 +68,26 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
     SCOPED_TRACE(name);
     // The reader cuts the extension to three letters.
     WaveFile wave((directory.write("a.wav", content) + "e").c_str());
-    WaveSampleInfo info;
-    EXPECT_EQ(wave.load(), expected != "fails");
-    EXPECT_EQ(wave.getSampleInfo(info) ? textOf(info) : "fails", expected);
-    EXPECT_EQ(wave.getSampleData(), info.samples);
+    const bool loaded = wave.load();
+    EXPECT_EQ(loaded, expected != "fails");
+    EXPECT_EQ(textOf(wave), loaded ? expected : "no 7 no 7 no 7 0 0 no 7 0 no 7 fails");
+    EXPECT_EQ(wave.getSampleData() != nullptr, loaded);
   }
 }
 
-/// What each query answers: its out-value if it is true, "-" if it is false and leaves it alone.
-std::string answersOf(const WaveFile& wave) {
-  std::string text;
-  const auto ask = [&]<typename Value>(bool (WaveFile::*query)(Value&) const) {
-    Value value = 7;
-    const bool answers = (wave.*query)(value);
-    text += answers || value != 7 ? std::to_string(value) + ' ' : "- ";
-  };
-  ask(&WaveFile::getDataSize);
-  ask(&WaveFile::getBitsPerSample);
-  ask(&WaveFile::getChannels);
-  ask(&WaveFile::getSampleRate);
-  ask(&WaveFile::getFormatTag);
-  return text + (wave.isMono() ? "mono " : "") + (wave.isStereo() ? "stereo " : "") +
-         (wave.isPcm() ? "PCM" : "");
-}
-
-TEST(WaveFile, AnswersOnlyWhenLoaded) {
+TEST(WaveFile, HandsOverOrReleasesItsSamples) {
   const TemporaryDirectory directory;
-  const auto content = [](std::uint32_t channels) { return wav().fmt(channels, 16, 22050); };
-  WaveFile first(directory.write("1.wav", content(mono).data("abc")).c_str());
-  WaveFile second(directory.write("2.wav", content(stereo).data("").replace(20, 1, "\3")).c_str());
-  EXPECT_EQ(answersOf(first), "- - - - - ");
-  EXPECT_TRUE(first.load());
-  EXPECT_TRUE(second.load());
-  EXPECT_EQ(answersOf(first), "3 16 1 22050 1 mono PCM");
-  EXPECT_EQ(answersOf(second), "0 16 2 22050 3 stereo ");
-  const std::uint8_t* samples = first.getSampleData();
-  EXPECT_EQ(first.takeSamples().get(), samples);
-  EXPECT_EQ(first.getSampleData(), nullptr);
-  second.releaseData();
-  WaveSampleInfo info;
-  EXPECT_FALSE(second.getSampleInfo(info));
+  WaveFile wave(directory.write("a.wav", wav().fmt(mono, 16, 22050).data("abc")).c_str());
+  for (const bool released : {false, true}) {
+    EXPECT_TRUE(wave.load());
+    const std::uint8_t* samples = wave.getSampleData();
+    if (released) {
+      wave.releaseData();
+    } else {
+      EXPECT_EQ(wave.takeSamples().get(), samples);
+    }
+    EXPECT_EQ(textOf(wave), "1 1 22050 44100 2 16 0 mono PCM 3 fails");
+  }
 }
 
 }  // namespace tavrel::test

@@ -28,32 +28,25 @@ TEST(BitUtilitiesTest, HalvesKeepTheirBits) {
   EXPECT_EQ(lowWord(0x8123C567), 0xC567);
 }
 
-template <typename Word>
-Word cleared(Word target, Word mask) {
-  clearBits(target, mask);
-  return target;
-}
-
-TEST(BitUtilitiesTest, AMaskClearsOneBitButExchangesSeveral) {
-  EXPECT_EQ(cleared<std::uint8_t>(0x81, 0xC0), 0x41);
-  EXPECT_EQ(cleared<std::uint8_t>(0x81, 0x60), 0x81) << "none of its bits is set";
-  EXPECT_EQ(cleared<std::uint16_t>(0x8001, 0xC000), 0x4001);
-  EXPECT_EQ(cleared<std::uint16_t>(0x8001, 0x6000), 0x8001);
-  EXPECT_EQ(cleared<std::uint32_t>(0x80000001, 0xC0000000), 0x40000001U);
-  EXPECT_EQ(cleared<std::uint32_t>(0x80000001, 0x60000000), 0x80000001U);
-}
-
-TEST(BitUtilitiesTest, PrintsAllDigitsOfWhatAMaskHasSet) {
-  std::uint16_t word = 0x8005;
-  std::uint32_t number = 0x80000005;
-  setBits(word, 0xC000);
-  setBits(number, 0xC0000000);
+TEST(BitUtilitiesTest, AMaskClearsOneBitButExchangesSeveralAndAllDigitsArePrinted) {
+  std::uint8_t byte = 0x81;
+  std::uint16_t word = 0x8001;
+  std::uint32_t number = 0x80000001;
+  clearBits(byte, 0xC0);
+  clearBits(word, 0xC000);
+  clearBits(number, 0xC0000000);
+  clearBits(byte, 0x18);  // none of its bits is set
+  clearBits(word, 0x1800);
+  clearBits(number, 0x18000000);
+  setBits(word, 0x4008);
+  setBits(number, 0x40000008);
   testing::internal::CaptureStdout();
   printBinary(word);
   printBinary(number);
+  EXPECT_EQ(byte, 0x41);
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "Decimal Value: 49157 Binary Value: 1100000000000101\n"
-            "Decimal Value: 3221225477 Binary Value: 11000000000000000000000000000101\n");
+            "Decimal Value: 16393 Binary Value: 0100000000001001\n"
+            "Decimal Value: 1073741833 Binary Value: 01000000000000000000000000001001\n");
 }
 
 }  // namespace tavrel::test

@@ -9,10 +9,8 @@ namespace tavrel::test {
 TEST(ByteOrderTest, LoadsNumbersInBothOrders) {
   const std::uint8_t bytes[] = {0x81, 0x92, 0xA3, 0xB4};
   EXPECT_EQ(loadLittle16(bytes), 0x9281);
-  EXPECT_EQ(loadLittle24(bytes), 0xA39281U);
   EXPECT_EQ(loadLittle32(bytes), 0xB4A39281U);
   EXPECT_EQ(loadBig16(bytes), 0x8192);
-  EXPECT_EQ(loadBig24(bytes), 0x8192A3U);
   EXPECT_EQ(loadBig32(bytes), 0x8192A3B4U);
   EXPECT_EQ(swapped16(0x8192), 0x9281);
   EXPECT_EQ(littleFourCc("AB\xFFZ..."), 0x5AFF4241U);

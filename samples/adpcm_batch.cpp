@@ -37,7 +37,7 @@ void AdpcmBatch::encodeRest(AdpcmLane lane) {
 void AdpcmBatch::encodeUntilSoundEnds() {
   encodeLanes(lanes_);
   const auto goesOn = [](const AdpcmLane& lane) { return lane.codeBytes / kAdpcmBytesAtOnce != 0; };
-  const auto ended = std::partition(lanes_.begin(), lanes_.end(), goesOn);
+  auto* const ended = std::partition(lanes_.begin(), lanes_.end(), goesOn);
   std::for_each(ended, lanes_.end(), [](AdpcmLane& lane) { encodeRest(std::move(lane)); });
   taken_ = static_cast<std::size_t>(ended - lanes_.begin());
 }

@@ -1,5 +1,7 @@
 #include "samples/iff_file.h"
 
+#include <gmock/gmock.h>
+
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
@@ -54,15 +56,14 @@ TEST(IffFile, FindsTheFirstChunkWithAnId) {
   std::uint32_t size = 7;
   IffChunk* record = nullptr;
   const IffChunk* constRecord = nullptr;
-  EXPECT_FALSE(file.hasChunk(kAiff));
-  EXPECT_FALSE(file.getChunkSize(kAiff, size));
-  EXPECT_EQ(size, 7);
-  EXPECT_FALSE(file.getChunkRecord(kAiff, record));
-  EXPECT_TRUE(file.hasChunk(kNext));
-  EXPECT_TRUE(file.getChunkSize(kNext, size));
-  ASSERT_TRUE(file.getChunkRecord(kNext, record));
+  EXPECT_THAT((std::array{file.hasChunk(kAiff), file.getChunkSize(kAiff, size),
+                          file.getChunkRecord(kAiff, record), size != 7}),
+              testing::Each(false));
+  ASSERT_THAT((std::array{file.hasChunk(kNext), file.getChunkSize(kNext, size),
+                          file.getChunkRecord(kNext, record),
+                          std::as_const(file).getChunkRecord(kNext, constRecord)}),
+              testing::Each(true));
   EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
-  EXPECT_TRUE(std::as_const(file).getChunkRecord(kNext, constRecord));
   EXPECT_EQ(constRecord, record);
   IffFile::IdText text{"????"};
   IffFile::idToText(record->id, text.data());

@@ -15,6 +15,7 @@
 
 #include "compiler/run_driver.h"
 #include "platform/local_time.h"
+#include "platform/replace_file.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -141,6 +142,21 @@ TEST_F(FailingCall, NeverLeavesADamagedBankAfterDone) {
     }
     EXPECT_GE(failures, leastFailures) << name << ": are the calls still counted?";
   }
+}
+
+TEST(FailingReplacement, FullDiskIsReportedAndLeavesTheOldFile) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.write("out", "old");
+  {
+    ReplacementFile file;
+    ASSERT_FALSE(file.createNew(path, Existing::replace));
+    ASSERT_FALSE(file.write("new", 3));
+    machine = {Fault::noSpace, 1};
+    EXPECT_EQ(file.write("more", 4), std::errc::io_error);
+    machine = {};
+  }
+  EXPECT_EQ(directory.read("out"), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path()), {}), 1);
 }
 
 }  // namespace

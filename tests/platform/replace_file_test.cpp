@@ -1,0 +1,137 @@
+#include "platform/replace_file.h"
+
+#include <chrono>
+#include <thread>
+
+#include "tests/support/temporary_directory.h"
+
+namespace tavrel::test {
+
+namespace fs = std::filesystem;
+
+class ReplaceFile : public testing::Test {
+ protected:
+  /// Replaces a file by one of the content "new", as a program would, up to the first error.
+  [[nodiscard]] std::error_code replace(const std::string& name, Existing existing) const {
+    ReplacementFile file;
+    std::error_code error = file.createNew(directory_.path(name), existing);
+    for (const std::string piece : {"n", "", "ew"}) {
+      error = error ? error : file.write(piece.data(), piece.size());
+    }
+    error = error ? error : file.flushToDisk();
+    return error ? error : file.replaceFile();
+  }
+  [[nodiscard]] std::ptrdiff_t fileCount() const {
+    return std::distance(fs::directory_iterator(directory_.path()), {});
+  }
+
+  const TemporaryDirectory directory_;
+};
+
+TEST_F(ReplaceFile, ReplacesFilesAndNothingElse) {
+  directory_.write("there", "old");
+  fs::create_directory(directory_.path("folder"));
+  const struct {
+    const char* name;
+    Existing existing;
+    std::errc expected;
+  } rows[] = {
+      {"there", Existing::refuse, std::errc::file_exists},
+      {"folder", Existing::refuse, std::errc::file_exists},
+      {"folder", Existing::replace, std::errc::is_a_directory},
+      {"folder", Existing::followLink, std::errc::is_a_directory},
+      {"missing/file", Existing::refuse, std::errc::no_such_file_or_directory},
+      {"missing/file", Existing::followLink, std::errc::no_such_file_or_directory},
+  };
+  for (const auto& [name, existing, expected] : rows) {
+    SCOPED_TRACE(testing::Message() << name << ' ' << static_cast<int>(existing));
+    EXPECT_EQ(replace(name, existing), expected);
+  }
+  EXPECT_EQ(directory_.read("there"), "old");
+  for (const auto& [name, existing] : {std::pair("there", Existing::replace),
+                                       {"other", Existing::replace},
+                                       {"folder/file", Existing::refuse},
+                                       {"folder/other", Existing::followLink}}) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(replace(name, existing), std::error_code());
+    EXPECT_EQ(directory_.read(name), "new");
+  }
+  EXPECT_EQ(fileCount(), 3) << "a temporary file is left";
+}
+
+TEST_F(ReplaceFile, RefusesAFileThatAppearsMeanwhile) {
+  ReplacementFile file;
+  ASSERT_FALSE(file.createNew(directory_.path("out"), Existing::refuse));
+  directory_.write("out", "old");
+  ASSERT_FALSE(file.flushToDisk());
+  EXPECT_EQ(file.replaceFile(), std::errc::file_exists);
+  EXPECT_EQ(directory_.read("out"), "old");
+}
+
+TEST_F(ReplaceFile, TemporaryFileIsWrittenByNameAndDiscarded) {
+  ReplacementFile file;
+  ASSERT_FALSE(file.createNew(directory_.path("out"), Existing::followLink));
+  directory_.write(fs::path(file.temporaryPath()).filename().string(), "by name");
+  ReplacementFile other;
+  ASSERT_FALSE(other.createNew(directory_.path("out"), Existing::followLink));
+  EXPECT_EQ(fileCount(), 2);
+  other.discard();
+  ASSERT_FALSE(file.flushToDisk());
+  ASSERT_FALSE(file.replaceFile());
+  EXPECT_EQ(file.temporaryPath(), "");
+  EXPECT_EQ(fileCount(), 1);
+  EXPECT_EQ(directory_.read("out"), "by name");
+  EXPECT_EQ(file.write("x", 1), std::errc::bad_file_descriptor);
+}
+
+TEST_F(ReplaceFile, OldFileStaysWholeWhileItIsOpen) {
+  directory_.write("out", "old");
+  std::ifstream reader(directory_.path("out"));
+  const std::error_code error = replace("out", Existing::replace);  // fails on some hosts
+  EXPECT_EQ(directory_.read("out"), error ? "old" : "new");
+  EXPECT_EQ(fileCount(), 1);
+  std::thread closing([&reader] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    reader.close();
+  });
+  EXPECT_EQ(replace("out", Existing::replace), std::error_code());
+  closing.join();
+  EXPECT_EQ(directory_.read("out"), "new");
+}
+
+TEST_F(ReplaceFile, FollowsOrReplacesLinksAndKeepsModes) {
+  std::error_code unsupported;
+  fs::create_symlink("folder/target", directory_.path("link"), unsupported);
+  if (unsupported) {
+    GTEST_SKIP() << "no links on this host";
+  }
+  const auto isLink = [this] { return fs::is_symlink(directory_.path("link")); };
+  const auto mode = [this](const char* name) {
+    return static_cast<int>(fs::status(directory_.path(name)).permissions());
+  };
+  fs::create_directory(directory_.path("folder"));
+  EXPECT_EQ(replace("link", Existing::refuse), std::errc::file_exists);
+  ASSERT_FALSE(replace("link", Existing::followLink));  // makes its target
+  EXPECT_TRUE(isLink());
+  EXPECT_EQ(directory_.read("folder/target"), "new");
+
+  directory_.write("plain", "");
+  const int modeOfNewFiles = mode("plain");
+  EXPECT_EQ(mode("folder/target"), modeOfNewFiles);
+  fs::permissions(directory_.path("folder/target"), fs::perms(0640));
+  ASSERT_FALSE(replace("link", Existing::followLink));
+  EXPECT_EQ(mode("folder/target"), 0640);
+
+  fs::permissions(directory_.path("folder/target"), fs::perms(0444));
+  EXPECT_EQ(replace("link", Existing::followLink), std::errc::permission_denied);
+  ASSERT_FALSE(replace("link", Existing::replace));
+  EXPECT_FALSE(isLink());
+  EXPECT_EQ(mode("link"), modeOfNewFiles);
+
+  fs::create_symlink("loop", directory_.path("loop"));
+  EXPECT_EQ(replace("loop", Existing::followLink), std::errc::too_many_symbolic_link_levels);
+  fs::create_symlink("/dev/null", directory_.path("device"));
+  EXPECT_EQ(replace("device", Existing::followLink), std::errc::not_supported);
+}
+
+}  // namespace tavrel::test

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/replace_file.h"
+
+namespace tavrel::kit {
+
+/// A file that appears under its name when it is whole. Operations throw Failure, which leaves
+/// nothing of it.
+class OutputFile {
+ public:
+  OutputFile(const std::string& path, Existing existing);
+
+  void write(const void* bytes, std::uint64_t count);
+
+  /// Flushes the file to disk and lets it appear.
+  void finish();
+
+ private:
+  void check(const std::error_code& error) const;
+
+  std::string path_;
+  ReplacementFile file_;
+};
+
+}  // namespace tavrel::kit

@@ -1,7 +1,8 @@
 // Compares the time of whole runs with that of common programs, and their memory with their inputs:
 //   whole_runs tavrel folder
-// The folder holds the files of make_inputs. Tool and yardstick take turns, each in a process of
-// its own. The fastest round of each counts, since other load can only slow a run down.
+// tavkit must be next to tavrel. The folder holds the files of make_inputs. Program and yardstick
+// take turns, each in a process of its own. The fastest round of each counts, since other load can
+// only slow a run down.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -151,9 +152,18 @@ void runAll(const std::string& tavrel) {
                {"ffmpeg.wav"}};
   };
 
+  const Run extracted{{std::filesystem::path(tavrel).replace_filename("tavkit"), "extract",
+                       "compress.tvb", "-o", "extracted"},
+                      "/dev/null",
+                      {"extracted/long.wav"}};
+  const Run decoded{{"ffmpeg", "-nostdin", "-loglevel", "error", "-i", "ffmpeg.wav", "decoded.wav"},
+                    "/dev/null",
+                    {"decoded.wav"}};
+
   compare({"Empty bank / true", packed("empty"), {{"true"}}, 1.5, 500});
   const Cost compressRun =
       compare({"Compress 10 minutes / ffmpeg", packed("compress"), ffmpeg("long.wav"), 0.45, 10});
+  compare({"Extract 10 minutes of ADPCM / ffmpeg", extracted, decoded, 0.6, 20});
   const Cost compressSmallRun = compare({"Compress 2,000 small WAVs / ffmpeg",
                                          packed("compress_small"), ffmpeg("joined.wav"), 0.2, 20});
   const Cost smallRun =

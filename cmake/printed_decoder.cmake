@@ -1,6 +1,6 @@
 # Adds the decoder that docs/adpcm.md prints, in C99, to the sources of a target.
 function(tavrel_add_printed_decoder target)
-  set(decoder ${CMAKE_CURRENT_BINARY_DIR}/decode_adpcm.c)
+  set(decoder ${CMAKE_CURRENT_BINARY_DIR}/${target}_decoder.c)
   add_custom_command(
     OUTPUT ${decoder}
     COMMAND sed -n [[/^```c decode_adpcm.c$/,/^```$/{ /^```/d; p }]]

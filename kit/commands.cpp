@@ -6,6 +6,7 @@ const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
       listCommand(),
       verifyCommand(),
+      extractCommand(),
   };
   return kCommands;
 }

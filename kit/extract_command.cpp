@@ -1,0 +1,159 @@
+// tavkit extract: the assets of a bank as files.
+#include <fmt/format.h>
+
+#include <filesystem>
+
+#include "kit/asset_choice.h"
+#include "kit/asset_facts.h"
+#include "kit/commands.h"
+#include "kit/display_text.h"
+#include "kit/extraction_plan.h"
+#include "kit/failure.h"
+#include "kit/output.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::uint16_t channelsOf(const Arguments& arguments) {
+  const std::string text = arguments.value("--channels").value_or("1");
+  const auto channels = decimal(text);
+  if (!channels || *channels < 1 || *channels > kMostChannels) {
+    throw Failure(
+        fmt::format("--channels must be a number from 1 to {}, not {}", kMostChannels, text));
+  }
+  return static_cast<std::uint16_t>(*channels);
+}
+
+ExtractionRequest requestOf(const Arguments& arguments) {
+  return {.folder = hostPath(arguments.value("--output").value_or("").c_str()),
+          .isRaw = arguments.has("--raw"),
+          .channels = channelsOf(arguments),
+          .replaces = arguments.has("--force")};
+}
+
+/// Makes the folder if it is missing. Returns true if it has been made.
+bool makeFolder(const std::string& folder) {
+  if (folder.empty() || pathKind(folder.c_str()) == PathKind::directory) {
+    return false;
+  }
+  std::error_code error;
+  if (!fs::create_directory(folder, error)) {
+    throw Failure(fmt::format("can't make the folder {}: {}", displayText(folder),
+                              error ? error.message() : "a file has this name"));
+  }
+  return true;
+}
+
+void writeFiles(NamedBank& bank, const std::vector<ExtractedFile>& files,
+                const ExtractionRequest& request) {
+  std::uint64_t bytes = 0;
+  for (const ExtractedFile& file : files) {
+    bytes += bank.assets()[file.id].size;
+  }
+  Progress progress(bytes);
+  for (const ExtractedFile& file : files) {
+    OutputFile output(file.path, request.replaces ? Existing::replace : Existing::refuse);
+    const AssetSource source{bank.file, bank.assets()[file.id], progress};
+    if (file.wave) {
+      writeWave(source, *file.wave, output);
+    } else {
+      writeBlob(source, output);
+    }
+    output.finish();
+  }
+}
+
+/// As `writeFiles`, with the folder made before. After a failure, files that are whole stay.
+void writeIntoFolder(NamedBank& bank, const std::vector<ExtractedFile>& files,
+                     const ExtractionRequest& request) {
+  const bool isNew = makeFolder(request.folder);
+  try {
+    writeFiles(bank, files, request);
+  } catch (...) {
+    std::error_code isNotEmpty;
+    if (isNew) {
+      fs::remove(request.folder, isNotEmpty);
+    }
+    throw;
+  }
+}
+
+/// Returns a line for each thing in the files that isn't as the bank has it.
+std::string notes(const NamedBank& bank, const std::vector<ExtractedFile>& files,
+                  const ExtractionRequest& request) {
+  std::string lines;
+  for (const ExtractedFile& file : files) {
+    const tavrel_asset& asset = bank.assets()[file.id];
+    for (const std::string& change : file.wave ? file.wave->changes : std::vector<std::string>()) {
+      lines += fmt::format("tavkit: {}: {}\n", displayText(file.name), change);
+    }
+    if (asset.type == TAVREL_WAVE && !file.wave && !request.isRaw) {
+      lines += fmt::format("tavkit: {}: no WAV file holds samples of {} bits; written as it is\n",
+                           displayText(file.name), waveFacts(asset).bits);
+    }
+  }
+  return lines;
+}
+
+int runExtract(const Arguments& arguments, Output& output) {
+  const ExtractionRequest request = requestOf(arguments);
+  NamedBank bank = openNamedBank(arguments);
+  const std::vector<std::uint32_t> ids =
+      chosenAssets(bank, {arguments.operands.begin() + 1, arguments.operands.end()});
+  const std::vector<ExtractedFile> files = plannedFiles(bank, ids, request);
+  writeIntoFolder(bank, files, request);
+  output.messages += notes(bank, files, request);
+  return exitYes;
+}
+
+}  // namespace
+
+Command extractCommand() {
+  return {
+      .name = "extract",
+      .operands = {.synopsis = "BANK [ID | DEFINE ...]",
+                   .fewest = 1,
+                   .most = Operands::kAnyNumber,
+                   .completion = Completion::bank},
+      .summary = "Write the assets of a bank to files",
+      .description =
+          "Writes all assets to files, or those that are named: by id, or by define, with or "
+          "without the bank's prefix and in any case. Prints nothing but what isn't in a file as "
+          "the bank has it.\n\n"
+          "Waves become WAV files. ADPCM is decoded to 16 bits, and a loop becomes a smpl chunk. A "
+          "sample rate of 0 or below becomes 22050 Hz, and a loop that isn't inside the sound is "
+          "left out. Samples of other widths than 4, 8, 16, 24 and 32 bits are written as they "
+          "are, to a .raw file. Sequences become .mid files, and all other assets are written as "
+          "they are.\n\n"
+          "A file is named after the define without the bank's prefix, in lower case: boom.wav "
+          "for SFX_BOOM_WAV, and bell.wav for SFX_BELL_AIF. Waves and sequences get the extension "
+          "of what is written, other assets keep that of their define, or get .bin if it has "
+          "none. An asset without a define is named after its id, as in 0007.wav, and so is one "
+          "whose name some system doesn't take: one with a separator, a control character or two "
+          "dots in a row, the name of a device such as con, or a name of more than 200 bytes. If "
+          "several assets have the same name, each gets its id too, as in level_4.dat, or the id "
+          "alone if that name is taken. The choice of assets doesn't change their names.\n\n"
+          "If a file exists already, if a name isn't in the bank or if a sound is too long for a "
+          "WAV file, nothing is written. Each file appears when it is whole. If the disk is full, "
+          "files that are whole stay.",
+      .example = "tavkit extract sfx.tvb -o sounds boom_wav 7",
+      .options = joined({{.names = "-o,--output",
+                          .value = "DIR",
+                          .help = "Write to the folder DIR, which is made if its parent exists",
+                          .completion = Completion::folder},
+                         {.names = "--raw", .help = "Write waves as the bank has them, as .raw"},
+                         {.names = "--channels",
+                          .value = "N",
+                          .help = "Take the samples of waves as those of N channels in turn"},
+                         {.names = "--force",
+                          .help = "Replace existing files; links themselves, not their targets"}},
+                        bankOptions()),
+      .run = runExtract,
+  };
+}
+
+}  // namespace tavrel::kit

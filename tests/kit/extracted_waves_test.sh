@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Other programs read the waves that are extracted from the example bank, and find the samples and
+# loops of its sources: extracted_waves_test.sh TAVREL TAVKIT EXAMPLES
+set -euo pipefail
+tavrel=$(realpath "$1")
+tavkit=$(realpath "$2")
+examples=$(realpath "$3")
+sandbox=$(mktemp -d)
+trap 'rm -rf "$sandbox"' EXIT
+failures=0
+
+expect() {
+  if [[ $2 != "$3" ]]; then
+    printf '%s: expected %s, but it is %s\n' "$1" "$2" "$3" >&2
+    failures=$((failures + 1))
+  fi
+}
+
+cp "$examples"/* "$sandbox"
+cd "$sandbox"
+"$tavrel" demo.txt >/dev/null
+"$tavkit" extract demo.tvb -o out
+expect "files" "blip.wav boom.wav drums.mtb engine.wav hall.fxp level.dat stereo.fxo theme.mid wind.wav" \
+  "$(cd out && echo *)"
+
+# Returns the rate, channels, bits and samples of a file as three programs see them.
+by_soxi() { echo "$(soxi -r "$1") $(soxi -c "$1") $(soxi -b "$1") $(soxi -s "$1")"; }
+by_ffprobe() {
+  ffprobe -v error -of default=nk=1:nw=1 "$1" \
+    -show_entries stream=sample_rate,channels,bits_per_sample,duration_ts | paste -sd ' '
+}
+by_sndfile() {
+  sndfile-info "$1" | awk '/^Sample Rate/ { r = $4 } /^Channels/ { c = $3 } /Bit Width/ { b = $4 }
+    /^Frames/ { f = $3 } END { print r, c, b, f }'
+}
+# The streams of ADPCM are filled up to a multiple of 8 samples.
+for row in "blip.wav 11025 1 8 1984" "boom.wav 22050 1 16 26464" "engine.wav 22050 1 16 5292" \
+  "wind.wav 11025 1 16 33080"; do
+  read -r name facts <<<"$row"
+  for reader in soxi ffprobe sndfile; do
+    expect "$name by $reader" "$facts" "$("by_$reader" "out/$name")"
+  done
+done
+
+samples() { sox "$1" -t raw - | sha256sum; }
+expect "blip.wav" "$(samples blip.wav)" "$(samples out/blip.wav)"
+expect "engine.wav" "$(sox engine.aif -L -t raw - | sha256sum)" "$(samples out/engine.wav)"
+expect "loop" "441 4850" "$(sndfile-info out/engine.wav | awk '/Cue ID/ { print $10, $13 }')"
+exit $((failures > 0))

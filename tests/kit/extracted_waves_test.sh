@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Other programs read the waves that are extracted from the example bank, and find the samples and
-# loops of its sources: extracted_waves_test.sh TAVREL TAVKIT EXAMPLES
+# loops of its sources. A disk that fills up leaves whole files only: extracted_waves_test.sh TAVREL TAVKIT EXAMPLES
 set -euo pipefail
 tavrel=$(realpath "$1")
 tavkit=$(realpath "$2")
@@ -46,4 +46,15 @@ samples() { sox "$1" -t raw - | sha256sum; }
 expect "blip.wav" "$(samples blip.wav)" "$(samples out/blip.wav)"
 expect "engine.wav" "$(sox engine.aif -L -t raw - | sha256sum)" "$(samples out/engine.wav)"
 expect "loop" "441 4850" "$(sndfile-info out/engine.wav | awk '/Cue ID/ { print $10, $13 }')"
+
+# wind.wav doesn't fit, nor does boom.wav, the first file of all.
+for row in "1 2 3:blip.wav engine.wav" ":no folder"; do
+  status=0
+  # shellcheck disable=SC2086 # ids are words
+  (ulimit -f 40 && "$tavkit" extract demo.tvb ${row%:*} -o full >full.out 2>full.err) || status=$?
+  expect "exit code" 2 "$status"
+  expect "message" "tavkit: can't write full/" "$(grep -o "^tavkit: can't write full/" full.err)"
+  expect "files" "${row#*:}" "$(cd full 2>/dev/null && ls -A | paste -sd ' ' || echo no folder)"
+  rm -rf full
+done
 exit $((failures > 0))

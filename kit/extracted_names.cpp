@@ -96,7 +96,7 @@ void separate(std::vector<Candidate>& candidates) {
   }
 }
 
-/// Returns all ids. Those whose names may change least come last.
+/// Returns all ids, sorted by form.
 std::vector<std::size_t> placingOrder(const std::vector<Candidate>& candidates) {
   std::vector<std::size_t> ids(candidates.size());
   std::iota(ids.begin(), ids.end(), std::size_t{0});
@@ -106,13 +106,14 @@ std::vector<std::size_t> placingOrder(const std::vector<Candidate>& candidates) 
   return ids;
 }
 
-/// Names by their owners. Two names in the same form are never alike once `separate` is done.
+/// Table of names and the ids of their owners. Once `separate` is done, two names of the same form
+/// are never alike.
 class NameTable {
  public:
   explicit NameTable(std::vector<Candidate>& candidates) : candidates_(candidates) {}
 
-  /// Finds a name for the candidate. Names of ids can't be changed, so the owner of one must leave
-  /// it if it is the name of its define.
+  /// Gives the candidate a name that is free. The last form has no alternative, so it takes a name
+  /// from an owner that has it from its define, and the owner gets another one.
   void place(Candidate* candidate) {
     while (candidate != nullptr) {
       if (candidate->form == formDefineAndId && !isSafeName(candidate->name())) {

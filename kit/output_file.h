@@ -7,8 +7,8 @@
 
 namespace tavrel::kit {
 
-/// A file that appears under its name when it is whole. Operations throw Failure, which leaves
-/// nothing of it.
+/// A file that appears under its name when it is whole. Operations throw Failure. On destruction
+/// an unfinished file is deleted.
 class OutputFile {
  public:
   OutputFile(const std::string& path, Existing existing);

@@ -25,8 +25,8 @@ struct WaveExport {
 /// Returns true if a WAV file can hold samples of the wave's width.
 bool hasWaveFile(const tavrel_asset& wave);
 
-/// Describes the file of a wave that has one. The wave's samples are those of `channels` channels
-/// in turn. Its loop is left out if it isn't inside the sound.
+/// Describes the file of a wave that has one. Its samples are those of `channels` interleaved
+/// channels. Its loop is left out if it isn't inside the sound.
 WaveExport describeExport(const tavrel_asset& wave, std::uint16_t channels);
 
 /// An asset whose bytes are to be written.

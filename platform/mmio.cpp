@@ -145,6 +145,9 @@ bool readFormType(MmioFile& file, std::uint64_t limit, ChunkInfo& chunk) {
 
 bool isWanted(MmioFile& file, std::uint64_t limit, ChunkInfo& chunk, const ChunkInfo& wanted,
               std::uint32_t flags) {
+  if (flags == kMmioFindAny) {
+    return true;
+  }
   if (flags == kMmioFindChunk) {
     return chunk.chunkId == wanted.chunkId;
   }

@@ -37,6 +37,7 @@ static_assert(sizeof(ChunkInfo) == 5 * sizeof(std::uint32_t));
 constexpr std::uint32_t kMmioBuffered = 0x10000;
 
 // Flags of `mmioDescend`: what it finds.
+constexpr std::uint32_t kMmioFindAny = 0;     ///< any chunk, whose form type isn't read
 constexpr std::uint32_t kMmioFindChunk = 16;  ///< a chunk with the id in the record
 constexpr std::uint32_t kMmioFindRiff = 32;   ///< a RIFF chunk with the form type in the record
 constexpr std::uint32_t kMmioFindList = 64;   ///< a LIST chunk with the form type in the record

@@ -23,13 +23,6 @@ constexpr std::uint32_t kSound = bigFourCc("SSND");
 constexpr std::uint32_t kInstrument = bigFourCc("INST");
 constexpr std::uint32_t kMarkers = bigFourCc("MARK");
 
-bool failDamaged(std::uint32_t chunkId) {
-  IffFile::IdText text;
-  IffFile::idToText(chunkId, text.data());
-  printLine(stderr, "ERROR: AIFF file is damaged: ", text.data());
-  return false;
-}
-
 std::int16_t signedWordAt(const std::uint8_t* bytes) {
   return static_cast<std::int16_t>(loadBig16(bytes));
 }
@@ -50,10 +43,18 @@ AiffMarker markerAt(const std::uint8_t* bytes, std::size_t nameLength) {
 
 }  // namespace
 
+bool AiffFile::failDamaged(std::uint32_t chunkId) {
+  IdText text;
+  idToText(chunkId, text.data());
+  printLine(stderr, "ERROR: AIFF file is damaged: ", text.data());
+  damagedChunk_ = chunkId;
+  return fail(AiffFault::damaged);
+}
+
 /// Finds the content of the first chunk with `id`. Reports the chunk as damaged if the file holds
 /// fewer than `leastSize` bytes of it.
 AiffFile::Presence AiffFile::findContent(std::uint32_t id, std::uint32_t leastSize,
-                                         Content& content) const {
+                                         Content& content) {
   if (!getChunk(id, content.data, content.statedSize)) {
     return Presence::missing;
   }
@@ -65,9 +66,19 @@ AiffFile::Presence AiffFile::findContent(std::uint32_t id, std::uint32_t leastSi
   return Presence::present;
 }
 
+/// Does the same for a chunk without which the file isn't loaded.
+bool AiffFile::findRequired(std::uint32_t id, std::uint32_t leastSize, AiffFault ifMissing,
+                            Content& content) {
+  const Presence presence = findContent(id, leastSize, content);
+  if (presence == Presence::missing) {
+    fail(ifMissing);
+  }
+  return presence == Presence::present;
+}
+
 bool AiffFile::parseCommon() {
   Content content;
-  if (findContent(kCommon, AiffCommon::kStoredSize, content) != Presence::present) {
+  if (!findRequired(kCommon, AiffCommon::kStoredSize, AiffFault::noCommon, content)) {
     return false;
   }
   common.id = kCommon;
@@ -81,7 +92,7 @@ bool AiffFile::parseCommon() {
 
 bool AiffFile::parseSound() {
   Content content;
-  if (findContent(kSound, AiffSound::kStoredSize, content) != Presence::present) {
+  if (!findRequired(kSound, AiffSound::kStoredSize, AiffFault::noSound, content)) {
     return false;
   }
   if (dataSizeOfFrames() > content.size - AiffSound::kStoredSize) {
@@ -134,8 +145,10 @@ bool AiffFile::parseMarkers() {
   const std::uint32_t capacity =
       std::min<std::uint32_t>(markerList.count, tableSize / AiffMarker::kHeaderSize);
   markerList.markers.reset(new (std::nothrow) AiffMarker[capacity]);
-  return markerList.markers &&
-         parseMarkerTable(content.data + AiffMarkerList::kStoredSize, tableSize);
+  if (!markerList.markers) {
+    return fail(AiffFault::noMemory);
+  }
+  return parseMarkerTable(content.data + AiffMarkerList::kStoredSize, tableSize);
 }
 
 bool AiffFile::parseMarkerTable(const std::uint8_t* bytes, std::uint32_t left) {

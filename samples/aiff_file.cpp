@@ -12,8 +12,7 @@ AiffFile::AiffFile(const char* fullName) : IffFile(fullName) {}
 
 bool AiffFile::load() {
   if (!IffFile::load(bigFourCc("AIFF"))) {
-    printLine(stderr, "ERROR: Not an AIFF file.");
-    return false;
+    return failNotAiff();
   }
   if (!parseCommon() || !parseSound() || !parseInstrument() || !parseMarkers()) {
     return false;
@@ -21,6 +20,23 @@ bool AiffFile::load() {
   loaded = true;
   convertSamples();
   return true;
+}
+
+bool AiffFile::fail(AiffFault fault) {
+  fault_ = fault;
+  return false;
+}
+
+bool AiffFile::failNotAiff() {
+  printLine(stderr, "ERROR: Not an AIFF file.");
+  switch (iffFault()) {
+    case IffFault::noForm:
+      return fail(AiffFault::noForm);
+    case IffFault::noMemory:
+      return fail(AiffFault::noMemory);
+    default:
+      return fail(AiffFault::cannotRead);
+  }
 }
 
 /// Returns the data size in 64 bits: `frames` may be any number until `parseSound` has checked it.

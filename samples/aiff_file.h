@@ -12,6 +12,17 @@
 
 namespace tavrel {
 
+/// Why a file wasn't loaded.
+enum class AiffFault {
+  none,
+  cannotRead,
+  noForm,    ///< of another form type, or too short to have one
+  noCommon,  ///< no `COMM` chunk
+  noSound,   ///< no `SSND` chunk
+  damaged,   ///< the file holds too few bytes of `damagedChunk`
+  noMemory,
+};
+
 class AiffFile : public IffFile {
  public:
   /// Doesn't access the disk.
@@ -49,13 +60,24 @@ class AiffFile : public IffFile {
 
   // Not used by the tool; for programs that inspect AIFF files.
 
+  /// Returns why `load` failed.
+  [[nodiscard]] AiffFault fault() const { return fault_; }
+
+  /// Returns the id of the chunk that made `load` fail as damaged, else 0.
+  [[nodiscard]] std::uint32_t damagedChunk() const { return damagedChunk_; }
+
   bool dump = false;  ///< `load` prints the instrument and the markers
 
  private:
   struct Content;
   enum class Presence { missing, present, damaged };
 
-  Presence findContent(std::uint32_t id, std::uint32_t leastSize, Content& content) const;
+  bool fail(AiffFault fault);
+  bool failNotAiff();
+  bool failDamaged(std::uint32_t chunkId);
+  Presence findContent(std::uint32_t id, std::uint32_t leastSize, Content& content);
+  bool findRequired(std::uint32_t id, std::uint32_t leastSize, AiffFault ifMissing,
+                    Content& content);
   bool parseCommon();
   bool parseSound();
   bool parseInstrument();
@@ -67,6 +89,9 @@ class AiffFile : public IffFile {
   void dumpInstrument() const;
   void dumpMarkerListHead() const;
   static void dumpMarker(const AiffMarker& marker);
+
+  AiffFault fault_ = AiffFault::none;
+  std::uint32_t damagedChunk_ = 0;
 };
 
 }  // namespace tavrel

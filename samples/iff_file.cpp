@@ -47,18 +47,30 @@ bool IffFile::load(std::uint32_t formType) {
   return readFile() && isOfType(formType) && listChunks();
 }
 
+bool IffFile::fail(IffFault fault) {
+  fault_ = fault;
+  return false;
+}
+
 bool IffFile::readFile() {
-  return disk_.readImage(image_, fileSize_, kSpareBytes) == DiskFile::WholeRead::complete;
+  switch (disk_.readImage(image_, fileSize_, kSpareBytes)) {
+    case DiskFile::WholeRead::complete:
+      return true;
+    case DiskFile::WholeRead::noMemory:
+      return fail(IffFault::noMemory);
+    default:
+      return fail(IffFault::cannotRead);
+  }
 }
 
 /// Reports a file that is of another form type or too short to have one.
-bool IffFile::isOfType(std::uint32_t formType) const {
+bool IffFile::isOfType(std::uint32_t formType) {
   if (fileSize_ >= kFormHeaderSize && loadBig32(image_.get() + 8) == formType) {
     return true;
   }
   IdText text;
   printLine(stderr, "ERROR: This is not a '", idView(formType, text), "' file.");
-  return false;
+  return fail(IffFault::noForm);
 }
 
 bool IffFile::listChunks() {
@@ -71,7 +83,7 @@ bool IffFile::listChunks() {
   try {
     chunks_.reserve(count);
   } catch (const std::bad_alloc&) {
-    return false;
+    return fail(IffFault::noMemory);
   }
   walkChunks([this](const IffChunk& chunk) { listChunk(chunk); });
   return true;

@@ -36,6 +36,14 @@ struct IffChunk {
   std::uint8_t* data{};  ///< first byte of the content, in the image
 };
 
+/// Why a file wasn't loaded.
+enum class IffFault {
+  none,
+  cannotRead,
+  noForm,    ///< of another form type, or too short to have one
+  noMemory,  ///< for the file or its list of chunks
+};
+
 class IffFile {
  public:
   using IdText = std::array<char, 4 + 1>;
@@ -59,7 +67,13 @@ class IffFile {
   /// Writes the four characters of `id` and a terminating zero.
   static void idToText(std::uint32_t id, char* text);
 
+  /// Returns how many bytes of a chunk's content are in the file; at most the `size` it states.
+  [[nodiscard]] std::uint32_t bytesHeld(const std::uint8_t* data, std::uint32_t size) const;
+
   // Not used by the tool; for programs that inspect IFF files.
+
+  /// Returns the records of all chunks, in file order.
+  [[nodiscard]] const std::vector<IffChunk>& chunkList() const { return chunks_; }
 
   [[nodiscard]] bool hasChunk(std::uint32_t id) const;
 
@@ -75,18 +89,20 @@ class IffFile {
   bool verbose = false;  ///< `load` prints the chunk list
 
  protected:
-  /// Returns how many bytes of a chunk's content are in the file; at most the `size` it states.
-  [[nodiscard]] std::uint32_t bytesHeld(const std::uint8_t* data, std::uint32_t size) const;
+  /// Returns why `load` failed.
+  [[nodiscard]] IffFault iffFault() const { return fault_; }
 
  private:
+  bool fail(IffFault fault);
   bool readFile();
-  bool isOfType(std::uint32_t formType) const;
+  bool isOfType(std::uint32_t formType);
   bool listChunks();
   template <typename Visit>
   void walkChunks(Visit visit) const;
   void listChunk(const IffChunk& chunk);
 
   std::uint32_t fileSize_ = 0;
+  IffFault fault_ = IffFault::none;
   ByteBlock image_;
   std::vector<IffChunk> chunks_;  // in file order
   DiskFile disk_;

@@ -55,6 +55,11 @@ bool RiffFile::descendList(const char* listType, ChunkInfo& info) {
   return descend(info, nullptr, kMmioFindList);
 }
 
+bool RiffFile::descendNext(ChunkInfo& info, ChunkInfo parent) {
+  info = {};
+  return descend(info, &parent, kMmioFindAny);
+}
+
 bool RiffFile::descendNamedChunk(const char* id, ChunkInfo& info) {
   return descendChunkById(littleFourCc(id), info);
 }

@@ -53,6 +53,9 @@ class RiffFile : public FileName {
   /// Finds the next LIST chunk of `listType` and moves to its first chunk.
   bool descendList(const char* listType, ChunkInfo& info);
 
+  /// Finds the next chunk inside `parent`, whatever its id, and moves to its content.
+  bool descendNext(ChunkInfo& info, ChunkInfo parent);
+
   // Find the next chunk with an id up to the end of the file and move to its content.
   bool descendNamedChunk(const char* id, ChunkInfo& info);
   bool descendChunkById(std::uint32_t value, ChunkInfo& info);

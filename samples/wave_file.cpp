@@ -13,7 +13,7 @@ WaveFile::WaveFile(const char* fullName) : path_(fullName) {}
 bool WaveFile::load() {
   RiffFile riff(path_.getFullPath());
   if (!riff.open()) {
-    return false;
+    return fail(WaveFault::cannotOpen);
   }
   const bool complete = readChunks(riff);
   const bool closed = riff.close();
@@ -21,12 +21,27 @@ bool WaveFile::load() {
   return loaded_;
 }
 
+bool WaveFile::fail(WaveFault fault) {
+  fault_ = fault;
+  return false;
+}
+
 bool WaveFile::readChunks(RiffFile& riff) {
   ChunkInfo wave;
   ChunkInfo chunk;
-  return riff.descendRiff("WAVE", wave) && riff.descendChunk("fmt ", chunk, wave) &&
-         readFormat(riff, chunk) && riff.ascend(chunk) && riff.descendChunk("data", chunk, wave) &&
-         readSamples(riff, chunk);
+  if (!riff.descendRiff("WAVE", wave)) {
+    return fail(WaveFault::noForm);
+  }
+  if (!riff.descendChunk("fmt ", chunk, wave)) {
+    return fail(WaveFault::noFormat);
+  }
+  if (!readFormat(riff, chunk)) {
+    return fail(WaveFault::formatCut);
+  }
+  if (!riff.ascend(chunk) || !riff.descendChunk("data", chunk, wave)) {
+    return fail(WaveFault::noData);
+  }
+  return readSamples(riff, chunk);
 }
 
 bool WaveFile::readFormat(RiffFile& riff, const ChunkInfo& chunk) {
@@ -46,11 +61,14 @@ bool WaveFile::readFormat(RiffFile& riff, const ChunkInfo& chunk) {
 
 bool WaveFile::readSamples(RiffFile& riff, const ChunkInfo& chunk) {
   if (!riff.holdsChunk(chunk)) {
-    return false;
+    return fail(WaveFault::dataCut);
   }
   sampleBytes_ = chunk.chunkSize;
   samples_ = newBytes(roundUp(sampleBytes_, 4));
-  return samples_ && riff.readChunk(chunk, samples_.get());
+  if (!samples_) {
+    return fail(WaveFault::noMemory);
+  }
+  return riff.readChunk(chunk, samples_.get()) || fail(WaveFault::dataCut);
 }
 
 bool WaveFile::getDataSize(std::uint32_t& size) const { return answer(size, sampleBytes_); }

@@ -43,6 +43,18 @@ struct WaveSampleInfo {
   std::uint32_t size{};  ///< in bytes
 };
 
+/// Why a file wasn't loaded.
+enum class WaveFault {
+  none,
+  cannotOpen,
+  noForm,     ///< no RIFF chunk of form "WAVE"
+  noFormat,   ///< no `fmt ` chunk in it
+  formatCut,  ///< the file ends in the `fmt ` chunk
+  noData,     ///< no `data` chunk after the `fmt ` chunk
+  dataCut,    ///< the file ends in the `data` chunk
+  noMemory,   ///< for the samples
+};
+
 class WaveFile {
  public:
   /// Doesn't access the disk.
@@ -68,6 +80,13 @@ class WaveFile {
 
   // Not used by the tool; for programs that inspect WAV files.
 
+  /// Returns why `load` failed.
+  [[nodiscard]] WaveFault fault() const { return fault_; }
+
+  /// Returns the name under which the file is opened, with three characters of its extension. Valid
+  /// until the next call or the object's destruction.
+  [[nodiscard]] const char* openedName() { return path_.getFullPath(); }
+
   bool getFormatTag(std::uint16_t& tag) const;
   bool getFormat(WaveFormat& record) const;
   [[nodiscard]] bool isStereo() const;
@@ -82,6 +101,7 @@ class WaveFile {
   void releaseData();
 
  private:
+  bool fail(WaveFault fault);
   bool readChunks(RiffFile& riff);
   bool readFormat(RiffFile& riff, const ChunkInfo& chunk);
   bool readSamples(RiffFile& riff, const ChunkInfo& chunk);
@@ -99,6 +119,7 @@ class WaveFile {
   SplitPath path_;
   ByteBlock samples_;
   std::uint32_t sampleBytes_ = 0;
+  WaveFault fault_ = WaveFault::none;
   bool loaded_ = false;
 };
 

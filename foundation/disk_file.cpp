@@ -6,6 +6,7 @@
 #include <new>
 #include <string>
 
+#include "platform/file_cache.h"
 #include "platform/host_path.h"
 #include "platform/transfer.h"
 
@@ -106,6 +107,9 @@ bool DiskFile::open() {
 
 bool DiskFile::openStream(const char* fullName) {
   const std::string path = hostPath(fullName);
+  if (mode == modeRead && openCached(path)) {
+    return true;
+  }
   const PathKind kind = pathKind(path.c_str());
   // Opening a pipe would block until another process opens its other end.
   if (kind == PathKind::directory || (kind == PathKind::pipe && mode != modeRead)) {
@@ -123,11 +127,31 @@ bool DiskFile::openStream(const char* fullName) {
   return stream_.good();
 }
 
+bool DiskFile::openCached(const std::string& path) {
+  cached_ = openCachedFile(path);
+  if (!cached_) {
+    return false;
+  }
+  setStreamBuffer(cached_.get());
+  hasNoSize_ = false;
+  return true;
+}
+
+/// Makes `stream_` read from `buffer` instead of its own.
+void DiskFile::setStreamBuffer(std::streambuf* buffer) {
+  static_cast<std::ios&>(stream_).rdbuf(buffer);
+}
+
 bool DiskFile::close() {
   if (!isOpen) {
     return fail(errorAlreadyClosed);
   }
   isOpen = false;
+  if (cached_) {
+    setStreamBuffer(stream_.rdbuf());
+    cached_.reset();
+    return true;
+  }
   if (mode == modeRead || findMode(mode) == nullptr) {
     stream_.close();
     return mode == modeRead || fail(errorBadMode);

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <fstream>
+#include <memory>
+#include <string>
 
 #include "foundation/byte_block.h"
 #include "foundation/file_name.h"
@@ -122,7 +124,10 @@ class DiskFile {
   bool canRead(const void* buffer);
   WholeRead readOpenImage(ByteBlock& image, std::uint32_t& size, std::uint32_t spareBytes);
   bool openStream(const char* fullName);
+  bool openCached(const std::string& path);
+  void setStreamBuffer(std::streambuf* buffer);
 
+  std::unique_ptr<std::streambuf> cached_;  // while a file of the cache is open (file_cache.h)
   std::fstream stream_;
   std::int32_t openFlags_ = kFlagsNotChosen;
   bool hasSize_ = false;  // a regular file; a pipe or a device opens, but has no size

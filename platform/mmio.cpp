@@ -9,6 +9,7 @@
 #include <string>
 
 #include "foundation/byte_order.h"
+#include "platform/file_cache.h"
 #include "platform/host_path.h"
 #include "platform/transfer.h"
 
@@ -48,9 +49,12 @@ class MmioFile {
   std::uint64_t size = 0;
 
  private:
+  bool openCached(const std::string& path);
+  bool openOnDisk(const std::string& path);
   std::size_t readBuffered(std::uint8_t* destination, std::size_t count);
   std::size_t readStream(std::uint8_t* destination, std::size_t count);
 
+  std::unique_ptr<std::streambuf> cached_;  // if the file is one of the cache
   std::ifstream stream_;
   std::uint64_t streamPosition_ = 0;
   std::array<std::uint8_t, kBufferSize> buffer_{};
@@ -58,9 +62,27 @@ class MmioFile {
   std::size_t buffered_ = 0;
 };
 
-bool MmioFile::open(const std::string& path) {
+bool MmioFile::openCached(const std::string& path) {
+  cached_ = openCachedFile(path);
+  if (cached_) {
+    static_cast<std::ios&>(stream_).rdbuf(cached_.get());
+  }
+  return cached_ != nullptr;
+}
+
+bool MmioFile::openOnDisk(const std::string& path) {
+  if (pathKind(path.c_str()) != PathKind::file) {
+    return false;
+  }
   stream_.rdbuf()->pubsetbuf(nullptr, 0);  // `buffer_` is the only buffer
   stream_.open(path, std::ios::in | std::ios::binary);
+  return true;
+}
+
+bool MmioFile::open(const std::string& path) {
+  if (!openCached(path) && !openOnDisk(path)) {
+    return false;
+  }
   stream_.seekg(0, std::ios::end);
   const std::streamoff end = stream_.tellg();
   if (!stream_ || end < 0) {
@@ -162,12 +184,8 @@ MmioHandle mmioOpenA(const char* name, const void* /*info*/, std::uint32_t /*fla
     return nullptr;
   }
   try {
-    const std::string path = hostPath(name);
-    if (pathKind(path.c_str()) != PathKind::file) {
-      return nullptr;
-    }
     auto file = std::make_unique<MmioFile>();
-    return file->open(path) ? file.release() : nullptr;
+    return file->open(hostPath(name)) ? file.release() : nullptr;
   } catch (const std::bad_alloc&) {
     return nullptr;
   }

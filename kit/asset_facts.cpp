@@ -1,5 +1,8 @@
 #include "kit/asset_facts.h"
 
+#include <array>
+
+#include "compiler/bank_format.h"
 #include "kit/captured_console.h"
 #include "midi/sequence_summary.h"
 
@@ -38,6 +41,12 @@ WaveFacts waveFacts(const tavrel_asset& asset) {
     }
   }
   return facts;
+}
+
+const char* toneBankType(const tavrel_asset& asset) {
+  constexpr std::array<const char*, 2> kTypes{"drum", "melodic"};
+  const auto value = static_cast<std::uint32_t>(asset.parameters[kToneBankType]);
+  return value < kTypes.size() ? kTypes[value] : "";
 }
 
 std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter) {

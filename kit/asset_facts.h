@@ -25,6 +25,9 @@ struct WaveFacts {
 /// `asset` must be a wave.
 WaveFacts waveFacts(const tavrel_asset& asset);
 
+/// Returns "drum" or "melodic" for a tone bank, or the empty string for another value.
+const char* toneBankType(const tavrel_asset& asset);
+
 /// Returns beats per minute for a tempo in microseconds per quarter note; nothing for 0.
 std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter);
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace tavrel::kit {
 
@@ -64,6 +63,10 @@ std::string displayText(std::string_view text) {
 std::size_t displayWidth(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
+}
+
+std::string countText(std::uint64_t count, std::string_view noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
 std::string durationText(double seconds) {

@@ -1,6 +1,7 @@
 // Text as it may be shown on a terminal and put into JSON.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ std::string displayText(std::string_view text);
 
 /// Returns how many characters of a terminal `text`, valid UTF-8, takes: its code points.
 std::size_t displayWidth(std::string_view text);
+
+/// Returns a number and what is counted: "1 voice", "2 voices".
+std::string countText(std::uint64_t count, std::string_view noun);
 
 /// Returns a duration as minutes, seconds and milliseconds: "1:02.500".
 std::string durationText(double seconds);

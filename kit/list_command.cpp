@@ -6,7 +6,7 @@
 
 #include "compiler/bank_format.h"
 #include "kit/asset_facts.h"
-#include "kit/bank_layout.h"
+#include "kit/bank_json.h"
 #include "kit/commands.h"
 #include "kit/display_text.h"
 #include "kit/json.h"
@@ -18,125 +18,62 @@ namespace tavrel::kit {
 
 namespace {
 
-/// What the list says of one asset, as JSON and as the cells of its line.
-struct Entry {
-  std::string key{};  ///< under which `json` stands in the asset's object; empty if it has no more
-  Json json{};
+/// The cells of an asset's line that depend on its type.
+struct Cells {
   std::string rate{}, bits{}, length{}, loop{}, details{};
   double seconds = 0;  ///< 0 where the length isn't known
 };
 
-Json numberOrNull(const std::optional<double>& value, int decimals) {
-  return value ? Json(rounded(*value, decimals)) : Json(nullptr);
+/// Sets the length, "?" if it isn't known.
+void setLength(Cells& cells, const std::optional<double>& seconds) {
+  cells.seconds = seconds.value_or(0);
+  cells.length = seconds ? durationText(*seconds) : "?";
 }
 
-Entry waveEntry(const tavrel_asset& asset) {
+Cells waveCells(const tavrel_asset& asset) {
   const WaveFacts wave = waveFacts(asset);
-  Entry entry{.key = "wave"};
-  entry.json = {{"sampleRate", wave.sampleRate},
-                {"bits", wave.bits},
-                {"encoding", wave.encoding},
-                {"samples", wave.samples ? Json(*wave.samples) : Json(nullptr)},
-                {"seconds", numberOrNull(wave.seconds, 4)},
-                {"randomPitchAmount", wave.randomPitchAmount},
-                {"loop", nullptr}};
-  if (wave.loops) {
-    entry.json["loop"] = {{"start", wave.loopStart}, {"end", wave.loopEnd}};
-    entry.loop = fmt::format("{}-{}", wave.loopStart, wave.loopEnd);
-  }
-  entry.rate = std::to_string(wave.sampleRate);
-  entry.bits = std::to_string(wave.bits);
-  entry.length = wave.seconds ? durationText(*wave.seconds) : "?";
-  entry.details = wave.encoding;
+  Cells cells{.rate = std::to_string(wave.sampleRate),
+              .bits = std::to_string(wave.bits),
+              .loop = wave.loops ? fmt::format("{}-{}", wave.loopStart, wave.loopEnd) : "",
+              .details = wave.encoding};
+  setLength(cells, wave.seconds);
   if (wave.randomPitchAmount != 0) {
-    entry.details += fmt::format(", random pitch {}", wave.randomPitchAmount);
+    cells.details += fmt::format(", random pitch {}", wave.randomPitchAmount);
   }
-  entry.seconds = wave.seconds.value_or(0);
-  return entry;
+  return cells;
 }
 
-/// Returns the number as JSON, or null for a sequence that breaks off.
-Json countOrNull(bool isWhole, std::uint32_t count) {
-  return isWhole ? Json(count) : Json(nullptr);
-}
-
-Entry sequenceEntry(BankFile& bank, const tavrel_asset& asset) {
+Cells sequenceCells(BankFile& bank, const tavrel_asset& asset) {
   const auto& parameters = asset.parameters;
   SequenceSummary sequence;
   const bool isWhole = summarizeSequence(bank, asset, sequence);
   const auto bpm = beatsPerMinute(parameters[sequenceTempo]);
-  Entry entry{.key = "sequence"};
-  entry.json = {{"division", parameters[sequenceDivision]},
-                {"microsecondsPerQuarter", parameters[sequenceTempo]},
-                {"bpm", numberOrNull(bpm, 2)},
-                {"volume", parameters[sequenceVolume]},
-                {"gmMode", parameters[sequenceGmMode]},
-                {"loop", parameters[sequenceLoop]},
-                {"events", countOrNull(isWhole, sequence.events)},
-                {"seconds", numberOrNull(sequence.seconds, 4)},
-                {"polyphony", countOrNull(isWhole, sequence.polyphony)}};
-  entry.seconds = sequence.seconds.value_or(0);
-  entry.length = sequence.seconds ? durationText(entry.seconds) : "?";
-  entry.loop = parameters[sequenceLoop] != 0 ? std::to_string(parameters[sequenceLoop]) : "";
-  entry.details = bpm ? fmt::format("{:.2f} bpm, ", *bpm) : "no tempo, ";
-  entry.details += fmt::format("division {}, volume {}, GM mode {}", parameters[sequenceDivision],
-                               parameters[sequenceVolume], parameters[sequenceGmMode]);
-  entry.details += isWhole
-                       ? fmt::format(", {} events, {} voices", sequence.events, sequence.polyphony)
-                       : ", breaks off";
-  return entry;
+  Cells cells;
+  setLength(cells, sequence.seconds);
+  cells.loop = parameters[sequenceLoop] != 0 ? std::to_string(parameters[sequenceLoop]) : "";
+  cells.details = fmt::format(
+      "{}, division {}, volume {}, GM mode {}, {}",
+      bpm ? fmt::format("{:.2f} bpm", *bpm) : "no tempo", parameters[sequenceDivision],
+      parameters[sequenceVolume], parameters[sequenceGmMode],
+      isWhole ? countText(sequence.events, "event") + ", " + countText(sequence.polyphony, "voice")
+              : "breaks off");
+  return cells;
 }
 
-Entry toneBankEntry(const tavrel_asset& asset) {
-  constexpr std::array<const char*, 2> kTypes{"drum", "melodic"};
-  const auto value = static_cast<std::uint32_t>(asset.parameters[kToneBankType]);
-  const Json type = value < kTypes.size() ? Json(kTypes[value]) : Json(nullptr);
-  return {.key = "toneBank",
-          .json = {{"bankType", type}},
-          .details = value < kTypes.size() ? kTypes[value] : "unknown bank type"};
-}
-
-Entry userAssetEntry(const tavrel_asset& asset) {
-  return {.details = fmt::format("parameters {}", fmt::join(asset.parameters, " "))};
-}
-
-Entry describe(BankFile& bank, const tavrel_asset& asset) {
+/// Returns the cells that are special for the asset's type.
+Cells describe(BankFile& bank, const tavrel_asset& asset) {
   switch (asset.type) {
     case TAVREL_WAVE:
-      return waveEntry(asset);
+      return waveCells(asset);
     case TAVREL_SEQUENCE:
-      return sequenceEntry(bank, asset);
+      return sequenceCells(bank, asset);
     case TAVREL_TONE_BANK:
-      return toneBankEntry(asset);
+      return {.details = *toneBankType(asset) != '\0' ? toneBankType(asset) : "unknown bank type"};
     case TAVREL_USER_ASSET:
-      return userAssetEntry(asset);
+      return {.details = fmt::format("parameters {}", fmt::join(asset.parameters, " "))};
     default:
       return {};
   }
-}
-
-std::string listAsJson(NamedBank& bank) {
-  Json assets = Json::array();
-  for (std::size_t id = 0; id < bank.assets().size(); ++id) {
-    const tavrel_asset& asset = bank.assets()[id];
-    Json row = {{"id", id},
-                {"define", textOrNull(displayText(bank.defines[id]))},
-                {"type", typeName(asset.type)},
-                {"offset", asset.offset},
-                {"bytes", asset.size},
-                {"parameters", asset.parameters}};
-    const Entry entry = describe(bank.file, asset);
-    if (!entry.key.empty()) {
-      row[entry.key] = entry.json;
-    }
-    assets.push_back(std::move(row));
-  }
-  return documentText({{"format", 1},
-                       {"bank", displayText(bank.file.path)},
-                       {"bytes", bank.file.size},
-                       {"dataBytes", dataBytes(bank.file)},
-                       {"headerBytes", headerBytes(bank.file)},
-                       {"assets", std::move(assets)}});
 }
 
 /// Sums of all assets of one type.
@@ -182,20 +119,20 @@ std::string listAsText(NamedBank& bank) {
   Totals totals{};
   for (std::size_t id = 0; id < bank.assets().size(); ++id) {
     const tavrel_asset& asset = bank.assets()[id];
-    const Entry entry = describe(bank.file, asset);
-    table.add({std::to_string(id), displayText(bank.defines[id]), typeName(asset.type), entry.rate,
-               entry.bits, std::to_string(asset.size), entry.length, entry.loop, entry.details});
+    const Cells cells = describe(bank.file, asset);
+    table.add({std::to_string(id), displayText(bank.defines[id]), typeName(asset.type), cells.rate,
+               cells.bits, std::to_string(asset.size), cells.length, cells.loop, cells.details});
     Total& total = totals[asset.type < totals.size() ? asset.type : 0];
     ++total.assets;
     total.bytes += asset.size;
-    total.seconds += entry.seconds;
+    total.seconds += cells.seconds;
   }
   return table.text() + '\n' + totalsText(totals, bank.file);
 }
 
 int runList(const Arguments& arguments, Output& output) {
   NamedBank bank = openNamedBank(arguments);
-  output.results = arguments.has("--json") ? listAsJson(bank) : listAsText(bank);
+  output.results = arguments.has("--json") ? documentText(bankAsJson(bank)) : listAsText(bank);
   return exitYes;
 }
 

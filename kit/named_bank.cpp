@@ -21,13 +21,16 @@ std::string headerNextTo(const std::string& bankPath) {
 
 /// Returns the header next to the bank if it is one that the tool has made.
 std::optional<BankHeader> findHeader(const std::string& path) {
+  if (pathKind(hostPath(path.c_str()).c_str()) != PathKind::file) {
+    return std::nullopt;  // without an exception, whose cost is that of a thousand assets
+  }
   try {
     BankHeader header = parseHeader(readFile(path));
     if (header.isGenerated) {
       return header;
     }
   } catch (const Failure&) {
-    // No header next to the bank is nothing unusual.
+    // An unreadable file next to the bank is no header.
   }
   return std::nullopt;
 }

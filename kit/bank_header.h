@@ -21,6 +21,8 @@ namespace tavrel::kit {
 struct HeaderDefine {
   std::string name;
   std::string value;  ///< the rest of the line, without blanks around it; empty for the guard
+
+  bool operator==(const HeaderDefine&) const = default;
 };
 
 struct BankHeader {

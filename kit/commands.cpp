@@ -7,6 +7,7 @@ const std::vector<Command>& commands() {
       listCommand(),
       verifyCommand(),
       extractCommand(),
+      diffCommand(),
   };
   return kCommands;
 }

@@ -1,0 +1,93 @@
+"""The JSON documents of tavkit are valid under their schemas, those of damaged banks too.
+
+schemas_test.py TAVREL TAVKIT
+"""
+
+import json
+import pathlib
+import random
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import jsonschema
+
+SCHEMAS = pathlib.Path(__file__).parents[2] / "kit" / "schemas"
+TAVREL, TAVKIT = (str(pathlib.Path(path).resolve()) for path in sys.argv[1:3])
+
+WAVE = struct.pack("<4sI4s4sIHHIIHH4sI", b"RIFF", 236, b"WAVE", b"fmt ", 16, 1, 1, 8000, 16000, 2,
+                   16, b"data", 200) + bytes(range(200))
+TRACK = b"\0\xFF\x51\3\7\xA1\x20\0\x90\x3C\x64\x60\x90\x3C\0\0\xFF\x2F\0"
+SEQUENCE = struct.pack(">4sIHHH4sI", b"MThd", 6, 0, 1, 96, b"MTrk", len(TRACK)) + TRACK
+SCRIPT = """BankFileName sfx.tvb
+WaveFile a.wav SampleRate 8000 Adpcm 1 AssetEnd
+WaveFile b.wav SampleRate 8000 Loop 1 AssetEnd
+MidiFileType0 c.mid AssetEnd
+MidiToneBank d.dat BankType Melodic AssetEnd
+FxProgramBank e.dat AssetEnd
+UserAsset f.dat Parameter7 -1 AssetEnd
+ScriptEnd
+"""
+
+
+class SchemasTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.validators = {}
+        for path in SCHEMAS.glob("*.json"):
+            schema = json.loads(path.read_text())
+            jsonschema.Draft202012Validator.check_schema(schema)
+            self.validators[path.stem] = jsonschema.Draft202012Validator(schema)
+
+    def pack(self, name, script):
+        folder = self.folder / name
+        folder.mkdir()
+        for asset in "abcdef":
+            extension = {"a": "wav", "b": "wav", "c": "mid"}.get(asset, "dat")
+            content = {"wav": WAVE, "mid": SEQUENCE}.get(extension, b"opaque")
+            (folder / f"{asset}.{extension}").write_bytes(content)
+        (folder / "sfx.txt").write_text(script)
+        subprocess.run([TAVREL, "sfx.txt"], cwd=folder, check=True, stdout=subprocess.DEVNULL)
+        return folder / "sfx.tvb"
+
+    def validate(self, command, *operands):
+        run = subprocess.run([TAVKIT, command, "--json", *operands], capture_output=True)
+        self.assertIn(run.returncode, (0, 1, 2), run.stderr)
+        if run.returncode == 2:
+            self.assertEqual(run.stdout, b"")
+            return None
+        document = json.loads(run.stdout.decode())
+        self.validators[command].validate(document)
+        return document
+
+    def test_whole_banks(self):
+        bank = self.pack("old", SCRIPT)
+        other = self.pack("new", SCRIPT.replace("UserAsset", "FxOutputBank d.dat AssetEnd UserAsset"))
+        self.assertEqual(len(self.validate("list", bank)["assets"]), 6)
+        self.assertIsNone(self.validate("list", "--no-header", bank)["assets"][0]["define"])
+        self.assertTrue(self.validate("diff", bank, bank)["same"])
+        self.assertEqual(len(self.validate("diff", bank, other)["assets"]), 2)
+        self.assertIsNone(self.validate("diff", "--no-header", bank, bank)["rebuild"])
+
+    def test_damaged_banks(self):
+        bank = self.pack("old", SCRIPT)
+        whole = bank.read_bytes()
+        damaged = bank.with_name("damaged.tvb")
+        generator = random.Random(1)
+        for _ in range(60):
+            content = bytearray(whole)
+            for _ in range(generator.randrange(1, 4)):
+                content[generator.randrange(4, 4 + 44 * 6 + 100)] = generator.randrange(256)
+            damaged.write_bytes(content)
+            self.validate("list", damaged)
+            self.validate("diff", bank, damaged)
+            if "verify" in self.validators:
+                self.validate("verify", damaged)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -9,6 +9,7 @@
 // | blocks15000.txt, blocks30000.txt, tiny.dat | scripts with many blocks and little payload |
 // | tempo.txt, tempo.mid | a tempo after 8 MB of other events |
 // | empty.txt | a bank without assets |
+// | sparse.tvb | a bank of 1 GiB with 1,000 waves, whose blobs take no room on the disk |
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -143,6 +144,21 @@ void makeLateTempo() {
   writeScript("tempo", "MidiFileType0 tempo.mid\nAssetEnd\n");
 }
 
+void makeSparseBank() {
+  constexpr std::size_t kAssets = 1000;
+  constexpr std::size_t kSize = std::size_t{1} << 30U;
+  constexpr std::size_t kTableSize = 4 + kAssets * 44;
+  constexpr std::size_t kBlobSize = (kSize - kTableSize) / kAssets / 4 * 4;
+  std::string table = littleEndian(kAssets, 4);
+  for (std::size_t id = 0; id < kAssets; ++id) {
+    table += littleEndian(1, 4) + littleEndian(kTableSize + id * kBlobSize, 4) +
+             littleEndian(kBlobSize, 4) + littleEndian(22050, 4) + littleEndian(0, 4) +
+             littleEndian(16, 4) + std::string(std::size_t{5} * 4, '\0');
+  }
+  writeFile("sparse.tvb", table);
+  std::filesystem::resize_file("sparse.tvb", kSize);
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -158,5 +174,6 @@ int main(int argumentCount, char** arguments) {
   makeManyBlocks();
   makeLateTempo();
   writeScript("empty", "");
+  makeSparseBank();
   return 0;
 }

@@ -152,10 +152,9 @@ void runAll(const std::string& tavrel) {
                {"ffmpeg.wav"}};
   };
 
-  const Run extracted{{std::filesystem::path(tavrel).replace_filename("tavkit"), "extract",
-                       "compress.tvb", "-o", "extracted"},
-                      "/dev/null",
-                      {"extracted/long.wav"}};
+  const std::string tavkit = std::filesystem::path(tavrel).replace_filename("tavkit");
+  const Run extracted{
+      {tavkit, "extract", "compress.tvb", "-o", "extracted"}, "/dev/null", {"extracted/long.wav"}};
   const Run decoded{{"ffmpeg", "-nostdin", "-loglevel", "error", "-i", "ffmpeg.wav", "decoded.wav"},
                     "/dev/null",
                     {"decoded.wav"}};
@@ -177,6 +176,15 @@ void runAll(const std::string& tavrel) {
            0.2,
            20});
 
+  const Cost listRun = compare(
+      {"List a bank of 1 GiB / true", {{tavkit, "list", "sparse.tvb"}}, {{"true"}}, 5, 500});
+  compare({"List a bank of 1 GiB as JSON / true",
+           {{tavkit, "list", "--json", "sparse.tvb"}},
+           {{"true"}},
+           5,
+           500});
+
+  weigh("Memory to list a bank of 1 GiB / 6 MiB", listRun, 6 * kMebibyte, 0);
   weigh("Memory for 2,000 small WAVs / payloads + a file", smallRun, sumOfSizes(small),
         sizeOf("small/1999.wav"));
   weigh("Memory for 1 GiB of assets / payloads + a file", opaqueRun, sumOfSizes(opaque),

@@ -133,7 +133,7 @@ bool DiskFile::openCached(const std::string& path) {
     return false;
   }
   setStreamBuffer(cached_.get());
-  hasNoSize_ = false;
+  hasSize_ = true;
   return true;
 }
 

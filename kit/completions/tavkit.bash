@@ -13,25 +13,32 @@ _tavkit() {
   local current=$2 previous=$3 command=${COMP_WORDS[1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _tavkit_words 'list extract -h --help --version'
+    _tavkit_words 'list verify extract diff -h --help --version'
     return
   fi
   case $command:$previous in
     list:--header) _tavkit_files ''; return ;;
+    verify:--header) _tavkit_files ''; return ;;
     extract:-o | extract:--output) _tavkit_files '*'; return ;;
     extract:--channels) :; return ;;
     extract:--header) _tavkit_files ''; return ;;
+    diff:--old-header) _tavkit_files ''; return ;;
+    diff:--new-header) _tavkit_files ''; return ;;
   esac
   if [[ $current == -* ]]; then
     case $command in
       list) _tavkit_words '--header --no-header --json -h --help --version' ;;
+      verify) _tavkit_words '--header --no-header --json -h --help --version' ;;
       extract) _tavkit_words '-o --output --raw --channels --force --header --no-header -h --help --version' ;;
+      diff) _tavkit_words '--old-header --new-header --no-header --ids --json -h --help --version' ;;
     esac
     return
   fi
   case $command in
     list) _tavkit_files '!*.tvb' ;;
+    verify) _tavkit_files '!*.tvb' ;;
     extract) _tavkit_files '!*.tvb' ;;
+    diff) _tavkit_files '!*.tvb' ;;
   esac
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <set>
 #include <unordered_map>
 
@@ -56,6 +57,14 @@ class DefineIndex {
   Index short_;
 };
 
+/// Reads an id. Leading zeros are allowed, as extracted files have them in their names.
+std::optional<std::uint32_t> idFromWord(std::string_view word) {
+  while (word.size() > 1 && word.front() == '0') {
+    word.remove_prefix(1);
+  }
+  return decimal(word);
+}
+
 [[noreturn]] void failUnknown(const NamedBank& bank, const std::string& word) {
   std::vector<std::string> candidates = bank.defines;
   for (std::uint32_t id = 0; id < bank.assets().size(); ++id) {
@@ -83,7 +92,7 @@ std::vector<std::uint32_t> chosenAssets(const NamedBank& bank,
   const DefineIndex index(bank);
   std::set<std::uint32_t> chosen;
   for (const std::string& word : words) {
-    const auto id = decimal(word);
+    const auto id = idFromWord(word);
     if (id && *id < count) {
       chosen.insert(*id);
       continue;

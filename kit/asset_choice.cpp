@@ -6,7 +6,6 @@
 #include <set>
 #include <unordered_map>
 
-#include "kit/display_text.h"
 #include "kit/failure.h"
 #include "kit/nearest.h"
 
@@ -70,8 +69,8 @@ std::optional<std::uint32_t> idFromWord(std::string_view word) {
   for (std::uint32_t id = 0; id < bank.assets().size(); ++id) {
     candidates.emplace_back(defineWithoutPrefix(bank, id));
   }
-  throw Failure(fmt::format("{} has no asset {}{}", displayText(bank.file.path), displayText(word),
-                            displayText(didYouMean(word, candidates))));
+  throw Failure(
+      fmt::format("{} has no asset {}{}", bank.file.path, word, didYouMean(word, candidates)));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "kit/arguments.h"
 #include "kit/colour.h"
 #include "kit/commands.h"
+#include "kit/display_text.h"
 #include "kit/failure.h"
 #include "kit/help.h"
 #include "kit/nearest.h"
@@ -135,9 +136,15 @@ int dispatch(const std::vector<std::string>& arguments, Output& output) {
   return runCommand(findCommand(first), {arguments.begin() + 1, arguments.end()}, output);
 }
 
+/// Reports a failure. `message` can have several lines.
 int fail(Output& output, std::string_view message) {
   output.results.clear();
-  output.messages += fmt::format("tavkit: {}\n", message);
+  output.messages += "tavkit: ";
+  for (std::size_t start = 0; start < message.size();) {
+    const std::size_t end = std::min(message.find('\n', start), message.size());
+    output.messages += displayText(message.substr(start, end - start)) + '\n';
+    start = end + 1;
+  }
   return exitFailed;
 }
 

@@ -42,7 +42,7 @@ bool makeFolder(const std::string& folder) {
   }
   std::error_code error;
   if (!fs::create_directory(folder, error)) {
-    throw Failure(fmt::format("can't make the folder {}: {}", displayText(folder),
+    throw Failure(fmt::format("can't make the folder {}: {}", folder,
                               error ? error.message() : "a file has this name"));
   }
   return true;

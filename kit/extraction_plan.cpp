@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "kit/asset_choice.h"
-#include "kit/display_text.h"
 #include "kit/extracted_names.h"
 #include "kit/failure.h"
 #include "platform/host_path.h"
@@ -50,7 +49,7 @@ ExtractedFile fileOf(const tavrel_asset& asset, std::uint32_t id, const std::str
   if (becomesWav(asset, request)) {
     file.wave = describeExport(asset, request.channels);
     if (!fitsWaveFile(file.wave->format, file.wave->sampleBytes)) {
-      throw Failure(fmt::format("{} is too long for a WAV file; use --raw", displayText(name)));
+      throw Failure(fmt::format("{} is too long for a WAV file; use --raw", name));
     }
   }
   return file;
@@ -70,16 +69,15 @@ void checkTarget(const ExtractedFile& file, const NamedBank& bank,
   if (!fs::exists(status)) {
     return;
   }
-  const std::string path = displayText(file.path);
   if (!request.replaces) {
-    throw Failure(fmt::format("{} exists already; --force replaces it", path));
+    throw Failure(fmt::format("{} exists already; --force replaces it", file.path));
   }
   if (!fs::is_regular_file(status) && !fs::is_symlink(status)) {
-    throw Failure(fmt::format("can't replace {}: it isn't a file", path));
+    throw Failure(fmt::format("can't replace {}: it isn't a file", file.path));
   }
   if (fs::is_regular_file(status) &&
       (isSameFile(file.path, bank.file.path) || isSameFile(file.path, bank.headerPath))) {
-    throw Failure(fmt::format("can't replace {}: it is the bank or its header", path));
+    throw Failure(fmt::format("can't replace {}: it is the bank or its header", file.path));
   }
 }
 

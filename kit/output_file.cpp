@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "kit/display_text.h"
 #include "kit/failure.h"
 
 namespace tavrel::kit {
@@ -20,7 +19,7 @@ void OutputFile::finish() {
 
 void OutputFile::check(const std::error_code& error) const {
   if (error) {
-    throw Failure(fmt::format("can't write {}: {}", displayText(path_), error.message()));
+    throw Failure(fmt::format("can't write {}: {}", path_, error.message()));
   }
 }
 

@@ -162,7 +162,7 @@ TEST_F(ListTest, FailsWithoutResults) {
         Row{{bank_, "--json=1"}, "--json takes no value"}, Row{{bank_, "--header"}, "--header"},
         Row{{bank_, "--header", text + "h"}, "can't read"},
         Row{{text}, "is not a bank: bad number of assets"}, Row{{folder_.path()}, "folder"},
-        Row{{text + "s"}, "no such file"}}) {
+        Row{{text + "s"}, "no such file"}, Row{{"\x1B"}, "can't read \uFFFD: "}}) {
     SCOPED_TRACE(row.message);
     EXPECT_EQ(run(row.arguments), 2);
     EXPECT_EQ(output_.results, "");

@@ -13,6 +13,7 @@ import json
 import os
 import queue
 import random
+import re
 import resource
 import signal
 import subprocess
@@ -73,16 +74,18 @@ def all_mutants(files, paths):
 
 
 def read_equivalents(mutants):
-    """Returns the keys of the listed mutants, and names the rows that don't fit one line."""
-    by_text = {}
-    for mutant in mutants:
-        by_text.setdefault(mutant.key()[:3], []).append(mutant.key())
+    """Returns the keys of the listed mutants, and names the rows that don't fit.
+
+    A row fits one mutant, or any number if it has "..." for the parts in which they differ.
+    """
     listed = set()
     for row in EQUIVALENTS.read_text().splitlines()[1:]:
         file, before, after, _reason = row.split("\t")
-        keys = by_text.get((file, flat(before), flat(after)), [])
-        if len(keys) == 1:
-            listed.add(keys[0])
+        parts = "\t".join((file, flat(before), flat(after))).split("...")
+        pattern = re.compile(r"[^\t]*".join(map(re.escape, parts)))
+        keys = [m.key() for m in mutants if pattern.fullmatch("\t".join(m.key()[:3]))]
+        if len(keys) == 1 or (keys and len(parts) > 1):
+            listed.update(keys)
         else:
             print(f"mutate: fits {len(keys)} lines, ignored: {row}", file=sys.stderr)
     return listed

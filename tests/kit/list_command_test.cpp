@@ -168,6 +168,8 @@ TEST_F(ListTest, FailsWithoutResults) {
     EXPECT_EQ(output_.results, "");
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
   }
+  EXPECT_EQ(runCommandLine({"--help"}, output_), 0);
+  EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
   EXPECT_EQ(runCommandLine({"lits"}, output_), 2);
   EXPECT_THAT(output_.messages, HasSubstr("did you mean list?"));
 }

@@ -186,6 +186,18 @@ TEST(VerifyCommand, FindsDamageOfRecordsAndBlobs) {
       {"division", set(2, 0, 97), {{"division", 2}}},
       {"tempo", set(2, 5, 400001), {{"tempo", 2}}},
       {"no tempo", [](SmallBank& bank) { bank.assets[2].blob[24] = 1; }, {{"tempo", 2}}},
+      {"a first asset",
+       [](SmallBank& bank) {
+         std::swap(bank.assets[0], bank.assets[2]);
+         bank.assets[0].parameters[0] = bank.assets[0].parameters[5] = 1;
+       },
+       {{"division", 0}, {"tempo", 0}}},
+      {"a first loop",
+       [](SmallBank& bank) {
+         std::swap(bank.assets[0], bank.assets[1]);
+         bank.assets[0].parameters[5] = 1;
+       },
+       {{"loop", 0}}},
       {"an empty loop", set(1, 4, 6), {{"loop", 1}}},
       {"a loop beyond 6 bytes", set(1, 5, 7), {{"loop", 1}}},
       {"a loop beyond 3 words", set(1, 2, 16), {{"loop", 1}}},
@@ -244,6 +256,10 @@ TEST(VerifyCommand, PrintsALineForEachCheckAndEachFinding) {
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  unused-parameter" + asset));
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  loop" + asset + "its loop ends at 9, "));
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  define" + asset));
+  EXPECT_EQ(std::regex_replace(text, std::regex("(ok|FAIL)  +([^:]+):[^\n]+\n"), "$2 "),
+            "open gap padding length type parameter unused-parameter adpcm-length sequence "
+            "division tempo loop guard sizes file-name define duplicate missing-define "
+            "extra-define ");
   EXPECT_EQ(count(text, "ok    [^\n]+\n"), 19 - 3) << text;
   EXPECT_EQ(count(text, "\x1B"), 0) << text;
   const std::string bankAlone = runVerify(path, {"--no-header"}).output.results;

@@ -1,6 +1,7 @@
 #include "kit/asset_facts.h"
 
 #include <array>
+#include <new>
 
 #include "compiler/bank_format.h"
 #include "kit/captured_console.h"
@@ -55,15 +56,24 @@ std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter) {
   return tempo == 0 ? std::nullopt : std::optional(kMicrosecondsPerMinute / tempo);
 }
 
-bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file) {
+bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file,
+                  SequenceSummary& summary) {
   const CapturedConsole silence;
-  return file.useImage(bank.blob(asset), asset.size) && file.readHeaderChunk() &&
-         file.readTrackHeader();
+  const bool isWhole = file.useImage(bank.blob(asset), asset.size) && file.readHeaderChunk() &&
+                       file.readTrackHeader() && summarize(file, summary);
+  requireMemory(file);
+  return isWhole;
+}
+
+void requireMemory(const MidiFile& file) {
+  if (file.memoryRanOut) {
+    throw std::bad_alloc();
+  }
 }
 
 bool summarizeSequence(BankFile& bank, const tavrel_asset& asset, SequenceSummary& summary) {
   MidiFile file;
-  return readSequence(bank, asset, file) && summarize(file, summary);
+  return readSequence(bank, asset, file, summary);
 }
 
 }  // namespace tavrel::kit

@@ -31,12 +31,15 @@ const char* toneBankType(const tavrel_asset& asset);
 /// Returns beats per minute for a tempo in microseconds per quarter note; nothing for 0.
 std::optional<double> beatsPerMinute(std::int32_t microsecondsPerQuarter);
 
-/// Loads the sequence of `asset` from the bank into `file`, up to its first event. Returns false if
-/// its headers break off.
-bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file);
+/// Loads the sequence of `asset` from the bank into `file` and walks through it. Returns false,
+/// with `summary` unchanged, if it breaks off. Throws std::bad_alloc if memory runs out.
+bool readSequence(BankFile& bank, const tavrel_asset& asset, MidiFile& file,
+                  SequenceSummary& summary);
 
-/// Reads the sequence of `asset` from the bank. Returns false, with `summary` unchanged, if it
-/// breaks off.
+/// Throws std::bad_alloc if memory ran out for the last event that was read from `file`.
+void requireMemory(const MidiFile& file);
+
+/// As `readSequence`, for the summary alone.
 bool summarizeSequence(BankFile& bank, const tavrel_asset& asset, SequenceSummary& summary);
 
 }  // namespace tavrel::kit

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <new>
 
 #include "kit/arguments.h"
@@ -148,6 +150,12 @@ int fail(Output& output, std::string_view message) {
   return exitFailed;
 }
 
+/// Ends the program where an exception can't: the JSON library allocates memory in destructors.
+[[noreturn]] void exitOutOfMemory() {
+  std::fputs("tavkit: out of memory\n", stderr);
+  std::_Exit(exitFailed);
+}
+
 bool write(std::FILE* stream, const std::string& text) {
   errno = 0;
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
@@ -167,14 +175,14 @@ int runCommandLine(const std::vector<std::string>& arguments, Output& output) {
 }
 
 int runTavkit(int argumentCount, const char* const* arguments) {
+  std::set_terminate(exitOutOfMemory);
   Output output;
   output.isColoured = showsColours(stdout);
   int code = exitFailed;
   try {
     code = runCommandLine({arguments + 1, arguments + argumentCount}, output);
   } catch (const std::bad_alloc&) {
-    std::fputs("tavkit: out of memory\n", stderr);
-    return exitFailed;
+    exitOutOfMemory();
   }
   if (!write(stdout, output.results)) {
     write(stderr, fmt::format("tavkit: can't write standard output: {}\n", std::strerror(errno)));

@@ -1,9 +1,10 @@
 #include "kit/named_bank.h"
 
 #include <filesystem>
+#include <new>
+#include <utility>
 
 #include "compiler/names.h"
-#include "kit/failure.h"
 #include "kit/source_file.h"
 #include "platform/host_path.h"
 
@@ -11,31 +12,27 @@ namespace tavrel::kit {
 
 namespace {
 
-/// Returns the path of the header next to a bank.
-std::string headerNextTo(const std::string& bankPath) {
-  const std::filesystem::path bank(hostPath(bankPath.c_str()));
-  FileName header;
-  nameHeader(header, bank.filename().string().c_str());
-  return (bank.parent_path() / textOrEmpty(header.name)).string();
-}
-
-/// Returns the header next to the bank if it is one that the tool has made.
+/// Returns the header next to the bank if it is one that the tool has made. Throws Failure if there
+/// is a file that can't be read.
 std::optional<BankHeader> findHeader(const std::string& path) {
   if (pathKind(hostPath(path.c_str()).c_str()) != PathKind::file) {
-    return std::nullopt;  // without an exception, whose cost is that of a thousand assets
+    return std::nullopt;
   }
-  try {
-    BankHeader header = parseHeader(readFile(path));
-    if (header.isGenerated) {
-      return header;
-    }
-  } catch (const Failure&) {
-    // An unreadable file next to the bank is no header.
-  }
-  return std::nullopt;
+  BankHeader header = parseHeader(readFile(path));
+  return header.isGenerated ? std::optional(std::move(header)) : std::nullopt;
 }
 
 }  // namespace
+
+std::string headerName(const std::string& bankPath) {
+  const std::filesystem::path bank(hostPath(bankPath.c_str()));
+  FileName header;
+  nameHeader(header, bank.filename().string().c_str());
+  if (!header.name) {
+    throw std::bad_alloc();
+  }
+  return header.name.get();
+}
 
 NamedBank withHeader(BankFile file, const HeaderChoice& choice) {
   NamedBank bank{.file = std::move(file), .header = {}, .headerPath = {}, .defines = {}};
@@ -43,7 +40,8 @@ NamedBank withHeader(BankFile file, const HeaderChoice& choice) {
     bank.headerPath = *choice.path;
     bank.header = parseHeader(readFile(*choice.path));
   } else if (!choice.none) {
-    bank.headerPath = headerNextTo(bank.file.path);
+    const std::filesystem::path path(hostPath(bank.file.path.c_str()));
+    bank.headerPath = (path.parent_path() / headerName(bank.file.path)).string();
     bank.header = findHeader(bank.headerPath);
   }
   const auto count = static_cast<std::uint32_t>(bank.assets().size());

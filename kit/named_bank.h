@@ -21,6 +21,9 @@ struct NamedBank {
   [[nodiscard]] const std::vector<tavrel_asset>& assets() const { return file.assets; }
 };
 
+/// Returns the name that the tool would give to the header of a bank, without a path.
+std::string headerName(const std::string& bankPath);
+
 /// Where the header of a bank comes from.
 struct HeaderChoice {
   std::optional<std::string> path{};  ///< a header that was named; it must be readable
@@ -29,7 +32,7 @@ struct HeaderChoice {
 
 /// Reads the header of a bank that is open. Without a choice it is the file next to the bank under
 /// the name that the tool would give it; if that is missing or nothing that the tool has made,
-/// there is no header.
+/// there is no header. Throws Failure if a header can't be read.
 NamedBank withHeader(BankFile file, const HeaderChoice& choice);
 
 /// The options that every command with an operand BANK has.

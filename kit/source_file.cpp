@@ -35,6 +35,9 @@ std::string readFile(const std::string& path) {
     case DiskFile::WholeRead::failed:
       break;
   }
+  if (file.error == FileName::kOutOfMemory) {
+    throw std::bad_alloc();
+  }
   throw Failure(fmt::format("can't read {}", path));
 }
 

@@ -19,13 +19,14 @@ SequenceFacts readFacts(BankFile& bank, const tavrel_asset& asset) {
   SequenceFacts facts;
   MidiFile file;
   SequenceSummary summary;
-  facts.isWhole = readSequence(bank, asset, file) && summarize(file, summary);
+  facts.isWhole = readSequence(bank, asset, file, summary);
   facts.division = static_cast<std::int16_t>(file.ppqn);
   file.runningStatus = 0;  // as before the first event
   std::uint32_t tempo = 0;
   if (facts.isWhole && file.firstTempo(tempo)) {
     facts.tempo = tempo;
   }
+  requireMemory(file);
   return facts;
 }
 

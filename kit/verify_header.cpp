@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <new>
 #include <set>
 
 #include "compiler/names.h"
@@ -13,7 +11,6 @@
 #include "kit/c_identifier.h"
 #include "kit/display_text.h"
 #include "kit/verify.h"
-#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
@@ -47,14 +44,8 @@ std::optional<std::uint32_t> idOf(const BankHeader& header, const HeaderDefine& 
 
 /// Returns the name of the header that the tool would write for the bank, up to its first dot.
 std::string baseName(const std::string& bankPath) {
-  const std::filesystem::path path(hostPath(bankPath.c_str()));
-  FileName header;
-  nameHeader(header, path.filename().string().c_str());
-  const char* name = header.getNameOnly();
-  if (name == nullptr) {
-    throw std::bad_alloc();
-  }
-  return name;
+  const std::string name = headerName(bankPath);
+  return name.substr(0, name.find('.'));
 }
 
 /// Returns what the header has, for a message.

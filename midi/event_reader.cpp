@@ -122,6 +122,7 @@ bool MidiFile::readSystem(MidiEvent& ev) { return readVarLen(ev.dataLength) && r
 
 bool MidiFile::readPayload(MidiEvent& ev) {
   ev.data = newBytes(ev.dataLength).release();
+  memoryRanOut = ev.data == nullptr && ev.dataLength <= static_cast<std::size_t>(imageEnd - cursor);
   return ev.data != nullptr && readBytes(ev.data, ev.dataLength);
 }
 

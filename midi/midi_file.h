@@ -123,6 +123,7 @@ class MidiFile {
   const std::uint8_t* cursor = nullptr;    ///< the next byte to read
   const std::uint8_t* imageEnd = nullptr;  ///< one past the last byte
   std::uint8_t atEnd = 0;                  ///< 1 after a read at the end of the image
+  bool memoryRanOut = false;               ///< for the content of the last event that was read
   std::uint32_t bytesRead = 0;             ///< since `loadImage`; a rewind doesn't change it
 
   // The header chunk, big-endian:

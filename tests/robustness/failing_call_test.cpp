@@ -1,67 +1,17 @@
-// Runs in which the nth allocation or file operation fails, for every n. The operators new and the
-// calls of the C library that this program replaces can fail.
-#include <dlfcn.h>
+// Runs in which the nth allocation or file operation fails, for every n.
 #include <gmock/gmock.h>
-#include <sys/syscall.h>
-#include <sys/uio.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <new>
 #include <regex>
 
 #include "compiler/run_driver.h"
 #include "platform/local_time.h"
 #include "platform/replace_file.h"
+#include "tests/robustness/failing_calls.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
 namespace {
-
-/// `noMemory` and `noSpace` last from the failing call on. With `readAtEnd` a file has shrunk.
-enum class Fault { none, oneAllocation, noMemory, noSpace, close, read, readAtEnd };
-
-/// The machine that this program runs on.
-struct {
-  Fault fault = Fault::none;
-  std::size_t callsLeft = 0;  // of the fault's kind, the failing one included
-  bool hasStruck = false;
-  std::ptrdiff_t blocks = 0;  // of memory, allocated less freed
-} machine;
-
-/// Counts one call. Returns true if the fault hits it.
-bool strikes(Fault fault) {
-  const bool isLasting = fault == Fault::noMemory || fault == Fault::noSpace;
-  if (fault != machine.fault || (machine.hasStruck && !isLasting)) {
-    return false;
-  }
-  machine.hasStruck = machine.hasStruck || --machine.callsLeft == 0;
-  errno = EIO;  // not a reason to try again
-  return machine.hasStruck;
-}
-
-/// Writes to the standard streams never fail.
-bool isFull(int file) { return file > STDERR_FILENO && strikes(Fault::noSpace); }
-
-void* allocate(std::size_t size) {
-  const bool fails = strikes(Fault::oneAllocation) || strikes(Fault::noMemory);
-  void* block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
-  machine.blocks += block != nullptr ? 1 : 0;
-  return block;
-}
-
-void* allocateOrThrow(std::size_t size) {
-  void* block = allocate(size);
-  return block != nullptr ? block : throw std::bad_alloc();
-}
-
-void release(void* block) {
-  machine.blocks -= block != nullptr ? 1 : 0;
-  std::free(block);
-}
 
 /// Packs the example bank in this process. Its directory becomes the current directory, and the
 /// clock is stopped.
@@ -161,39 +111,3 @@ TEST(FailingReplacement, FullDiskIsReportedAndLeavesTheOldFile) {
 
 }  // namespace
 }  // namespace tavrel::test
-
-using namespace tavrel::test;
-
-void* operator new(size_t size) { return allocateOrThrow(size); }
-void* operator new[](size_t size) { return allocateOrThrow(size); }
-void* operator new(size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
-void* operator new[](size_t size, const std::nothrow_t& /*tag*/) noexcept { return allocate(size); }
-void operator delete(void* block) noexcept { release(block); }
-void operator delete[](void* block) noexcept { release(block); }
-void operator delete(void* block, size_t /*size*/) noexcept { release(block); }
-void operator delete[](void* block, size_t /*size*/) noexcept { release(block); }
-
-extern "C" {
-
-ssize_t write(int file, const void* bytes, size_t size) {
-  return isFull(file) ? -1 : syscall(SYS_write, file, bytes, size);
-}
-
-ssize_t writev(int file, const iovec* parts, int count) {
-  return isFull(file) ? -1 : syscall(SYS_writev, file, parts, count);
-}
-
-ssize_t read(int file, void* bytes, size_t size) {
-  if (strikes(Fault::read)) {
-    return -1;
-  }
-  return strikes(Fault::readAtEnd) ? 0 : syscall(SYS_read, file, bytes, size);
-}
-
-int fclose(FILE* file) {
-  static const auto original = reinterpret_cast<int (*)(FILE*)>(dlsym(RTLD_NEXT, "fclose"));
-  const int result = original(file);
-  return strikes(Fault::close) ? EOF : result;
-}
-
-}  // extern "C"

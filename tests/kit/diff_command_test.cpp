@@ -244,23 +244,5 @@ TEST_F(DiffTest, ChecksTheIdsOfDefines) {
   EXPECT_EQ(output_.results, "");
 }
 
-TEST_F(DiffTest, SurvivesAnyByte) {
-  const Version version{{user("ab"), user("cd")}, {"A", "B"}};
-  const std::string older = write("old", version);
-  const std::string newer = write("new", version);
-  for (const char* name : {"new/a.tvb", "new/a.h"}) {
-    const std::string whole = folder_.read(name);
-    for (std::size_t i = 0; i < whole.size(); ++i) {
-      std::string damaged = whole;
-      damaged[i] = static_cast<char>(~damaged[i]);
-      folder_.write(name, damaged);
-      const int code = run({older, newer, "--json"});
-      EXPECT_TRUE(code == 2 ? output_.results.empty() : Json::accept(output_.results)) << i;
-      run({newer, older, "--ids"});
-    }
-    folder_.write(name, whole);
-  }
-}
-
 }  // namespace
 }  // namespace tavrel::kit

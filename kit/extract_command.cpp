@@ -122,8 +122,8 @@ Command extractCommand() {
       .summary = "Write the assets of a bank to files",
       .description =
           "Writes all assets to files, or those that are named: by id, or by define, with or "
-          "without the bank's prefix and in any case. Prints a line for each thing that "
-          "a file can't hold as the bank has it.\n\n"
+          "without the bank's prefix and in any case. The extension is part of a define: boom_wav, "
+          "not boom. Prints a line for each thing that a file can't hold as the bank has it.\n\n"
           "Waves become WAV files. ADPCM is decoded to 16 bits, and a loop becomes a smpl chunk. A "
           "sample rate of 0 or below becomes 22050 Hz, and a loop that isn't inside the sound is "
           "left out. Samples of other widths than 4, 8, 16, 24 and 32 bits are written as they "

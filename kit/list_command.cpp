@@ -145,7 +145,9 @@ Command listCommand() {
       .summary = "List the assets of a bank",
       .description =
           "Prints one line for each asset: its id, define, type, sample rate, bits per sample, "
-          "size in bytes, length, loop and what else its type has. Totals by type follow.\n\n"
+          "size in bytes, length, loop and what else its type has. The loop of a wave is its first "
+          "sample and the one after its last, that of a sequence is the script's value. Totals by "
+          "type follow.\n\n"
           "Reads the bank's table alone, and the blobs of sequences for their length. The length "
           "of a wave is that of one channel: a bank doesn't know how many there are.",
       .example = "tavkit list sfx.tvb",

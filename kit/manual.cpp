@@ -74,7 +74,8 @@ constexpr const char* kConventions =
     "Results go to standard output, messages to standard error.\n"
     "A bank's generated header is found next to it, under the name that\n"
     ".Xr tavrel 1\n"
-    "gives it; without one, assets are called by their ids.\n"
+    "gives it: sfx.h for sfx.tvb.\n"
+    "Without one, assets are called by their ids.\n"
     "A define may be given with or without the prefix, in any case.\n"
     "Control characters in names are shown as U+FFFD.\n";
 

@@ -68,31 +68,46 @@ void addOption(CLI::App& app, const CommandOption& option, Arguments& arguments)
 void checkOperands(const Command& command, const Arguments& arguments) {
   const std::size_t count = arguments.operands.size();
   if (count < command.operands.fewest || count > command.operands.most) {
-    throw Failure(fmt::format("too {} operands\nUsage: {}",
-                              count > command.operands.most ? "many" : "few", usage(command)));
+    throw Failure(fmt::format("too {} operands", count > command.operands.most ? "many" : "few"),
+                  fmt::format("Usage: {}\n", usage(command)));
   }
 }
 
-/// Parses what follows the command's name.
+/// Takes what the parser has left: operands, "--", and options that the command doesn't have. After
+/// "--" there are operands alone.
+void takeOperands(const std::vector<std::string>& words, const Command& command,
+                  Arguments& arguments) {
+  bool isAfterMark = false;
+  for (const std::string& word : words) {
+    if (isAfterMark || !word.starts_with('-') || word == "-") {
+      arguments.operands.push_back(word);
+    } else if (word == "--") {
+      isAfterMark = true;
+    } else {
+      failUnknownOption(word, command);
+    }
+  }
+}
+
+/// Parses what follows the command's name. The parser isn't told of operands, because it would take
+/// one in brackets for a list.
 Arguments parse(const Command& command, std::vector<std::string> words) {
   Arguments arguments;
   CLI::App app;
   app.set_help_flag();
+  app.allow_windows_style_options(false);  // "/sounds/sfx.tvb" is a file
   app.allow_extras();
   const std::vector<CommandOption> options = joined(command.options, commonOptions());
   for (const CommandOption& option : options) {
     addOption(app, option, arguments);
   }
-  app.add_option("operands", arguments.operands);
   std::reverse(words.begin(), words.end());  // as this parser takes them
   try {
     app.parse(words);
   } catch (const CLI::ParseError& error) {
     throw Failure(error.what());
   }
-  if (!app.remaining().empty()) {
-    failUnknownOption(app.remaining().front(), command);
-  }
+  takeOperands(app.remaining(), command, arguments);
   return arguments;
 }
 
@@ -118,8 +133,11 @@ const Command& findCommand(const std::string& name) {
     }
     names.push_back(command.name);
   }
-  throw Failure(fmt::format("there is no command {}{}\nRun 'tavkit --help' for the commands.", name,
-                            didYouMean(name, names)));
+  for (const CommandOption& option : commonOptions()) {
+    names.push_back(longName(option));
+  }
+  throw Failure(fmt::format("there is no command {}{}", name, didYouMean(name, names)),
+                "Run 'tavkit --help' for the commands.\n");
 }
 
 int dispatch(const std::vector<std::string>& arguments, Output& output) {
@@ -133,20 +151,14 @@ int dispatch(const std::vector<std::string>& arguments, Output& output) {
     return exitYes;
   }
   if (first.empty()) {
-    throw Failure("no command\n\n" + programHelp());
+    throw Failure("no command", '\n' + programHelp());
   }
   return runCommand(findCommand(first), {arguments.begin() + 1, arguments.end()}, output);
 }
 
-/// Reports a failure. `message` can have several lines.
-int fail(Output& output, std::string_view message) {
+int fail(Output& output, std::string_view message, std::string_view advice = "") {
   output.results.clear();
-  output.messages += "tavkit: ";
-  for (std::size_t start = 0; start < message.size();) {
-    const std::size_t end = std::min(message.find('\n', start), message.size());
-    output.messages += displayText(message.substr(start, end - start)) + '\n';
-    start = end + 1;
-  }
+  output.messages += fmt::format("tavkit: {}\n{}", displayText(message), advice);
   return exitFailed;
 }
 
@@ -169,6 +181,8 @@ int runCommandLine(const std::vector<std::string>& arguments, Output& output) {
     return dispatch(arguments, output);
   } catch (const std::bad_alloc&) {
     return fail(output, "out of memory");
+  } catch (const Failure& failure) {
+    return fail(output, failure.what(), failure.advice());
   } catch (const std::exception& error) {
     return fail(output, error.what());
   }

@@ -162,7 +162,9 @@ TEST_F(ListTest, FailsWithoutResults) {
         Row{{bank_, "--json=1"}, "--json takes no value"}, Row{{bank_, "--header"}, "--header"},
         Row{{bank_, "--header", text + "h"}, "can't read"},
         Row{{text}, "is not a bank: bad number of assets"}, Row{{folder_.path()}, "folder"},
-        Row{{text + "s"}, "no such file"}, Row{{"\x1B"}, "can't read \uFFFD: "}}) {
+        Row{{text + "s"}, "no such file"}, Row{{"\x1B\n"}, "can't read \uFFFD\uFFFD: "},
+        Row{{"--", "--json"}, "can't read --json: "}, Row{{"[x]"}, "can't read [x]: "},
+        Row{{"/none"}, "can't read /none: "}}) {
     SCOPED_TRACE(row.message);
     EXPECT_EQ(run(row.arguments), 2);
     EXPECT_EQ(output_.results, "");
@@ -171,7 +173,9 @@ TEST_F(ListTest, FailsWithoutResults) {
   EXPECT_EQ(runCommandLine({"--help"}, output_), 0);
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
   EXPECT_EQ(runCommandLine({"lits"}, output_), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("did you mean list?"));
+  EXPECT_THAT(output_.messages, HasSubstr("did you mean list?\nRun "));
+  EXPECT_EQ(runCommandLine({"--verison"}, output_), 2);
+  EXPECT_THAT(output_.messages, HasSubstr("did you mean --version?"));
 }
 
 }  // namespace

@@ -8,11 +8,16 @@ namespace tavrel::kit {
 
 namespace {
 
+/// No column is wider, so that one long cell can't make every line as long. It is far more than any
+/// define that the tool writes.
+constexpr std::size_t kWidestColumn = 200;
+
 void appendLine(std::string& text, const std::vector<std::string>& cells,
                 const std::vector<Column>& columns, const std::vector<std::size_t>& widths) {
   std::string line;
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::string blanks(widths[i] - displayWidth(cells[i]), ' ');
+    const std::size_t width = displayWidth(cells[i]);
+    const std::string blanks(width < widths[i] ? widths[i] - width : 0, ' ');
     line += i > 0 ? "  " : "";
     line += columns[i].alignment == Alignment::right ? blanks + cells[i] : cells[i] + blanks;
   }
@@ -31,7 +36,7 @@ std::string TextTable::text() const {
     for (const std::vector<std::string>& row : rows_) {
       width = std::max(width, displayWidth(row[i]));
     }
-    widths.push_back(width);
+    widths.push_back(std::min(width, kWidestColumn));
   }
   std::string text;
   appendLine(text, headings, columns_, widths);

@@ -20,7 +20,8 @@ class TextTable {
   /// Adds a row with one cell, valid UTF-8, for each column.
   void add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
 
-  /// Returns the lines. Blanks at their ends are left out.
+  /// Returns the lines. Blanks at their ends are left out. Columns align unless a cell has more
+  /// than 200 characters.
   [[nodiscard]] std::string text() const;
 
  private:

@@ -73,6 +73,12 @@ TEST(TextTableTest, AlignsColumnsByCharacters) {
             "123  abcdef\n");
 }
 
+TEST(TextTableTest, LetsOneLongCellWidenNoOtherLineByMoreThan200Characters) {
+  TextTable table({{"a"}, {"b"}});
+  table.add({std::string(1000, 'x'), "1"});
+  EXPECT_EQ(table.text(), 'a' + std::string(201, ' ') + "b\n" + std::string(1000, 'x') + "  1\n");
+}
+
 TEST(BankHeaderTest, ReadsWhatTheToolWrites) {
   const BankHeader header = parseHeader(
       "//\tsfx.h\r\n"

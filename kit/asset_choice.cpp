@@ -78,8 +78,7 @@ std::optional<std::uint32_t> idFromWord(std::string_view word) {
 std::string_view defineWithoutPrefix(const NamedBank& bank, std::uint32_t id) {
   std::string_view define = bank.defines[id];
   const std::string_view prefix = bank.header ? std::string_view(bank.header->prefix) : "";
-  if (!prefix.empty() && define.size() > prefix.size() && define.starts_with(prefix) &&
-      define[prefix.size()] == '_') {
+  if (define.size() > prefix.size() && define.starts_with(prefix) && define[prefix.size()] == '_') {
     define.remove_prefix(prefix.size() + 1);
   }
   return define;

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <set>
 
 #include "kit/command_line.h"
@@ -164,6 +165,13 @@ TEST_F(ExtractTest, WritesOnlyTheAssetsThatAreNamed) {
     EXPECT_EQ(extract(row.words), 0) << output_.messages;
     EXPECT_EQ(filesIn("out"), row.files);
   }
+}
+
+TEST_F(ExtractTest, LeavesOutThePrefixOfABankWithoutAName) {
+  pack({{userAsset, "1"}});
+  folder_.write("sfx.h", std::regex_replace(test::headerOf({"A_DAT"}), std::regex("SFX_"), "_"));
+  EXPECT_EQ(extract({"a_dat"}), 0) << output_.messages;
+  EXPECT_THAT(filesIn("out"), ElementsAre("a.dat"));
 }
 
 TEST_F(ExtractTest, WritesNothingIfAnythingIsInTheWay) {

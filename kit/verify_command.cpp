@@ -14,13 +14,18 @@ namespace tavrel::kit {
 
 namespace {
 
+/// Longer defines, which the tool never writes, are left out of messages: each finding about an
+/// asset repeats its define, and a hostile header can cause any number of them.
+constexpr std::size_t kLongestDefine = 200;
+
 /// Returns the message of a finding with the asset that it is about in front.
 std::string fullMessage(const NamedBank& bank, const Finding& finding) {
   if (!finding.id || *finding.id >= bank.assets().size()) {
     return finding.message;
   }
   const std::string& define = bank.defines[*finding.id];
-  const std::string name = define.empty() ? "" : fmt::format(" ({})", displayText(define));
+  const bool isShown = !define.empty() && define.size() <= kLongestDefine;
+  const std::string name = isShown ? fmt::format(" ({})", displayText(define)) : "";
   return fmt::format("asset {}{}: {}", *finding.id, name, finding.message);
 }
 

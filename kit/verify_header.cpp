@@ -28,13 +28,21 @@ std::array<OwnDefine, 3> ownDefines(const BankHeader& header) {
            {header.prefix + '_' + kHeaderSizeDefine, header.headerSize}}};
 }
 
+/// Returns true if `name` is the prefix, a "_" and `ending`. Copies nothing: a prefix can be as
+/// long as the header, and this is asked for each define.
+bool isOwnName(std::string_view name, std::string_view prefix, std::string_view ending) {
+  return name.size() == prefix.size() + 1 + ending.size() && name.starts_with(prefix) &&
+         name[prefix.size()] == '_' && name.ends_with(ending);
+}
+
 /// Returns true if `define` has the name and the value of one of the bank's own three. Other
 /// defines are those of assets.
 bool repeatsOwn(const BankHeader& header, const HeaderDefine& define) {
-  const auto own = ownDefines(header);
-  return std::any_of(own.begin(), own.end(), [&define](const OwnDefine& row) {
-    return row.name == define.name && row.value == define.value;
-  });
+  const auto repeats = [&](const char* ending, const std::optional<std::string>& value) {
+    return value == define.value && isOwnName(define.name, header.prefix, ending);
+  };
+  return repeats(kFileNameDefine, header.fileName) || repeats(kDataSizeDefine, header.dataSize) ||
+         repeats(kHeaderSizeDefine, header.headerSize);
 }
 
 /// Returns the id that a define stands for, if it is the define of an asset.

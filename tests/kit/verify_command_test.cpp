@@ -243,6 +243,8 @@ TEST(VerifyCommand, PrintsALineForEachCheckAndEachFinding) {
   SmallBank bank;
   bank.assets[1].parameters = {44100, 1, 8, 50, 0, 9, 5};
   bank.replaceInHeader("SFX_V", "SFX\x1B_V");
+  bank.assets[0].parameters[7] = 1;
+  bank.replaceInHeader("SFX_U", std::string(201, 'U'));
   const std::string path = folder.write("sfx.tvb", bank.bytes());
   folder.write("sfx.h", bank.header);
   const auto count = [](const std::string& text, const char* line) {
@@ -252,12 +254,13 @@ TEST(VerifyCommand, PrintsALineForEachCheckAndEachFinding) {
 
   const std::string text = runVerify(path).output.results;
   const std::string asset = ": asset 1 (SFX\xEF\xBF\xBD_V): ";
+  EXPECT_THAT(text, testing::HasSubstr("\nFAIL  unused-parameter: asset 0: its parameter 7 "));
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  unused-parameter" + asset));
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  loop" + asset + "its loop ends at 9, "));
   EXPECT_THAT(text, testing::HasSubstr("\nFAIL  define" + asset));
   EXPECT_EQ(std::regex_replace(text, std::regex("(ok|FAIL)  +([^:]+):[^\n]+\n"), "$2 "),
-            "open gap padding length type parameter unused-parameter adpcm-length sequence "
-            "division tempo loop guard sizes file-name define duplicate missing-define "
+            "open gap padding length type parameter unused-parameter unused-parameter adpcm-length "
+            "sequence division tempo loop guard sizes file-name define duplicate missing-define "
             "extra-define ");
   EXPECT_EQ(count(text, "ok    [^\n]+\n"), 19 - 3) << text;
   EXPECT_EQ(count(text, "\x1B"), 0) << text;
@@ -267,7 +270,7 @@ TEST(VerifyCommand, PrintsALineForEachCheckAndEachFinding) {
   Output output;
   output.isColoured = true;
   runCommandLine({"verify", path}, output);
-  EXPECT_EQ(count(output.results, "\x1B\\[1;31mFAIL\x1B\\[0m  "), 3) << output.results;
+  EXPECT_EQ(count(output.results, "\x1B\\[1;31mFAIL\x1B\\[0m  "), 4) << output.results;
 }
 
 TEST(VerifyCommand, FailsOnlyIfThereIsNoAnswer) {

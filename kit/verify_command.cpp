@@ -54,8 +54,8 @@ std::string failureText(const std::string& code, const std::string& message, boo
 /// Returns what the verdicts don't cover.
 std::string limits(const Subject& subject) {
   const char* header = subject.bank.header ? "" : " the header, which is missing, and";
-  return fmt::format(", {} assets; not checked:{} the content of blobs that aren't sequences",
-                     subject.count(), header);
+  return fmt::format(", {}; not checked:{} the content of blobs that aren't sequences",
+                     countText(subject.count(), "asset"), header);
 }
 
 std::string asText(const Subject& subject, const std::vector<Verdict>& verdicts, bool isColoured) {

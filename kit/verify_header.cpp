@@ -56,6 +56,12 @@ std::string baseName(const std::string& bankPath) {
   return name.substr(0, name.find('.'));
 }
 
+/// Returns the guard that the tool would write for the bank; empty if its name is too long for one.
+std::string expectedGuard(const Subject& subject) {
+  Guard guard{};
+  return guardName(baseName(subject.file().path), guard) ? guard.data() : "";
+}
+
 /// Returns what the header has, for a message.
 std::string shown(const std::optional<std::string>& text) {
   return text && !text->empty() ? displayText(*text) : "missing";
@@ -63,18 +69,17 @@ std::string shown(const std::optional<std::string>& text) {
 
 void findWrongGuard(Subject& subject, Findings& findings) {
   const BankHeader& header = *subject.bank.header;
-  Guard guard{};
-  const bool fits = guardName(baseName(subject.file().path), guard);
-  if (!fits) {
+  const std::string guard = expectedGuard(subject);
+  if (guard.empty()) {
     findings.add("the name of the bank is too long for a guard");
     return;
   }
   for (const auto& [where, text] :
        {std::pair("#ifndef", header.guardTested), std::pair("#define", header.guardDefined),
         std::pair("#endif", header.guardEnded)}) {
-    if (text != guard.data()) {
-      findings.add(fmt::format("the guard of the {} is {}, not {}", where, shown(text),
-                               displayText(guard.data())));
+    if (text != guard) {
+      findings.add(
+          fmt::format("the guard of the {} is {}, not {}", where, shown(text), displayText(guard)));
       return;
     }
   }
@@ -104,6 +109,10 @@ void findWrongFileName(Subject& subject, Findings& findings) {
 
 void findBadDefines(Subject& subject, Findings& findings) {
   const BankHeader& header = *subject.bank.header;
+  const std::string guard = expectedGuard(subject);
+  if (!guard.empty() && header.guardDefined == guard && !isIdentifier(guard)) {
+    findings.add(fmt::format("the guard {} is no C identifier", displayText(guard)));
+  }
   for (const OwnDefine& own : ownDefines(header)) {
     if (own.value && !isIdentifier(own.name)) {
       findings.add(fmt::format("{} is no C identifier", displayText(own.name)));
@@ -150,8 +159,8 @@ void findExtraDefines(Subject& subject, Findings& findings) {
   for (const HeaderDefine& define : header.assets) {
     const auto id = idOf(header, define);
     if (id && *id >= subject.count()) {
-      findings.add(id, fmt::format("{} is {}, but there are {} assets", displayText(define.name),
-                                   *id, subject.count()));
+      findings.add(id, fmt::format("{} is {}, but the bank has {}", displayText(define.name), *id,
+                                   countText(subject.count(), "asset")));
     } else if (id && !ids.insert(*id).second) {
       findings.add(id, fmt::format("{} is one more define of it", displayText(define.name)));
     }

@@ -44,6 +44,7 @@ bool isPadded(std::uint32_t type) { return type == 1 || type == 2 || type == 6; 
 
 /// A small bank, to be damaged before it is built.
 struct SmallBank {
+  std::string name = "sfx";
   std::vector<Asset> assets{
       {1, "adpcm012", {22050, 0, 4}},
       {1, "loop01", {44100, 1, 8, 50, 1, 6}},
@@ -86,8 +87,8 @@ using Found = std::pair<std::string, std::int64_t>;
 
 std::vector<Found> verified(const SmallBank& bank) {
   const TemporaryDirectory folder;
-  folder.write("sfx.h", bank.header);
-  const Answer answer = runVerify(folder.write("sfx.tvb", bank.bytes()), {"--json"});
+  folder.write(bank.name + ".h", bank.header);
+  const Answer answer = runVerify(folder.write(bank.name + ".tvb", bank.bytes()), {"--json"});
   const auto document = nlohmann::json::parse(answer.output.results);
   EXPECT_EQ(document["format"], 1);
   EXPECT_EQ(document["ok"], document["findings"].empty());
@@ -224,6 +225,13 @@ TEST(VerifyCommand, FindsDamageOfTheHeader) {
          }
        },
        {{"define", -1}, {"define", -1}, {"define", -1}}},
+      {"a guard with a hyphen",
+       [](SmallBank& bank) {
+         bank.name = "s-x";
+         bank.header = std::regex_replace(bank.header, std::regex("_SFX_H"), "_S-X_H");
+         bank.replaceInHeader("\"sfx", "\"s-x");
+       },
+       {{"define", -1}}},
       {"no number", edit(lastDefine, "SFX_Z 5u\n"), {{"define", -1}, {"missing-define", 5}}},
       {"octal", edit(lastDefine, "SFX_Z 05\n"), {{"define", -1}, {"missing-define", 5}}},
       {"two of a name", edit("SFX_Z", "SFX_U"), {{"duplicate", 5}}},

@@ -27,8 +27,8 @@ namespace tavrel {
 
 void prepareStandardStreams() {
   // open() returns the lowest free descriptor, so this fills the closed ones of 0, 1 and 2.
-  for (int descriptor = open("/dev/null", O_RDWR); descriptor >= 0;
-       descriptor = open("/dev/null", O_RDWR)) {
+  for (int descriptor = open("/dev/null", O_RDONLY); descriptor >= 0;
+       descriptor = open("/dev/null", O_RDONLY)) {
     if (descriptor > STDERR_FILENO) {
       close(descriptor);
       break;

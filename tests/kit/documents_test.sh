@@ -29,4 +29,6 @@ touch "$folder"/{a.tvb,a.h,b.txt}
 [[ $(offered list --header "$folder/a.h") == "$folder/a.h" ]]
 if type zsh >/dev/null 2>&1; then
   zsh -n kit/completions/_tavkit
+else
+  echo "The completions for zsh aren't checked, because zsh isn't installed"
 fi

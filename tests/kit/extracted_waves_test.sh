@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Other programs read the waves that are extracted from the example bank, and find the samples and
-# loops of its sources. A disk that fills up leaves whole files only: extracted_waves_test.sh TAVREL TAVKIT EXAMPLES
+# loops of its sources. A disk that fills up leaves whole files only, and results that can't be
+# written are a failure: extracted_waves_test.sh TAVREL TAVKIT EXAMPLES
 set -euo pipefail
 tavrel=$(realpath "$1")
 tavkit=$(realpath "$2")
@@ -56,5 +57,13 @@ for row in "1 2 3:blip.wav engine.wav" ":no folder"; do
   expect "message" "tavkit: can't write full/" "$(grep -o "^tavkit: can't write full/" full.err)"
   expect "files" "${row#*:}" "$(cd full 2>/dev/null && ls -A | paste -sd ' ' || echo no folder)"
   rm -rf full
+done
+
+mkfifo pipe
+exec 3<>pipe 4>pipe 3>&- # a pipe whose reader is gone
+for output in /dev/full '&4' '&-'; do
+  status=0
+  eval "\"$tavkit\" list demo.tvb >$output 2>messages" || status=$?
+  expect "list >$output" "2 tavkit: can't write standard output" "$status $(grep -o '^tavkit: [^:]*' messages)"
 done
 exit $((failures > 0))

@@ -19,8 +19,8 @@ class BankFile {
   /// bank leaves its reason in `status` and no assets.
   explicit BankFile(const std::string& path);
 
-  /// Reads `size` bytes at `offset`. Throws Failure if the file no longer has them.
-  ByteBlock read(std::uint32_t offset, std::uint32_t size);
+  /// Reads `length` bytes at `offset`. Throws Failure if the file no longer has them.
+  ByteBlock read(std::uint32_t offset, std::uint32_t length);
 
   ByteBlock blob(const tavrel_asset& asset) { return read(asset.offset, asset.size); }
 

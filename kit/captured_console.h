@@ -11,7 +11,7 @@ namespace tavrel::kit {
 class CapturedConsole : public ConsoleSink {
  public:
   CapturedConsole() : previous_(setConsoleSink(this)) {}
-  ~CapturedConsole() { setConsoleSink(previous_); }
+  ~CapturedConsole() override { setConsoleSink(previous_); }
   CapturedConsole(const CapturedConsole&) = delete;
   CapturedConsole(CapturedConsole&&) = delete;
   CapturedConsole& operator=(const CapturedConsole&) = delete;

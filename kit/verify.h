@@ -52,7 +52,7 @@ std::map<std::uint32_t, SequenceFacts> readSequences(BankFile& bank);
 
 /// The result of a check.
 struct Verdict {
-  const Check* check;
+  const Check* check = nullptr;
   Findings findings;
 };
 

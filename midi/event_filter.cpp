@@ -51,8 +51,8 @@ bool isSelected(const MidiEvent& ev, std::uint32_t mask) {
   const auto selectsController = [&](const ControllerFilter& filter) {
     return (mask & filter.bit) != 0 && isControllerNumber(ev, filter.number);
   };
-  return std::ranges::any_of(kKindFilters, selectsKind) ||
-         std::ranges::any_of(kControllerFilters, selectsController);
+  return std::any_of(kKindFilters.begin(), kKindFilters.end(), selectsKind) ||
+         std::any_of(kControllerFilters.begin(), kControllerFilters.end(), selectsController);
 }
 
 }  // namespace

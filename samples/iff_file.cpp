@@ -30,8 +30,8 @@ IffChunk chunkAt(std::uint8_t* header) {
 /// Sets `record` to the first record with `id`; returns false without changing it if there is none.
 template <typename Chunks, typename Record>
 bool findChunk(Chunks& chunks, std::uint32_t id, Record*& record) {
-  const auto found =
-      std::ranges::find_if(chunks, [id](const IffChunk& chunk) { return chunk.id == id; });
+  const auto found = std::find_if(chunks.begin(), chunks.end(),
+                                  [id](const IffChunk& chunk) { return chunk.id == id; });
   if (found == chunks.end()) {
     return false;
   }

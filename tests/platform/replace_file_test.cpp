@@ -1,8 +1,7 @@
 #include "platform/replace_file.h"
 
-#include <sys/stat.h>
-
 #include <chrono>
+#include <cstdlib>
 #include <thread>
 
 #include "tests/support/temporary_directory.h"
@@ -132,7 +131,8 @@ TEST_F(ReplaceFile, FollowsOrReplacesLinksAndKeepsModes) {
 
   fs::create_symlink("loop", directory_.path("loop"));
   EXPECT_EQ(replace("loop", Existing::followLink), std::errc::too_many_symbolic_link_levels);
-  ASSERT_EQ(mkfifo(directory_.path("pipe").c_str(), 0600), 0);
+  // Not the function, which a host without links may not have either.
+  ASSERT_EQ(std::system(("mkfifo '" + directory_.path("pipe") + "'").c_str()), 0);
   EXPECT_EQ(replace("pipe", Existing::followLink), std::errc::not_supported);
 }
 

@@ -23,7 +23,7 @@ TEST(ConsoleTest, PrintsLinesOf4096CharactersToASinkUntilItIsTakenAway) {
     std::string printed;
   } sink;
   EXPECT_EQ(setConsoleSink(&sink), nullptr);
-  for (const std::size_t length : {4094, 4095, 4096, 4097}) {
+  for (const std::size_t length : {4094U, 4095U, 4096U, 4097U}) {
     printLine(stderr, std::string(length, 'x'), 1);
   }
   printUnterminated(stdout, "b");

@@ -25,9 +25,13 @@ PathKind pathKind(const char* path) {
 
 #ifdef _WIN32
 
+const char* const kHostSeparators = "/\\:";
+
 std::string hostPath(const char* name) { return name; }
 
 #else
+
+const char* const kHostSeparators = "/";
 
 namespace {
 

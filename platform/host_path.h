@@ -9,6 +9,9 @@ namespace tavrel {
 /// Kind of file under a path. Pipes, and the devices and sockets of `other`, have no size.
 enum class PathKind { missing, file, directory, pipe, other };
 
+/// The characters that end a folder's name in a path of the host.
+extern const char* const kHostSeparators;
+
 /// Returns the path under which the host finds the file that a script calls `name`.
 ///
 /// On hosts that separate folders with slashes, backslashes become slashes if no file has exactly

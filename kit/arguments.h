@@ -16,6 +16,12 @@ class Arguments {
 
   [[nodiscard]] bool has(std::string_view option) const { return options.contains(option); }
 
+  /// Returns all values given for `option`.
+  [[nodiscard]] std::vector<std::string> values(std::string_view option) const {
+    const auto found = options.find(option);
+    return found == options.end() ? std::vector<std::string>() : found->second;
+  }
+
   /// Returns the last value given for `option`.
   [[nodiscard]] std::optional<std::string> value(std::string_view option) const {
     const auto found = options.find(option);

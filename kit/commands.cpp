@@ -4,10 +4,8 @@ namespace tavrel::kit {
 
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
-      listCommand(),
-      verifyCommand(),
-      extractCommand(),
-      diffCommand(),
+      listCommand(), verifyCommand(), extractCommand(),
+      diffCommand(), checkCommand(),  explainCommand(),
   };
   return kCommands;
 }

@@ -14,5 +14,7 @@ Command diffCommand();
 Command extractCommand();
 Command listCommand();
 Command verifyCommand();
+Command checkCommand();
+Command explainCommand();
 
 }  // namespace tavrel::kit

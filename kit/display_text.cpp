@@ -60,9 +60,16 @@ std::string displayText(std::string_view text) {
   return shown;
 }
 
+std::size_t characterLength(std::string_view text) {
+  return std::max<std::size_t>(decode(text).second, 1);
+}
+
 std::size_t displayWidth(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
+  std::size_t width = 0;
+  for (; !text.empty(); text.remove_prefix(characterLength(text))) {
+    ++width;
+  }
+  return width;
 }
 
 std::string countText(std::uint64_t count, std::string_view noun) {

@@ -11,7 +11,11 @@ namespace tavrel::kit {
 /// replaced by U+FFFD.
 std::string displayText(std::string_view text);
 
-/// Returns how many characters of a terminal `text`, valid UTF-8, takes: its code points.
+/// Returns how many bytes the first character of `text`, which isn't empty, takes: 1 for a byte
+/// that isn't part of valid UTF-8.
+std::size_t characterLength(std::string_view text);
+
+/// Returns how many characters `text` has. A byte that isn't part of valid UTF-8 counts as one.
 std::size_t displayWidth(std::string_view text);
 
 /// Returns a number and what is counted: "1 voice", "2 voices".

@@ -15,7 +15,7 @@ struct Finding {
 };
 
 /// The findings of one check, in the order in which they are reported.
-class Findings : public std::vector<Finding> {
+class BankFindings : public std::vector<Finding> {
  public:
   void add(std::string message) { push_back({std::nullopt, std::move(message)}); }
   void add(std::optional<std::uint32_t> id, std::string message) {

@@ -56,6 +56,9 @@ std::string paragraphs(std::string_view text) {
 }
 
 std::string optionList(const std::vector<CommandOption>& options) {
+  if (options.empty()) {
+    return "";
+  }
   std::string list = ".Bl -tag -width Ds\n";
   for (const CommandOption& option : options) {
     list += fmt::format(".It {}\n{}.\n", escaped(displayName(option)), escaped(option.help));

@@ -1,4 +1,5 @@
-// Prints a document that is made from the table of commands: print_document manual|bash|zsh.
+// Prints a document that is made from the tables of commands and codes: print_document
+// manual|codes|bash|zsh.
 #include <array>
 #include <cstdio>
 #include <string>
@@ -14,8 +15,9 @@ struct Document {
   std::string (*text)();
 };
 
-constexpr std::array<Document, 3> kDocuments{{
+constexpr std::array<Document, 4> kDocuments{{
     {"manual", tavrel::kit::manualPage},
+    {"codes", tavrel::kit::pageOfCodes},
     {"bash", tavrel::kit::bashCompletion},
     {"zsh", tavrel::kit::zshCompletion},
 }};
@@ -30,6 +32,6 @@ int main(int argumentCount, char** arguments) {
       return std::fputs(document.text().c_str(), stdout) < 0 ? 1 : 0;
     }
   }
-  std::fputs("usage: print_document manual|bash|zsh\n", stderr);
+  std::fputs("usage: print_document manual|codes|bash|zsh\n", stderr);
   return 1;
 }

@@ -35,7 +35,7 @@ struct Subject {
 struct Check {
   const char* code;
   const char* fine;  ///< what holds if nothing is found
-  void (*find)(Subject& subject, Findings& findings);
+  void (*find)(Subject& subject, BankFindings& findings);
 };
 
 /// Whether the bank opens. The other checks judge only a bank that does.
@@ -53,7 +53,7 @@ std::map<std::uint32_t, SequenceFacts> readSequences(BankFile& bank);
 /// The result of a check.
 struct Verdict {
   const Check* check = nullptr;
-  Findings findings;
+  BankFindings findings;
 };
 
 /// Runs all checks that apply to the bank.

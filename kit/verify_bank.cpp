@@ -45,14 +45,14 @@ bool areZero(Subject& subject, std::uint64_t start, std::uint64_t end) {
                      [](std::uint8_t byte) { return byte == 0; });
 }
 
-void findRefusal(Subject& subject, Findings& findings) {
+void findRefusal(Subject& subject, BankFindings& findings) {
   if (subject.file().status != TAVREL_OK) {
     findings.add(
         fmt::format("the bank doesn't open: {}", tavrel_status_text(subject.file().status)));
   }
 }
 
-void findGaps(Subject& subject, Findings& findings) {
+void findGaps(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const std::uint32_t offset = subject.file().assets[id].offset;
     const std::uint64_t expected = expectedStart(subject, id);
@@ -65,7 +65,7 @@ void findGaps(Subject& subject, Findings& findings) {
   }
 }
 
-void findPadding(Subject& subject, Findings& findings) {
+void findPadding(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const tavrel_asset& asset = subject.file().assets[id];
     const std::uint64_t end = std::min(expectedStart(subject, id + 1), nextStart(subject, id));
@@ -79,14 +79,14 @@ void findPadding(Subject& subject, Findings& findings) {
   }
 }
 
-void findExcess(Subject& subject, Findings& findings) {
+void findExcess(Subject& subject, BankFindings& findings) {
   if (subject.file().size > expectedLength(subject)) {
     findings.add(fmt::format("the bank has {} bytes, its data and their padding need {}",
                              subject.file().size, expectedLength(subject)));
   }
 }
 
-void findUnknownTypes(Subject& subject, Findings& findings) {
+void findUnknownTypes(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const std::uint32_t type = subject.file().assets[id].type;
     if (type < typeWave || type > typeUserAsset) {

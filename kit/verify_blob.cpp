@@ -30,7 +30,7 @@ SequenceFacts readFacts(BankFile& bank, const tavrel_asset& asset) {
   return facts;
 }
 
-void findBadAdpcm(Subject& subject, Findings& findings) {
+void findBadAdpcm(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const tavrel_asset& asset = subject.file().assets[id];
     if (asset.type == typeWave && asset.parameters[waveBitsPerSample] == kAdpcmBits &&
@@ -41,7 +41,7 @@ void findBadAdpcm(Subject& subject, Findings& findings) {
   }
 }
 
-void findBrokenSequences(Subject& subject, Findings& findings) {
+void findBrokenSequences(Subject& subject, BankFindings& findings) {
   for (const auto& [id, sequence] : subject.sequences) {
     if (!sequence.isWhole) {
       findings.add(id, "its sequence can't be read up to an End of Track");
@@ -49,7 +49,7 @@ void findBrokenSequences(Subject& subject, Findings& findings) {
   }
 }
 
-void findWrongDivisions(Subject& subject, Findings& findings) {
+void findWrongDivisions(Subject& subject, BankFindings& findings) {
   for (const auto& [id, sequence] : subject.sequences) {
     const std::int32_t division = subject.file().assets[id].parameters[sequenceDivision];
     if (sequence.isWhole && sequence.division != division) {
@@ -59,7 +59,7 @@ void findWrongDivisions(Subject& subject, Findings& findings) {
   }
 }
 
-void findWrongTempos(Subject& subject, Findings& findings) {
+void findWrongTempos(Subject& subject, BankFindings& findings) {
   for (const auto& [id, sequence] : subject.sequences) {
     const std::int32_t tempo = subject.file().assets[id].parameters[sequenceTempo];
     if (sequence.isWhole && !sequence.tempo) {
@@ -79,7 +79,7 @@ std::uint64_t mostSamples(const tavrel_asset& asset, std::int32_t bits) {
                    : asset.size * kBitsPerByte / static_cast<std::uint32_t>(bits);
 }
 
-void findBadLoops(Subject& subject, Findings& findings) {
+void findBadLoops(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const tavrel_asset& asset = subject.file().assets[id];
     if (asset.type != typeWave) {

@@ -67,7 +67,7 @@ std::string shown(const std::optional<std::string>& text) {
   return text && !text->empty() ? displayText(*text) : "missing";
 }
 
-void findWrongGuard(Subject& subject, Findings& findings) {
+void findWrongGuard(Subject& subject, BankFindings& findings) {
   const BankHeader& header = *subject.bank.header;
   const std::string guard = expectedGuard(subject);
   if (guard.empty()) {
@@ -85,7 +85,7 @@ void findWrongGuard(Subject& subject, Findings& findings) {
   }
 }
 
-void findWrongSizes(Subject& subject, Findings& findings) {
+void findWrongSizes(Subject& subject, BankFindings& findings) {
   const BankHeader& header = *subject.bank.header;
   const std::string data = std::to_string(dataBytes(subject.file()));
   const std::string rest = std::to_string(headerBytes(subject.file()));
@@ -98,7 +98,7 @@ void findWrongSizes(Subject& subject, Findings& findings) {
   }
 }
 
-void findWrongFileName(Subject& subject, Findings& findings) {
+void findWrongFileName(Subject& subject, BankFindings& findings) {
   const auto& fileName = subject.bank.header->fileName;
   const std::string expected = '"' + baseName(subject.file().path) + kBankExtension + '"';
   if (fileName != expected) {
@@ -107,7 +107,7 @@ void findWrongFileName(Subject& subject, Findings& findings) {
   }
 }
 
-void findBadDefines(Subject& subject, Findings& findings) {
+void findBadDefines(Subject& subject, BankFindings& findings) {
   const BankHeader& header = *subject.bank.header;
   const std::string guard = expectedGuard(subject);
   if (!guard.empty() && header.guardDefined == guard && !isIdentifier(guard)) {
@@ -129,7 +129,7 @@ void findBadDefines(Subject& subject, Findings& findings) {
   }
 }
 
-void findDuplicates(Subject& subject, Findings& findings) {
+void findDuplicates(Subject& subject, BankFindings& findings) {
   const BankHeader& header = *subject.bank.header;
   std::set<std::string> names{header.guardDefined};
   for (const OwnDefine& own : ownDefines(header)) {
@@ -145,7 +145,7 @@ void findDuplicates(Subject& subject, Findings& findings) {
   }
 }
 
-void findMissingDefines(Subject& subject, Findings& findings) {
+void findMissingDefines(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     if (subject.bank.defines[id].empty()) {
       findings.add(id, "it has no define");
@@ -153,7 +153,7 @@ void findMissingDefines(Subject& subject, Findings& findings) {
   }
 }
 
-void findExtraDefines(Subject& subject, Findings& findings) {
+void findExtraDefines(Subject& subject, BankFindings& findings) {
   std::set<std::uint32_t> ids;
   const BankHeader& header = *subject.bank.header;
   for (const HeaderDefine& define : header.assets) {

@@ -38,7 +38,7 @@ std::uint32_t usedWords(const tavrel_asset& asset) {
   return usedParameters(asset.type) & ~(hasNoLoop ? kLoopPoints : 0U);
 }
 
-void findOutOfRange(Subject& subject, Findings& findings) {
+void findOutOfRange(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const tavrel_asset& asset = subject.file().assets[id];
     for (const Range& range : kRanges) {
@@ -51,7 +51,7 @@ void findOutOfRange(Subject& subject, Findings& findings) {
   }
 }
 
-void findUnused(Subject& subject, Findings& findings) {
+void findUnused(Subject& subject, BankFindings& findings) {
   for (std::uint32_t id = 0; id < subject.count(); ++id) {
     const tavrel_asset& asset = subject.file().assets[id];
     for (std::uint32_t word = 0; word < std::size(asset.parameters); ++word) {

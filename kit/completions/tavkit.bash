@@ -13,7 +13,7 @@ _tavkit() {
   local current=$2 previous=$3 command=${COMP_WORDS[1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _tavkit_words 'list verify extract diff -h --help --version'
+    _tavkit_words 'list verify extract diff check explain -h --help --version'
     return
   fi
   case $command:$previous in
@@ -24,6 +24,13 @@ _tavkit() {
     extract:--header) _tavkit_files ''; return ;;
     diff:--old-header) _tavkit_files ''; return ;;
     diff:--new-header) _tavkit_files ''; return ;;
+    check:-C) _tavkit_files '*'; return ;;
+    check:--prefix) :; return ;;
+    check:--bank-dir) _tavkit_files '*'; return ;;
+    check:--header-dir) _tavkit_files '*'; return ;;
+    check:--format) _tavkit_words 'text json sarif'; return ;;
+    check:--allow) :; return ;;
+    check:--max-bytes) :; return ;;
   esac
   if [[ $current == -* ]]; then
     case $command in
@@ -31,6 +38,8 @@ _tavkit() {
       verify) _tavkit_words '--header --no-header --json -h --help --version' ;;
       extract) _tavkit_words '-o --output --raw --channels --force --header --no-header -h --help --version' ;;
       diff) _tavkit_words '--old-header --new-header --no-header --ids --json -h --help --version' ;;
+      check) _tavkit_words '-C --prefix --bank-dir --header-dir --format --json --werror --allow --max-bytes --list-codes -h --help --version' ;;
+      explain) _tavkit_words '-h --help --version' ;;
     esac
     return
   fi
@@ -39,6 +48,8 @@ _tavkit() {
     verify) _tavkit_files '!*.tvb' ;;
     extract) _tavkit_files '!*.tvb' ;;
     diff) _tavkit_files '!*.tvb' ;;
+    check) _tavkit_files '!*.txt' ;;
+    explain) : ;;
   esac
 }
 

@@ -1,0 +1,23 @@
+// The parts of the check of the whole bank. Each adds what is wrong to `findings`.
+#pragma once
+
+#include <vector>
+
+#include "kit/check/asset_check.h"
+#include "kit/check/bank_names.h"
+#include "kit/check/diagnostic.h"
+
+namespace tavrel::kit {
+
+/// Assets that the bank holds, in the order of their ids.
+using StoredAssets = std::vector<const CheckedAsset*>;
+
+/// Checks that all defines, the guard too, are identifiers of C, and that each is there once.
+void checkDefines(const BankNames& names, const StoredAssets& assets, Findings& findings);
+
+/// Checks that the bank, its header, the script and the assets are different files. `assets` are
+/// those of all blocks: a file that can't be stored can still be overwritten.
+void checkFiles(const BankNames& names, const RunPlan& plan,
+                const std::vector<CheckedAsset>& assets, Findings& findings);
+
+}  // namespace tavrel::kit

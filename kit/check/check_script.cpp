@@ -1,0 +1,82 @@
+#include "kit/check/check_script.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "kit/captured_console.h"
+#include "kit/check/allowances.h"
+#include "kit/check/asset_check.h"
+#include "kit/check/bank_check.h"
+#include "kit/check/folder_names.h"
+#include "kit/check/script_model.h"
+#include "kit/source_file.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// The tool's reader of a text that is in memory.
+class LoadedScript : public TokenFile {
+ public:
+  explicit LoadedScript(std::string_view text) {
+    std::unique_ptr<std::uint8_t[]> block(new std::uint8_t[text.size()]);
+    std::copy(text.begin(), text.end(), block.get());
+    useMemory(block.release(), text.size());
+  }
+  ~LoadedScript() { freeData(); }
+  LoadedScript(const LoadedScript&) = delete;
+  LoadedScript(LoadedScript&&) = delete;
+  LoadedScript& operator=(const LoadedScript&) = delete;
+  LoadedScript& operator=(LoadedScript&&) = delete;
+};
+
+Findings findProblems(const SourceText& text, const RunPlan& plan, const CheckOptions& options,
+                      ScriptModel& model) {
+  Findings findings;
+  const CapturedConsole silence;
+  LoadedScript script(text.text());
+  model = readScript(script, findings);
+  FolderNames folders;
+  std::vector<CheckedAsset> assets;
+  for (const ScriptBlock& block : model.blocks) {
+    if (!block.file) {
+      continue;
+    }
+    assets.push_back(checkAsset(block, folders, findings));
+    // After a file that is missing, it was taken for the rest of the name.
+    if (block.strayWord && !assets.back().isMissing) {
+      findings.add("unknown-word", block.strayWord->offset,
+                   fmt::format("{}: {} is no option of {}", block.title(), block.strayWord->text,
+                               block.row->keyword));
+    }
+  }
+  checkBank(model, assets, plan, options.mostBytes, findings);
+  return findings;
+}
+
+}  // namespace
+
+std::size_t CheckedScript::count(Severity severity) const {
+  return static_cast<std::size_t>(
+      std::count_if(diagnostics.begin(), diagnostics.end(),
+                    [severity](const Diagnostic& one) { return one.code->severity == severity; }));
+}
+
+CheckedScript checkScript(const RunPlan& plan, const CheckOptions& options) {
+  CheckedScript checked{
+      .path = plan.scriptPath, .text = SourceText(readFile(plan.scriptPath)), .diagnostics = {}};
+  ScriptModel model;
+  Findings findings = findProblems(checked.text, plan, options, model);
+  Allowances allowances(checked.text, model.statementStarts, findings);
+  allowances.allowEverywhere(options.allowed);
+  for (Diagnostic& diagnostic : findings.sorted()) {
+    if (!allowances.allow(diagnostic)) {
+      checked.diagnostics.push_back(std::move(diagnostic));
+    }
+  }
+  return checked;
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,33 @@
+// All checks of one script.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "kit/check/diagnostic.h"
+#include "kit/check/source_text.h"
+#include "kit/script_options.h"
+
+namespace tavrel::kit {
+
+/// What a check is asked for.
+struct CheckOptions {
+  std::vector<std::string> allowed{};        ///< codes of warnings that aren't reported
+  std::optional<std::uint64_t> mostBytes{};  ///< of the bank's file
+};
+
+/// What was found in one script, without what is allowed.
+struct CheckedScript {
+  std::string path;  ///< as it was given
+  SourceText text;
+  std::vector<Diagnostic> diagnostics;  ///< in the order of their places
+
+  [[nodiscard]] std::size_t count(Severity severity) const;
+};
+
+/// Checks a script. Throws Failure if it can't be read.
+CheckedScript checkScript(const RunPlan& plan, const CheckOptions& options);
+
+}  // namespace tavrel::kit

@@ -1,0 +1,112 @@
+#include "kit/check/fix_command.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "foundation/text_utilities.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+constexpr std::string_view kPlain =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._/+-";
+
+/// Returns true if a command could take a path for something else: for an option (-o), a program
+/// to run (sox reads from the one after a '|') or an address (ffmpeg opens pipe:0). A colon after
+/// one letter belongs to a drive.
+bool isAmbiguous(std::string_view path) {
+  const std::size_t colon = path.find(':');
+  return path.find_first_of("-+|@~") == 0 || (colon != std::string_view::npos && colon != 1);
+}
+
+/// Returns a file of the host as a word that every command takes for a file.
+std::string fileWord(const std::string& name) {
+  const std::string path = hostPath(name.c_str());
+  return shellWord(isAmbiguous(path) ? "./" + path : path);
+}
+
+struct NameParts {
+  std::string stem;       ///< with the folder
+  std::string extension;  ///< with its dot, or empty
+};
+
+NameParts partsOf(const std::string& name) {
+  const std::size_t dot = name.rfind('.');
+  const std::size_t slash = name.find_last_of("/\\");
+  if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) {
+    return {name, ""};
+  }
+  return {name.substr(0, dot), name.substr(dot)};
+}
+
+/// Returns the name of a new file: pluck.wav for pluck24.wav of 24 bits, else with `mark` after the
+/// stem where the name would be that of the old file.
+std::string newName(const std::string& name, std::uint16_t oldBits, std::string_view extension,
+                    std::string_view mark) {
+  const NameParts parts = partsOf(name);
+  const std::string width = std::to_string(oldBits);
+  std::string stem = parts.stem;
+  if (mark == "16" && stem.size() > width.size() && stem.ends_with(width)) {
+    stem.resize(stem.size() - width.size());
+  }
+  std::string result = fmt::format("{}{}", stem, extension);
+  return equalsIgnoringCase(result.c_str(), name.c_str())
+             ? fmt::format("{}_{}{}", stem, mark, extension)
+             : result;
+}
+
+}  // namespace
+
+std::string shellWord(std::string_view word) {
+  if (!word.empty() && word.find_first_not_of(kPlain) == std::string_view::npos) {
+    return std::string(word);
+  }
+  std::string quoted = "'";
+  for (const char c : word) {
+    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  }
+  return quoted + "'";
+}
+
+std::string renameCommand(const std::string& from, const std::string& to) {
+  return fmt::format("mv {} {}", fileWord(from), fileWord(to));
+}
+
+std::string soxCommand(const std::string& name, const SoundFix& fix) {
+  const std::string output =
+      newName(name, fix.oldBits, fix.extension, fix.to16Bits ? "16" : "mono");
+  const std::string type = fix.inputType.empty() ? "" : fmt::format("-t {} ", fix.inputType);
+  return fmt::format("sox {}{}{}{}{} {}", type, fileWord(name), fix.toMono ? " -c 1" : "",
+                     fix.to16Bits ? " -b 16" : "", fix.toPcm ? " -e signed-integer" : "",
+                     fileWord(output));
+}
+
+std::string convertCommand(const std::string& name, const FileKind& kind) {
+  const std::string output = newName(name, 0, ".wav", "new");
+  switch (kind.converter) {
+    case Converter::rename:
+      return renameCommand(name, fmt::format("{}.{}", partsOf(name).stem, kind.extension));
+    case Converter::sox:
+      return fmt::format("sox -t {} {} -b 16 {}", kind.extension, fileWord(name), fileWord(output));
+    case Converter::ffmpeg:
+      return fmt::format("ffmpeg -i {} -c:a pcm_s16le {}", fileWord(name), fileWord(output));
+    case Converter::gitLfs:
+      return "git lfs pull";
+    case Converter::none:
+      break;
+  }
+  return "";
+}
+
+std::string sequenceCommand(const std::string& name) {
+  return fmt::format(
+      "python3 -c 'import sys, mido; old = mido.MidiFile(sys.argv[1]); "
+      "new = mido.MidiFile(type=0, ticks_per_beat=old.ticks_per_beat); "
+      "new.tracks.append(mido.merge_tracks(old.tracks)); new.save(sys.argv[2])' {} {}",
+      fileWord(name), fileWord(newName(name, 0, partsOf(name).extension, "type0")));
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,98 @@
+#include "kit/check/folder_names.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "foundation/text_utilities.h"
+#include "kit/nearest.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string_view stemOf(std::string_view name) { return name.substr(0, name.rfind('.')); }
+
+std::string partInOtherCase(std::string_view name, const std::vector<std::string>& names) {
+  const std::string wanted(name);
+  const auto found = std::find_if(names.begin(), names.end(), [&wanted](const std::string& one) {
+    return equalsIgnoringCase(one.c_str(), wanted.c_str());
+  });
+  return found == names.end() ? "" : *found;
+}
+
+/// Returns the nearest name, or one that differs only in its extension.
+std::string nearestPart(std::string_view name, const std::vector<std::string>& names) {
+  std::string best = nearest(name, names);
+  if (!best.empty()) {
+    return best;
+  }
+  const auto sameStem = std::find_if(names.begin(), names.end(), [name](const std::string& one) {
+    return editDistance(stemOf(one), stemOf(name)) == 0;
+  });
+  return sameStem == names.end() ? "" : *sameStem;
+}
+
+/// Returns true if the host finds the same file under a name whose letters have the other case.
+bool ignoresCase(const std::string& path) {
+  std::string exchanged = path;
+  for (char& c : exchanged) {
+    const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    c = isLetter ? static_cast<char>(c ^ 0x20) : c;
+  }
+  std::error_code failed;
+  return exchanged != path && fs::equivalent(exchanged, path, failed);
+}
+
+}  // namespace
+
+const std::vector<std::string>& FolderNames::namesIn(const std::string& folder) {
+  const auto [place, isNew] = folders_.try_emplace(folder);
+  std::vector<std::string>& names = place->second;
+  if (isNew) {
+    const std::string path = folder.empty() ? "." : hostPath(folder.c_str());
+    std::error_code failed;
+    for (fs::directory_iterator entry(path, failed); !failed && entry != fs::directory_iterator();
+         entry.increment(failed)) {
+      names.push_back(entry->path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+  }
+  return names;
+}
+
+std::string FolderNames::replaceParts(const std::string& name, Choose choose) {
+  std::string result;
+  for (std::size_t start = 0; start < name.size();) {
+    const std::size_t end = std::min(name.find_first_of("/\\", start), name.size());
+    const std::string part = name.substr(start, end - start);
+    const std::vector<std::string>& names = namesIn(result);
+    const bool isThere = part.empty() || part == "." || part == ".." || part.back() == ':' ||
+                         std::binary_search(names.begin(), names.end(), part);
+    const std::string chosen = isThere ? part : choose(part, names);
+    if (chosen.empty() && !part.empty()) {
+      return "";
+    }
+    result += chosen + name.substr(end, 1);
+    start = end + 1;
+  }
+  return result;
+}
+
+std::string FolderNames::nearestName(const std::string& name) {
+  std::string found = replaceParts(name, nearestPart);
+  return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
+}
+
+std::string FolderNames::spelling(const std::string& name) {
+  if (!ignoresCase(hostPath(name.c_str()))) {
+    return name;
+  }
+  std::string found = replaceParts(name, partInOtherCase);
+  return found.empty() ? name : found;
+}
+
+}  // namespace tavrel::kit

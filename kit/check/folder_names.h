@@ -1,0 +1,32 @@
+// What is in the folders of assets, to find the file that a wrong name means. Each folder is listed
+// once. Names are those of scripts: a backslash separates folders on every host.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel::kit {
+
+class FolderNames {
+ public:
+  /// Returns the name of the file that `name`, which isn't there, may mean: each part of it that
+  /// isn't there is replaced by the nearest one in its folder. Returns the empty string if there is
+  /// none.
+  std::string nearestName(const std::string& name);
+
+  /// Returns `name`, whose file is there, as the folders spell it. Differs from `name` only where
+  /// the file system ignores case.
+  std::string spelling(const std::string& name);
+
+ private:
+  using Choose = std::string (*)(std::string_view part, const std::vector<std::string>& names);
+
+  std::string replaceParts(const std::string& name, Choose choose);
+  const std::vector<std::string>& namesIn(const std::string& folder);
+
+  std::map<std::string, std::vector<std::string>> folders_;  // sorted names by folder
+};
+
+}  // namespace tavrel::kit

@@ -1,0 +1,108 @@
+#include "kit/check/missing_file.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "foundation/text_utilities.h"
+#include "foundation/token_file.h"
+#include "kit/check/fix_command.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+constexpr std::string_view kQuotes = "\"'";
+
+bool isThere(std::string_view name) {
+  return pathKind(hostPath(std::string(name).c_str()).c_str()) != PathKind::missing;
+}
+
+std::string withoutQuotes(std::string_view name) {
+  const std::size_t first = name.find_first_not_of(kQuotes);
+  if (first == std::string_view::npos) {
+    return "";
+  }
+  return std::string(name.substr(first, name.find_last_not_of(kQuotes) - first + 1));
+}
+
+/// Returns the longest start of `whole` that ends before a delimiter, or is all of it, and without
+/// its quotes names a file. Returns the empty string if there is none.
+std::string fileAtStart(std::string_view whole) {
+  constexpr std::size_t kMostParts = 32;
+  std::string found;
+  std::size_t end = 0;
+  for (std::size_t part = 0; part < kMostParts && end < whole.size(); ++part) {
+    end += end == 0 ? 0 : 1;
+    while (end < whole.size() && !TokenFile::isDelimiter(whole[end])) {
+      ++end;
+    }
+    const std::string name = withoutQuotes(whole.substr(0, end));
+    if (pathKind(hostPath(name.c_str()).c_str()) == PathKind::file) {
+      found = name;
+    }
+  }
+  return found;
+}
+
+/// Returns a name for the file without the characters that end a word of a script.
+std::string joinedName(std::string name) {
+  std::replace_if(
+      name.begin(), name.end(),
+      [](char c) { return TokenFile::isDelimiter(c) || kQuotes.find(c) != std::string_view::npos; },
+      '_');
+  return name;
+}
+
+/// Reports a name that isn't whole, with the file that it means.
+void reportSplit(const std::string& file, BlockFindings& findings) {
+  const std::size_t cut = file.find_first_of(" \t;");
+  if (cut == std::string::npos) {
+    findings.addAtFile("missing-file", "names have no quotes", fmt::format("Write {}", file));
+    return;
+  }
+  findings.addAtFile(
+      "missing-file",
+      fmt::format("a {} has split the name {}", file[cut] == ';' ? "semicolon" : "space", file),
+      renameCommand(file, joinedName(file)));
+}
+
+/// Returns what is said of a name that is near to the one in the script.
+std::string suggestion(const std::string& wanted, const std::string& found) {
+  if (found.empty()) {
+    return "";
+  }
+  return equalsIgnoringCase(wanted.c_str(), found.c_str())
+             ? fmt::format("; {} is there, in another case", found)
+             : fmt::format("; did you mean {}?", found);
+}
+
+}  // namespace
+
+void reportMissing(const std::string& openedName, FolderNames& folders, BlockFindings& findings) {
+  const ScriptBlock& block = findings.block();
+  const std::string& written = findings.fileName();
+  const std::string meant = fileAtStart(block.wholeName);
+  if (openedName != written && isThere(written)) {
+    findings.addAtFile(
+        "missing-file",
+        fmt::format("of an extension three characters are used, and {} isn't there", openedName),
+        renameCommand(written, openedName));
+  } else if (!meant.empty()) {
+    reportSplit(meant, findings);
+  } else if (block.strayWord) {
+    findings.addAtFile("missing-file",
+                       fmt::format("there is no such file; a space ends the name, if {} was meant",
+                                   block.wholeName),
+                       "Names of files have no spaces");
+  } else {
+    findings.addAtFile(
+        "missing-file",
+        "there is no such file" + suggestion(openedName, folders.nearestName(openedName)),
+        "Files are found from the current folder, or from that of -C");
+  }
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,114 @@
+#include "kit/check/report_formats.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "kit/colour.h"
+#include "kit/display_text.h"
+#include "kit/json.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// Returns a line of the script as it is shown: a tab takes one column, like everything else.
+std::string shownLine(std::string_view line) {
+  std::string text(line);
+  std::replace(text.begin(), text.end(), '\t', ' ');
+  return displayText(text);
+}
+
+/// The part of a long line that is shown around a problem, and the problem's column in it.
+struct Excerpt {
+  std::string text;
+  std::size_t column;
+};
+
+Excerpt excerptOf(std::string_view line, std::size_t column) {
+  constexpr std::size_t kBefore = 100;
+  constexpr std::size_t kWidth = 200;
+  std::size_t skipped = 0;
+  for (; column - skipped > kBefore && !line.empty(); ++skipped) {
+    line.remove_prefix(characterLength(line));
+  }
+  std::size_t bytes = 0;
+  for (std::size_t shown = 0; shown < kWidth && bytes < line.size(); ++shown) {
+    bytes += characterLength(line.substr(bytes));
+  }
+  return {shownLine(line.substr(0, bytes)), column - skipped};
+}
+
+std::string coloured(const std::string& text, bool isColoured) {
+  return isColoured ? fmt::format("{}{}{}", kRed, text, kPlain) : text;
+}
+
+std::string problemAsText(const CheckedScript& script, const Diagnostic& diagnostic,
+                          bool isColoured) {
+  const Position place = script.text.positionOf(diagnostic.offset);
+  const Excerpt excerpt = excerptOf(script.text.line(place.line), place.column);
+  std::string text =
+      fmt::format("{}:{}:{}: {}: {} [{}]\n{}\n{}^\n", displayText(script.path), place.line,
+                  place.column, coloured(severityName(diagnostic.code->severity), isColoured),
+                  displayText(diagnostic.message), diagnostic.code->name, excerpt.text,
+                  std::string(excerpt.column - 1, ' '));
+  if (!diagnostic.hint.empty()) {
+    text += fmt::format("  {}\n", displayText(diagnostic.hint));
+  }
+  return text;
+}
+
+std::string plural(std::size_t count, std::string_view noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+const char* severityName(Severity severity) {
+  return severity == Severity::error ? "error" : "warning";
+}
+
+std::size_t countOf(const std::vector<CheckedScript>& scripts, Severity severity) {
+  return std::accumulate(scripts.begin(), scripts.end(), std::size_t{0},
+                         [severity](std::size_t sum, const CheckedScript& script) {
+                           return sum + script.count(severity);
+                         });
+}
+
+std::string problemCount(const std::vector<CheckedScript>& scripts) {
+  return fmt::format("{}, {}\n", plural(countOf(scripts, Severity::error), "error"),
+                     plural(countOf(scripts, Severity::warning), "warning"));
+}
+
+std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isColoured) {
+  std::string text;
+  for (const CheckedScript& script : scripts) {
+    for (const Diagnostic& diagnostic : script.diagnostics) {
+      text += problemAsText(script, diagnostic, isColoured);
+    }
+  }
+  return text;
+}
+
+std::string problemsAsJson(const std::vector<CheckedScript>& scripts) {
+  Json diagnostics = Json::array();
+  for (const CheckedScript& script : scripts) {
+    for (const Diagnostic& diagnostic : script.diagnostics) {
+      const Position place = script.text.positionOf(diagnostic.offset);
+      diagnostics.push_back({{"code", diagnostic.code->name},
+                             {"severity", severityName(diagnostic.code->severity)},
+                             {"file", displayText(script.path)},
+                             {"line", place.line},
+                             {"column", place.column},
+                             {"message", displayText(diagnostic.message)},
+                             {"hint", displayText(diagnostic.hint)}});
+    }
+  }
+  return documentText({{"format", 1},
+                       {"errors", countOf(scripts, Severity::error)},
+                       {"warnings", countOf(scripts, Severity::warning)},
+                       {"diagnostics", std::move(diagnostics)}});
+}
+
+}  // namespace tavrel::kit

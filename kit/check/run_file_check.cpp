@@ -1,0 +1,128 @@
+// Checks that the files of a run are different ones. Names are compared by what the host finds
+// under them, since one file can have many.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "foundation/text_utilities.h"
+#include "kit/check/bank_checks.h"
+#include "platform/file_identity.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// A file of a run, which may not be there yet.
+struct RunFile {
+  std::string path;
+  std::optional<FileIdentity> identity;  ///< none while it isn't there
+};
+
+RunFile runFile(const std::string& name) {
+  std::string path = hostPath(name.c_str());
+  const auto identity = fileIdentity(path.c_str());
+  return {.path = std::move(path), .identity = identity};
+}
+
+/// A path in two parts.
+struct FolderAndName {
+  std::string folder;  ///< "." for the current one
+  std::string name;
+};
+
+FolderAndName splitPath(const std::string& path) {
+  const std::size_t start = path.find_last_of(kHostSeparators) + 1;
+  return {start == 0 ? "." : path.substr(0, start), path.substr(start)};
+}
+
+/// Returns true if two files, of which none is there yet, would be one.
+bool willBeSame(const RunFile& first, const RunFile& second) {
+  const FolderAndName one = splitPath(first.path);
+  const FolderAndName other = splitPath(second.path);
+  if (!equalsIgnoringCase(one.name.c_str(), other.name.c_str())) {
+    return false;
+  }
+  const auto folder = fileIdentity(one.folder.c_str());
+  const bool isOneFolder =
+      folder ? folder == fileIdentity(other.folder.c_str()) : one.folder == other.folder;
+  return isOneFolder && (one.name == other.name || ignoresCase(one.folder.c_str()));
+}
+
+bool isSame(const RunFile& first, const RunFile& second) {
+  return first.identity || second.identity ? first.identity == second.identity
+                                           : willBeSame(first, second);
+}
+
+/// Reports an asset that is the file of one before it. `files` are those of `assets`.
+void checkRepeats(const std::vector<CheckedAsset>& assets, const std::vector<RunFile>& files,
+                  Findings& findings) {
+  std::map<FileIdentity, std::string> names;
+  for (std::size_t i = 0; i < assets.size(); ++i) {
+    if (!assets[i].isStored || !files[i].identity) {
+      continue;
+    }
+    const ScriptWord& file = *assets[i].block->file;
+    const auto [first, isNew] = names.emplace(*files[i].identity, file.text);
+    if (!isNew) {
+      findings.add("same-file-twice", file.offset,
+                   fmt::format("{}: the file is in the bank already, listed as {}", file.text,
+                               first->second),
+                   "Remove one of the two blocks");
+    }
+  }
+}
+
+/// One of the run's own files.
+struct OwnFile {
+  const char* what;
+  RunFile file;
+};
+
+void checkOverlaps(const ScriptWord& bank, const std::array<OwnFile, 3>& own,
+                   const std::vector<CheckedAsset>& assets, const std::vector<RunFile>& files,
+                   Findings& findings) {
+  const auto add = [&](const OwnFile& file, const std::string& other) {
+    findings.add(
+        "output-overlap", bank.offset,
+        fmt::format("{}: {} and {} are one file, {}", bank.text, file.what, other, file.file.path),
+        "Name the bank differently, or put it into another folder");
+  };
+  for (auto file = own.begin(); file != own.end(); ++file) {
+    for (auto other = file + 1; other != own.end(); ++other) {
+      if (isSame(file->file, other->file)) {
+        add(*file, other->what);
+      }
+    }
+    const auto asset = std::find_if(files.begin(), files.end(), [&file](const RunFile& one) {
+      return isSame(file->file, one);
+    });
+    if (asset != files.end()) {
+      const auto index = static_cast<std::size_t>(asset - files.begin());
+      add(*file, fmt::format("the asset {}", assets[index].block->file->text));
+    }
+  }
+}
+
+}  // namespace
+
+void checkFiles(const BankNames& names, const RunPlan& plan,
+                const std::vector<CheckedAsset>& assets, Findings& findings) {
+  std::vector<RunFile> files;
+  files.reserve(assets.size());
+  for (const CheckedAsset& asset : assets) {
+    files.push_back(runFile(asset.openedName));
+  }
+  checkRepeats(assets, files, findings);
+  if (names.word != nullptr) {
+    checkOverlaps(*names.word,
+                  {{{"the bank", runFile(names.bankPath)},
+                    {"the header", runFile(names.headerPath)},
+                    {"the script", runFile(plan.scriptPath)}}},
+                  assets, files, findings);
+  }
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,66 @@
+#include "kit/check/script_words.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "compiler/script_language.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
+
+bool ScriptWords::next() {
+  hasWord_ = end_ == End::none && (script_.readToken() || takeUnreadWord());
+  if (!hasWord_) {
+    return false;
+  }
+  word_ = {script_.token.data(), script_.tokenStart()};
+  if (word_.offset > 0 || !word_.text.starts_with(kByteOrderMark)) {
+    return true;
+  }
+  findings_.add("byte-order-mark", 0, "the script begins with a byte order mark");
+  word_ = {word_.text.substr(kByteOrderMark.size()), kByteOrderMark.size()};
+  return !word_.text.empty() || next();
+}
+
+std::optional<std::size_t> ScriptWords::skipToNext() {
+  script_.readToken();
+  const std::size_t start = script_.tokenStart();
+  return start < text().size() ? std::optional(start) : std::nullopt;
+}
+
+/// Judges a word that the tool doesn't read. One without a line end after it is taken all the same.
+bool ScriptWords::takeUnreadWord() {
+  const std::size_t start = script_.tokenStart();
+  const std::string_view rest = text().substr(start);
+  if (rest.size() > TokenFile::kLongestToken) {
+    end_ = End::atLongWord;
+    reportLongWord(start);
+  }
+  if (rest.empty() || isCutShort()) {
+    return false;
+  }
+  end_ = End::beforeLastWord;
+  std::copy(rest.begin(), rest.end(), script_.token.begin());
+  script_.token[rest.size()] = '\0';
+  if (!script_.isToken(kScriptEnd)) {  // which needs no line end
+    findings_.add(
+        "last-word", start,
+        fmt::format("{} has no line end after it, so tavrel doesn't read it", script_.token.data()),
+        "End the last line with a line end");
+  }
+  return true;
+}
+
+void ScriptWords::reportLongWord(std::size_t start) {
+  findings_.add("long-word", start,
+                fmt::format("this word has more than {} characters; tavrel reads no further",
+                            TokenFile::kLongestToken));
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,45 @@
+#include "kit/check/source_text.h"
+
+#include <algorithm>
+
+#include "kit/display_text.h"
+
+namespace tavrel::kit {
+
+SourceText::SourceText(std::string wholeText)
+    : text_(std::move(wholeText)), lineStarts_{0}, marks_{{0, {}}} {
+  constexpr std::size_t kBetweenMarks = 1024;
+  Position position;
+  for (std::size_t i = 0; i < text_.size();) {
+    const char character = text_[i];
+    i += characterLength(text().substr(i));
+    ++position.column;
+    const bool endsLine =
+        character == '\n' || (character == '\r' && !text().substr(i).starts_with('\n'));
+    if (endsLine) {
+      position = {position.line + 1, 1};
+      lineStarts_.push_back(i);
+    }
+    if (endsLine || i - marks_.back().offset >= kBetweenMarks) {
+      marks_.push_back({i, position});
+    }
+  }
+}
+
+Position SourceText::positionOf(std::size_t offset) const {
+  const auto next =
+      std::upper_bound(marks_.begin(), marks_.end(), offset,
+                       [](std::size_t wanted, const Mark& mark) { return wanted < mark.offset; });
+  const Mark& mark = *(next - 1);
+  const std::string_view between = text().substr(mark.offset, offset - mark.offset);
+  return {mark.position.line, mark.position.column + displayWidth(between)};
+}
+
+std::string_view SourceText::line(std::size_t number) const {
+  const std::size_t start = lineStarts_[number - 1];
+  const std::size_t end = number < lineStarts_.size() ? lineStarts_[number] : text_.size();
+  const std::string_view whole = text().substr(start, end - start);
+  return whole.substr(0, std::min(whole.find_first_of("\r\n"), whole.size()));
+}
+
+}  // namespace tavrel::kit

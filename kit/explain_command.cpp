@@ -1,0 +1,71 @@
+// tavkit explain: what a code of `tavkit check` means and how to fix it.
+#include <fmt/format.h>
+
+#include "kit/arguments.h"
+#include "kit/check/codes.h"
+#include "kit/check/report_formats.h"
+#include "kit/commands.h"
+#include "kit/failure.h"
+#include "kit/nearest.h"
+#include "kit/output.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+const Code& codeNamed(const std::string& name) {
+  if (const Code* code = findCode(name)) {
+    return *code;
+  }
+  std::vector<std::string> names;
+  for (const Code& code : codes()) {
+    names.emplace_back(code.name);
+  }
+  throw Failure(fmt::format("there is no code {}{}", name, didYouMean(name, names)));
+}
+
+/// Returns text broken into lines of at most 80 characters.
+std::string filled(std::string_view text) {
+  constexpr std::size_t kWidth = 80;
+  std::string lines;
+  while (text.size() > kWidth) {
+    const std::size_t end = text.rfind(' ', kWidth);
+    lines.append(text.substr(0, end)) += '\n';
+    text.remove_prefix(end + 1);
+  }
+  return lines.append(text) += '\n';
+}
+
+int runExplain(const Arguments& arguments, Output& output) {
+  const Code& code = codeNamed(arguments.operands.front());
+  output.results =
+      fmt::format("{} ({})\n{}.\n\n{}\nFix: {}", code.name, severityName(code.severity),
+                  code.summary, filled(code.cause), filled(code.fix));
+  if (!code.example.empty()) {
+    output.results += "\nExample:\n";
+    for (std::string_view rest = code.example; !rest.empty();) {
+      const std::size_t end = std::min(rest.find('\n'), rest.size());
+      output.results += fmt::format("    {}\n", rest.substr(0, end));
+      rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+  }
+  return exitYes;
+}
+
+}  // namespace
+
+Command explainCommand() {
+  return {
+      .name = "explain",
+      .operands = {.synopsis = "CODE", .fewest = 1, .most = 1},
+      .summary = "Explain a code of check, with its fix",
+      .description =
+          "Prints what a code of tavkit check means, how it comes about and what to do, "
+          "with an example.",
+      .example = "tavkit explain adpcm-loop",
+      .options = {},
+      .run = runExplain,
+  };
+}
+
+}  // namespace tavrel::kit

@@ -6,6 +6,7 @@ schemas_test.py TAVREL TAVKIT
 import json
 import pathlib
 import random
+import re
 import struct
 import subprocess
 import sys
@@ -14,7 +15,8 @@ import unittest
 
 import jsonschema
 
-SCHEMAS = pathlib.Path(__file__).parents[2] / "kit" / "schemas"
+SOURCE = pathlib.Path(__file__).parents[2]
+SCHEMAS = SOURCE / "kit" / "schemas"
 TAVREL, TAVKIT = (str(pathlib.Path(path).resolve()) for path in sys.argv[1:3])
 
 WAVE = struct.pack("<4sI4s4sIHHIIHH4sI", b"RIFF", 236, b"WAVE", b"fmt ", 16, 1, 1, 8000, 16000, 2,
@@ -87,6 +89,47 @@ class SchemasTest(unittest.TestCase):
             self.validate("list", damaged)
             self.validate("verify", damaged)
             self.validate("diff", bank, damaged)
+
+    def test_check(self):
+        script = self.pack("old", SCRIPT).with_name("sfx.txt")
+        script.write_text(SCRIPT.replace("Loop 1", "Loop 10").replace("c.mid", "[n:1:2: \u00e9].mid"))
+        document = self.validate("check", "-C", script.parent, script.name, "sfx.txt")
+        self.assertGreaterEqual(document["warnings"], 2)
+        self.assertGreaterEqual(document["errors"], 2)
+        text, sarif = (subprocess.run([TAVKIT, "check", "-C", script.parent, "sfx.txt", "sfx.txt", *form],
+                                      capture_output=True, encoding="utf-8").stdout
+                       for form in ([], ["--format", "sarif"]))
+        self.match_lines(text, document["diagnostics"])
+        self.judge_sarif(json.loads(sarif), document["diagnostics"])
+
+    def match_lines(self, text, diagnostics):
+        """The problem matchers find exactly the problems in the text."""
+        tasks = json.loads((SOURCE / "integrations/vscode/tasks.json").read_text())["tasks"]
+        github = json.loads((SOURCE / "integrations/github/tavkit.json").read_text())
+        for pattern in (tasks[0]["problemMatcher"]["pattern"], github["problemMatcher"][0]["pattern"][0]):
+            keys = ("code", "severity", "file", "line", "column", "message")
+            found = [[match[pattern[key]] for key in keys]
+                     for match in map(re.compile(pattern["regexp"]).match, text.split("\n")) if match]
+            self.assertEqual(found, [[str(one[key]) for key in keys] for one in diagnostics])
+
+    def judge_sarif(self, log, diagnostics):
+        """What SARIF 2.1.0 requires, and what code scanning needs."""
+        self.assertEqual(log["version"], "2.1.0")
+        run, = log["runs"]
+        self.assertEqual(run["columnKind"], "unicodeCodePoints")
+        rules = run["tool"]["driver"]["rules"]
+        self.assertTrue(run["tool"]["driver"]["name"])
+        self.assertEqual(len({rule["id"] for rule in rules}), len(rules))
+        self.assertTrue(all(rule["fullDescription"]["text"] and rule["help"]["text"] for rule in rules))
+        found = []
+        for result in run["results"]:
+            self.assertEqual(rules[result["ruleIndex"]]["id"], result["ruleId"])
+            place = result["locations"][0]["physicalLocation"]
+            found.append([result["ruleId"], result["level"], place["artifactLocation"]["uri"],
+                          place["region"]["startLine"], place["region"]["startColumn"]])
+            self.assertTrue(result["message"]["text"])
+        keys = ("code", "severity", "file", "line", "column")
+        self.assertEqual(found, [[one[key] for key in keys] for one in diagnostics])
 
 
 if __name__ == "__main__":

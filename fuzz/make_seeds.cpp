@@ -2,7 +2,9 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
+#include "fuzz/input_parts.h"
 #include "fuzz/small_build.h"
 
 namespace {
@@ -14,11 +16,29 @@ void write(const std::filesystem::path& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
 }
 
+/// Returns the parts of an input as one.
+std::string joined(const std::vector<std::string>& parts) {
+  std::string input = parts.front();
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    input.append(kPartEnd) += parts[i];
+  }
+  return input;
+}
+
 /// Returns the input of the whole run; run_fuzzer.cpp has its layout.
 std::string runInput() {
-  const std::string mark = "\n----\n";
-  return "HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny" + mark + smallScript() + mark +
-         smallWav() + mark + smallAiff() + mark + smallMidi();
+  return joined({"HeaderPrefix\nsnd\nbankPath\nx\nheaderPath\ny", smallScript(), smallWav(),
+                 smallAiff(), smallMidi()});
+}
+
+/// Returns the input of a check that finds no error; check_fuzzer.cpp has its layout.
+std::string checkInput() {
+  return joined(
+      {"; tavkit: allow after-end, adpcm-lop\nBankFileName b.tvb\n"
+       "WaveFile w.wav SampleRate 22050 Adpcm 1 AssetEnd\n"
+       "WaveFile f.aif Loop 1 AssetEnd\nMidiFileType0 m.mid AssetEnd\n"
+       "UserAsset d.dat Parameter0 1 AssetEnd\nScriptEnd\n",
+       smallWav(), smallAiff(), smallMidi()});
 }
 
 /// Returns the input of the commands of tavkit; kit_fuzzer.cpp has its layout.
@@ -43,6 +63,7 @@ int main(int argumentCount, char** arguments) {
   write(seeds / "aiff" / "whole", smallAiff());
   write(seeds / "midi" / "whole", smallMidi());
   write(seeds / "run" / "whole", runInput());
+  write(seeds / "check" / "whole", checkInput());
   write(seeds / "bank" / "whole", smallBank());
   write(seeds / "kit" / "whole", kitInput());
   return 0;

@@ -12,13 +12,13 @@
 // and script, a dot or a separator is kept only after a letter or a digit.
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "compiler/run_driver.h"
+#include "fuzz/input_parts.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
 #include "fuzz/require.h"
@@ -28,26 +28,6 @@
 namespace tavrel::fuzz {
 
 namespace {
-
-/// Removes and returns the text before the first `mark`, or all of it.
-std::string_view cutOff(std::string_view& text, std::string_view mark) {
-  const std::string_view front = text.substr(0, text.find(mark));
-  text.remove_prefix(std::min(front.size() + mark.size(), text.size()));
-  return front;
-}
-
-std::string confined(std::string_view text) {
-  std::string result(text);
-  char before = '\0';
-  for (char& character : result) {
-    const bool leadsOut = character == '.' || character == '/' || character == '\\';
-    if (leadsOut && std::isalnum(static_cast<unsigned char>(before)) == 0) {
-      character = '_';
-    }
-    before = character;
-  }
-  return result;
-}
 
 /// The argument list in the form of `main`.
 class Arguments {
@@ -78,17 +58,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   fuzz::silenceConsole();
   static const fuzz::WorkDirectory directory;
   static const std::vector<fuzz::SmallFile> otherFiles = fuzz::smallBuild();
-  constexpr std::string_view kMark = "\n----\n";
 
   std::string_view input(reinterpret_cast<const char*>(bytes), size);
-  const fuzz::Arguments arguments(fuzz::cutOff(input, kMark));
+  const fuzz::Arguments arguments(fuzz::cutOff(input));
   fuzz::WorkDirectory::removeFiles();
   for (const fuzz::SmallFile& file : otherFiles) {
     fuzz::WorkDirectory::write(file.name.c_str(), file.content);
   }
-  fuzz::WorkDirectory::write("s.txt", fuzz::confined(fuzz::cutOff(input, kMark)));
-  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input, kMark));
-  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input, kMark));
+  fuzz::WorkDirectory::write("s.txt", fuzz::confined(fuzz::cutOff(input)));
+  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input));
+  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input));
   fuzz::WorkDirectory::write("m.mid", input);
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
   const int exitCode = runTavrel(arguments.count(), arguments.list());

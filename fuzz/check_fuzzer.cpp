@@ -1,0 +1,73 @@
+// Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, and
+// the bank passes verify.
+//
+// | Content | Goes to |
+// |---|---|
+// | script and a line "----" | "s.txt" |
+// | WAV file and a line "----" | "w.wav" |
+// | AIFF file and a line "----" | "f.aif" |
+// | MIDI file | "m.mid" |
+//
+// The other files are those of a small build.
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "compiler/run_driver.h"
+#include "fuzz/input_parts.h"
+#include "fuzz/memory_bound.h"
+#include "fuzz/quiet_console.h"
+#include "fuzz/require.h"
+#include "fuzz/small_build.h"
+#include "fuzz/work_directory.h"
+#include "kit/check/check_script.h"
+#include "kit/command_line.h"
+#include "tests/support/packed_script.h"
+
+namespace tavrel::fuzz {
+
+namespace {
+
+std::string contentOf(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Packs a script without errors.
+void requirePacked(const std::string& script) {
+  const test::Wanted wanted = test::wantedBy(script);
+  const char* const arguments[] = {"tavrel", "s.txt", nullptr};
+  require(runTavrel(2, arguments) == 0);
+  require(test::faultOfDefines(contentOf(wanted.header()), wanted.files.size()).empty());
+  kit::Output output;
+  require(kit::runCommandLine({"verify", wanted.bank}, output) == 0);
+}
+
+}  // namespace
+
+}  // namespace tavrel::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  using namespace tavrel;
+  fuzz::silenceConsole();
+  static const fuzz::WorkDirectory directory;
+  static const std::vector<fuzz::SmallFile> otherFiles = fuzz::smallBuild();
+
+  std::string_view input(reinterpret_cast<const char*>(bytes), size);
+  fuzz::WorkDirectory::removeFiles();
+  for (const fuzz::SmallFile& file : otherFiles) {
+    fuzz::WorkDirectory::write(file.name.c_str(), file.content);
+  }
+  const std::string script = fuzz::confined(fuzz::cutOff(input));
+  fuzz::WorkDirectory::write("s.txt", script);
+  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input));
+  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input));
+  fuzz::WorkDirectory::write("m.mid", input);
+  const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
+  if (kit::checkScript({.scriptPath = "s.txt"}, {}).count(kit::Severity::error) == 0) {
+    fuzz::requirePacked(script);
+  }
+  return 0;
+}

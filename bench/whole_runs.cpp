@@ -167,6 +167,11 @@ void runAll(const std::string& tavrel) {
                                          packed("compress_small"), ffmpeg("joined.wav"), 0.2, 20});
   const Cost smallRun =
       compare({"Pack 2,000 small WAVs / cat", packed("small"), joined(small), 1.3, 20});
+  compare({"Check 2,000 small WAVs / pack them",
+           {{tavkit, "check", "small.txt"}},
+           packed("small"),
+           1.0,
+           20});
   const Cost opaqueRun =
       compare({"Pack 1 GiB of opaque assets / cat", packed("opaque"), joined(opaque), 1.4, 8});
   compare({"30,000 blocks / 15,000 blocks", packed("blocks30000"), packed("blocks15000"), 2.2, 20});

@@ -20,6 +20,7 @@ if(TAVREL_KIT)
   install(FILES kit/completions/tavkit.bash RENAME tavkit
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES kit/completions/_tavkit DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+  install(DIRECTORY integrations DESTINATION ${CMAKE_INSTALL_DOCDIR})
   install(DIRECTORY kit/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel)
 endif()
 

@@ -117,6 +117,17 @@ check_bytes() {
   fi
 }
 
+# The scripts that the document shows have no problems. The kit may not be in this build.
+check_good_scripts() {
+  local script
+  for script in "$@"; do
+    if type tavkit >/dev/null 2>&1 &&
+      ! (cd "$(dirname "$root/$script")" && tavkit check --werror "$(basename "$script")") >&2; then
+      fail "$script has problems"
+    fi
+  done
+}
+
 check_file() {
   local text
   text=$(cat)
@@ -162,6 +173,8 @@ for document in README.md CONTRIBUTING.md docs/*.md; do
     # shellcheck disable=SC2086 # split on purpose
     check_block $words < <(tail -n +2 "$block")
   done
+  # shellcheck disable=SC2046 # split on purpose
+  check_good_scripts $(sed -n 's/^```text \(.*\.txt\)$/\1/p' "$document")
 done
 
 # The man page: its form, and its command line with its script.
@@ -169,6 +182,7 @@ document=docs/tavrel.1
 make_root
 mkdir "$root/examples/out"
 sed -n '/^\.Bd /,/^\.Ed/{ /^\.[BE]d/d; p }' "$document" >"$root/examples/sfx.txt"
+check_good_scripts examples/sfx.txt
 root+=/examples
 check_commands < <(sed -n 's/^\.Dl \$ //p' "$document")
 if [[ $(grep -c 'SFX_.*_\(WAV\|MID\)' "$root/out/sfx.h") -ne 2 ]]; then

@@ -14,13 +14,17 @@ constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kBetweenCodes = " \t,";
 
 /// Takes `word` off the start of `rest`, and the blanks before and after it. Returns false, with
-/// `rest` unchanged, if it doesn't begin with the word.
+/// `rest` unchanged, if it doesn't begin with the word, or goes on with another letter.
 bool takeWord(std::string_view& rest, std::string_view word) {
   std::string_view text = rest.substr(std::min(rest.find_first_not_of(kBlanks), rest.size()));
   if (!text.starts_with(word)) {
     return false;
   }
   text.remove_prefix(word.size());
+  if (word.back() != ':' && !text.empty() &&
+      kBetweenCodes.find(text.front()) == std::string::npos) {
+    return false;
+  }
   rest = text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
   return true;
 }
@@ -37,17 +41,20 @@ std::vector<std::string> warningNames() {
 
 }  // namespace
 
-Allowances::Allowances(const SourceText& text, const std::vector<std::size_t>& statementStarts,
-                       Findings& findings)
-    : text_(text), statementStarts_(statementStarts) {
-  bool isFirstBlock = true;
+Allowances::Allowances(const SourceText& text, const ScriptModel& model, Findings& findings)
+    : text_(text), model_(model) {
+  bool hasBegun = false;  // the first block of comments
+  bool hasEnded = false;
   for (std::size_t number = 1; number <= text.lineCount(); ++number) {
     const std::string_view line = text.line(number);
+    const std::size_t first = line.find_first_not_of(kBlanks);
     const std::size_t comment = line.find(';');
-    isFirstBlock = isFirstBlock && line.find_first_not_of(kBlanks) == comment &&
-                   comment != std::string_view::npos;
+    const bool isComment = comment != std::string_view::npos && first == comment;
+    const bool isBlank = first == std::string_view::npos;
+    hasBegun = hasBegun || isComment;
+    hasEnded = hasEnded || (!isComment && (hasBegun || !isBlank));
     if (comment != std::string_view::npos) {
-      readComment(number, comment, isFirstBlock, findings);
+      readComment(number, comment, !hasEnded, findings);
     }
   }
 }
@@ -66,12 +73,7 @@ void Allowances::readComment(std::size_t line, std::size_t offset, bool isFirstB
     const std::string_view name = rest.substr(0, rest.find_first_of(kBetweenCodes));
     const Code* code = findCode(name);
     if (code == nullptr || code->severity == Severity::error) {
-      findings.add(
-          "unknown-code", static_cast<std::size_t>(name.data() - text_.text().data()),
-          fmt::format("{} {}{}", name,
-                      code == nullptr ? "is no code" : "is an error, which can't be allowed",
-                      code == nullptr ? didYouMean(name, warningNames()) : ""),
-          "tavkit check --list-codes");
+      reportUnknown(name, code, findings);
     } else if (isFirstBlock) {
       everywhere_.emplace(name);
     } else {
@@ -79,6 +81,20 @@ void Allowances::readComment(std::size_t line, std::size_t offset, bool isFirstB
     }
     rest.remove_prefix(name.size());
   }
+}
+
+/// Reports a name in a comment that can't be allowed. `name` is a view into the script.
+void Allowances::reportUnknown(std::string_view name, const Code* code, Findings& findings) const {
+  const auto offset = static_cast<std::size_t>(name.data() - text_.text().data());
+  if (model_.scriptEnd &&
+      text_.positionOf(*model_.scriptEnd).line < text_.positionOf(offset).line) {
+    return;
+  }
+  findings.add("unknown-code", offset,
+               fmt::format("{} {}{}", name,
+                           code == nullptr ? "is no code" : "is an error, which can't be allowed",
+                           code == nullptr ? didYouMean(name, warningNames()) : ""),
+               "tavkit check --list-codes");
 }
 
 void Allowances::allowEverywhere(const std::vector<std::string>& codes) {
@@ -90,9 +106,9 @@ bool Allowances::allow(const Diagnostic& diagnostic) const {
     return true;
   }
   // The statement in which the problem is: the last one that begins before it or there.
-  const auto next =
-      std::upper_bound(statementStarts_.begin(), statementStarts_.end(), diagnostic.offset);
-  if (next == statementStarts_.begin()) {
+  const auto next = std::upper_bound(model_.statementStarts.begin(), model_.statementStarts.end(),
+                                     diagnostic.offset);
+  if (next == model_.statementStarts.begin()) {
     return false;
   }
   const auto allowed = byLine_.find(text_.positionOf(*(next - 1)).line);

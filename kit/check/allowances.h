@@ -11,16 +11,16 @@
 #include <vector>
 
 #include "kit/check/diagnostic.h"
+#include "kit/check/script_model.h"
 #include "kit/check/source_text.h"
 
 namespace tavrel::kit {
 
 class Allowances {
  public:
-  /// Reads the comments of `text`. `statementStarts` are the offsets of its statements in their
-  /// order. Adds codes that can't be allowed to `findings`. Borrows both.
-  Allowances(const SourceText& text, const std::vector<std::size_t>& statementStarts,
-             Findings& findings);
+  /// Reads the comments of `text`, the script of `model`. Adds codes that can't be allowed to
+  /// `findings`, up to the line of ScriptEnd. Borrows `text` and `model`.
+  Allowances(const SourceText& text, const ScriptModel& model, Findings& findings);
 
   /// Allows codes in the whole script.
   void allowEverywhere(const std::vector<std::string>& codes);
@@ -30,9 +30,10 @@ class Allowances {
 
  private:
   void readComment(std::size_t line, std::size_t offset, bool isFirstBlock, Findings& findings);
+  void reportUnknown(std::string_view name, const Code* code, Findings& findings) const;
 
   const SourceText& text_;
-  const std::vector<std::size_t>& statementStarts_;
+  const ScriptModel& model_;
   std::set<std::string, std::less<>> everywhere_;
   std::map<std::size_t, std::set<std::string, std::less<>>> byLine_;
 };

@@ -69,7 +69,7 @@ CheckedScript checkScript(const RunPlan& plan, const CheckOptions& options) {
       .path = plan.scriptPath, .text = SourceText(readFile(plan.scriptPath)), .diagnostics = {}};
   ScriptModel model;
   Findings findings = findProblems(checked.text, plan, options, model);
-  Allowances allowances(checked.text, model.statementStarts, findings);
+  Allowances allowances(checked.text, model, findings);
   allowances.allowEverywhere(options.allowed);
   for (Diagnostic& diagnostic : findings.sorted()) {
     if (!allowances.allow(diagnostic)) {

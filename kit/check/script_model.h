@@ -52,6 +52,8 @@ struct ScriptModel {
   /// Offsets of the words that begin a statement, in their order: also BankFileName, ScriptEnd, a
   /// mistyped keyword, and the first word after ScriptEnd.
   std::vector<std::size_t> statementStarts{};
+
+  std::optional<std::size_t> scriptEnd{};  ///< offset of ScriptEnd, after which nothing is judged
 };
 
 /// Reads a script that is loaded. Adds what is wrong with its words to `findings`: all problems

@@ -60,6 +60,7 @@ void ScriptReader::readStatements() {
     model_.statementStarts.push_back(word().offset);
     const std::string keyword = beginsStatement(word().text) ? word().text : unknownStatement();
     if (isKeyword(keyword, kScriptEnd)) {
+      model_.scriptEnd = model_.statementStarts.back();
       return checkAfterEnd();
     }
     readStatement(keyword);

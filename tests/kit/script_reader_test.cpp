@@ -28,7 +28,7 @@ Reading readText(const std::string& text) {
   Reading reading{readScript(file, findings), ""};
   file.freeData();
   const SourceText source(text);
-  const Allowances allowances(source, reading.model.statementStarts, findings);
+  const Allowances allowances(source, reading.model, findings);
   for (const Diagnostic& diagnostic : findings.sorted()) {
     if (allowances.allow(diagnostic)) {
       continue;
@@ -166,6 +166,8 @@ TEST(ScriptReaderTest, LeavesOutWhatCommentsAllow) {
            Row{"; tavkit: allow bad-flag\n" + start + "WaveFile x Loop 2 " + end,
                "unknown-code 1:17 bad-flag 3:17"},
            Row{start + "ScriptEnd ; tavkit: allow\n", ""},
+           Row{start + "ScriptEnd ; tavkit: allowed\n; tavkit: allow numbertext\n", ""},
+           Row{"\n; tavkit: allow flag-text,number-text\n" + start + blocks + end, ""},
        }) {
     EXPECT_EQ(readText(row.script).problems, row.problems) << row.script;
   }

@@ -46,27 +46,13 @@ bool loadFile(Reader& reader, const AssetBlock& block, Sound& sound) {
   return reader.getBitsPerSample(sound.bits);
 }
 
-/// Returns how many samples a WAV file has: the end of its loop, which is always the whole file.
-std::uint32_t sampleCount(const Sound& sound) {
-  switch (sound.bits) {
-    case 4:
-      return sound.size * 2;
-    case 8:
-      return sound.size;
-    case 16:
-      return sound.size / 2;
-    default:
-      return 0;
-  }
-}
-
 bool readWav(const AssetBlock& block, Sound& sound) {
   WaveFile reader(block.fullFileName());
   if (!loadFile(reader, block, sound)) {
     return false;
   }
   sound.block = reader.takeSamples();
-  sound.loopEnd = sampleCount(sound);
+  sound.loopEnd = waveSampleCount(sound.size, sound.bits);
   return true;
 }
 

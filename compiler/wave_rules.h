@@ -1,4 +1,5 @@
-// The rules of WaveFile statements: which file is read as AIFF, and which sound is compressed.
+// The rules of WaveFile statements: which file is read as AIFF, which sound is compressed, and
+// where the loop of a WAV file ends.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +16,21 @@ inline bool isAiffExtension(const char* extension) { return equalsIgnoringCase(e
 /// compressed.
 constexpr bool isCompressed(std::uint16_t bits, bool loops, bool wantsAdpcm) {
   return wantsAdpcm && !loops && bits == 16;
+}
+
+/// Returns how many samples of all channels `size` bytes are in a WAV file: the end of its loop,
+/// which is always the whole file. Returns 0 for other widths than 4, 8 and 16 bits.
+constexpr std::uint32_t waveSampleCount(std::uint32_t size, std::uint16_t bits) {
+  switch (bits) {
+    case 4:
+      return size * 2;
+    case 8:
+      return size;
+    case 16:
+      return size / 2;
+    default:
+      return 0;
+  }
 }
 
 }  // namespace tavrel

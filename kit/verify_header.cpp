@@ -45,7 +45,7 @@ bool repeatsOwn(const BankHeader& header, const HeaderDefine& define) {
          repeats(kHeaderSizeDefine, header.headerSize);
 }
 
-/// Returns the id that a define stands for, if it is the define of an asset.
+/// Returns the id of a define, if it is the define of an asset.
 std::optional<std::uint32_t> idOf(const BankHeader& header, const HeaderDefine& define) {
   return repeatsOwn(header, define) ? std::nullopt : decimal(define.value);
 }

@@ -54,7 +54,7 @@ void checkWidth(const LoadedSound& sound, std::string_view extension, BlockFindi
 
 /// Checks the number of samples of a sound that is compressed.
 void checkPairs(const LoadedSound& sound, BlockFindings& findings) {
-  const std::uint32_t samples = sampleCount(sound);
+  const std::uint32_t samples = waveSampleCount(sound.size, sound.bits);
   if (samples == 1) {
     findings.addAtFile("empty-sound",
                        "a sound of one sample is nothing when compressed: the bank would hold 0 "
@@ -67,7 +67,7 @@ void checkPairs(const LoadedSound& sound, BlockFindings& findings) {
 }
 
 void checkLoop(const LoadedSound& sound, bool isPlayable, BlockFindings& findings) {
-  const std::uint32_t samples = sampleCount(sound);
+  const std::uint32_t samples = waveSampleCount(sound.size, sound.bits);
   if (sound.loopStart < sound.loopEnd && sound.loopEnd <= samples) {
     if (isPlayable) {
       checkWrap(sound, findings);
@@ -81,19 +81,6 @@ void checkLoop(const LoadedSound& sound, bool isPlayable, BlockFindings& finding
 }
 
 }  // namespace
-
-std::uint32_t sampleCount(const LoadedSound& sound) {
-  switch (sound.bits) {
-    case 4:
-      return sound.size * 2;
-    case 8:
-      return sound.size;
-    case 16:
-      return sound.size / 2;
-    default:
-      return 0;
-  }
-}
 
 SoundFix fixOf(const LoadedSound& sound, std::string_view extension) {
   return {.oldBits = sound.bits,

@@ -22,10 +22,6 @@ struct LoadedSound {
   std::uint32_t loopEnd = 0;
 };
 
-/// Returns how many whole samples of all channels a sound has, as the tool counts them: 0 for other
-/// widths than 4, 8 and 16 bits.
-std::uint32_t sampleCount(const LoadedSound& sound);
-
 /// Returns what a conversion of the sound must do.
 SoundFix fixOf(const LoadedSound& sound, std::string_view extension);
 

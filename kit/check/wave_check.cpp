@@ -6,6 +6,8 @@
 #include <array>
 #include <new>
 
+#include "compiler/wave_rules.h"
+#include "compiler/wave_rules.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/sound_check.h"
@@ -112,7 +114,7 @@ LoadedSound soundOf(const WaveFile& file) {
   file.getBitsPerSample(sound.bits);
   file.getChannels(sound.channels);
   file.getSampleRate(sound.rate);
-  sound.loopEnd = sampleCount(sound);
+  sound.loopEnd = waveSampleCount(sound.size, sound.bits);
   return sound;
 }
 

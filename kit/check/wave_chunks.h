@@ -11,8 +11,7 @@ struct WaveChunks {
   std::uint32_t dataCount = 0;       ///< of `data` chunks
   bool hasDataBeforeFormat = false;  ///< a `data` chunk before the first `fmt ` chunk
   bool hasLoop = false;              ///< a `smpl` chunk with a loop
-  /// The format tag that the sub-format of an extensible `fmt ` chunk stands for, if it is one of
-  /// the standard ones.
+  /// The format tag in the sub-format of an extensible `fmt ` chunk, if that is a standard one.
   std::optional<std::uint16_t> subFormat{};
 };
 

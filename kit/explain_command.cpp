@@ -39,8 +39,8 @@ std::string filled(std::string_view text) {
 int runExplain(const Arguments& arguments, Output& output) {
   const Code& code = codeNamed(arguments.operands.front());
   output.results =
-      fmt::format("{} ({})\n{}.\n\n{}\nFix: {}", code.name, severityName(code.severity),
-                  code.summary, filled(code.cause), filled(code.fix));
+      fmt::format("{} ({})\n{}.\n\n{}\n{}", code.name, severityName(code.severity), code.summary,
+                  filled(code.cause), filled(fmt::format("Fix: {}", code.fix)));
   if (!code.example.empty()) {
     output.results += "\nExample:\n";
     for (std::string_view rest = code.example; !rest.empty();) {

@@ -11,6 +11,7 @@ namespace tavrel::kit {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kByteOrderMark = " \t\xEF\xBB\xBF";  // its bytes, and blanks
 constexpr std::string_view kBetweenCodes = " \t,";
 
 /// Takes `word` off the start of `rest`, and the blanks before and after it. Returns false, with
@@ -47,7 +48,7 @@ Allowances::Allowances(const SourceText& text, const ScriptModel& model, Finding
   bool hasEnded = false;
   for (std::size_t number = 1; number <= text.lineCount(); ++number) {
     const std::string_view line = text.line(number);
-    const std::size_t first = line.find_first_not_of(kBlanks);
+    const std::size_t first = line.find_first_not_of(number == 1 ? kByteOrderMark : kBlanks);
     const std::size_t comment = line.find(';');
     const bool isComment = comment != std::string_view::npos && first == comment;
     const bool isBlank = first == std::string_view::npos;

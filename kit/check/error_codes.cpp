@@ -34,16 +34,15 @@ constexpr std::array<Code, 27> kErrors{{
      "The tool reads a word only if a blank, a line end or a semicolon follows. The last word of "
      "the "
      "script is silently not there, and a block that it would end is dropped.",
-     "End the last line with a line end. tavkit check --fix does.",
-     "FxOutputBank stereo.fxo AssetEnd"},
+     "End the last line with a line end.", "FxOutputBank stereo.fxo AssetEnd"},
     {"long-word", Severity::error, "A word has more than 1,024 characters",
      "The tool stops there. Often a file that is no text was taken for a script.",
-     "Shorten the word, or give the right file.", ""},
+     "Shorten the word, or give the right file.", "UserAsset <1,025 characters> AssetEnd\n"},
     {"byte-order-mark", Severity::error, "The script begins with a byte order mark",
      "Some editors begin text with the three bytes EF BB BF. For the tool they are part of the "
      "first "
      "word, which is then no keyword.",
-     "Save the script as UTF-8 without a byte order mark. tavkit check --fix removes it.", ""},
+     "Save the script as UTF-8 without a byte order mark.", "<EF BB BF>BankFileName sfx.tvb\n"},
     {"missing-file", Severity::error, "An asset's file isn't there",
      "The tool looks for the file from the current folder, under the name as the script has it. It "
      "takes neither quotes nor spaces in a name: a space or a semicolon ends it. The asset is "
@@ -59,11 +58,12 @@ constexpr std::array<Code, 27> kErrors{{
      "The tool refuses a sound without samples. Compression takes pairs of samples, so less than "
      "two "
      "give an empty asset, and so does an AIFF file of other widths than 8 and 16 bits.",
-     "Export the sound again, or convert it to 16 bits.", ""},
+     "Export the sound again, or convert it to 16 bits.",
+     "WaveFile silence.wav SampleRate 22050 AssetEnd\n"},
     {"damaged-sound", Severity::error, "A sound file is damaged",
      "The file has the right form, but its chunks contradict each other or the file ends too soon. "
      "The tool refuses it, or stores something else than the sound.",
-     "Export the sound again.", ""},
+     "Export the sound again.", "WaveFile cut_off.wav SampleRate 22050 AssetEnd\n"},
     {"broken-loop", Severity::error, "A loop doesn't lie inside its sound",
      "With Loop 1 the bank gets the loop points of the file: those of an AIFF file's sustain loop, "
      "or the whole of a WAV file. A game that plays from 0 or beyond the samples clicks or "
@@ -73,21 +73,22 @@ constexpr std::array<Code, 27> kErrors{{
     {"encoding", Severity::error, "A WAV file isn't plain PCM",
      "The tool stores the bytes of the samples and doesn't look at their encoding. A game plays "
      "floating-point, A-law or ADPCM samples of other makers as noise.",
-     "Convert the file to 16-bit PCM.", ""},
+     "Convert the file to 16-bit PCM.", "WaveFile float32.wav SampleRate 22050 AssetEnd\n"},
     {"stereo-aiff", Severity::error, "Half of an AIFF file with two channels would be lost",
      "The tool takes as many samples from an AIFF file as it has frames, whatever its channels: of "
      "stereo only the first half is stored.",
-     "Mix the sound down to one channel.", ""},
+     "Mix the sound down to one channel.", "WaveFile stereo.aif SampleRate 22050 AssetEnd\n"},
     {"sequence-type", Severity::error, "A MIDI file isn't of type 0",
      "The tool leaves out sequences of other types and goes on. All later ids move.",
-     "Save the sequence as type 0, which has all channels in one track.", ""},
+     "Save the sequence as type 0, which has all channels in one track.",
+     "MidiFileType0 two_tracks.mid AssetEnd\n"},
     {"sequence-no-tempo", Severity::error, "A sequence has no tempo",
      "The tool silently leaves out a sequence without a tempo event. All later ids move.",
-     "Save the sequence with its tempo.", ""},
+     "Save the sequence with its tempo.", "MidiFileType0 no_tempo.mid AssetEnd\n"},
     {"sequence-broken", Severity::error, "A sequence breaks off",
      "The track isn't first, is empty or has no end, or the file counts time in 0 ticks. The tool "
      "may store it, and a player runs past its end.",
-     "Save the sequence again.", ""},
+     "Save the sequence again.", "MidiFileType0 cut_off.mid AssetEnd\n"},
     {"bad-flag", Severity::error, "A flag is neither 0 nor 1",
      "The value of a flag begins with 0 or 1. The tool drops the asset at any other word.",
      "Write 0 or 1.", "WaveFile boom.wav SampleRate 22050 Loop yes AssetEnd\n"},
@@ -107,15 +108,16 @@ constexpr std::array<Code, 27> kErrors{{
      "AssetEnd\n"},
     {"long-name", Severity::error, "The name of an asset is too long",
      "The stem and the extension of a file, and a _ between them, may have 79 characters.",
-     "Rename the file.", ""},
+     "Rename the file.", "UserAsset <75 characters>.data AssetEnd\n"},
     {"long-guard", Severity::error, "The guard of the header is too long",
      "The guard is the bank's name without its extension and three more characters, 79 at most.",
-     "Give the bank a shorter name.", ""},
+     "Give the bank a shorter name.", "BankFileName <77 characters>.tvb\n"},
     {"too-many-assets", Severity::error, "The script has too many assets",
      "Ids are 16-bit numbers that aren't negative, so a bank has 32,768 assets at most.",
-     "Make two banks.", ""},
+     "Make two banks.", "UserAsset the_32769th.dat AssetEnd\n"},
     {"bank-too-long", Severity::error, "The bank would have 4 GiB or more",
-     "Offsets in a bank are 32-bit numbers.", "Make two banks, or compress more sounds.", ""},
+     "Offsets in a bank are 32-bit numbers.", "Make two banks, or compress more sounds.",
+     "UserAsset after_4_gigabytes.dat AssetEnd\n"},
     {"output-overlap", Severity::error, "Two of the run's files are one",
      "The bank, the header, the script and the assets must be different files: the run would write "
      "over one that it reads or has just written.",
@@ -123,7 +125,8 @@ constexpr std::array<Code, 27> kErrors{{
      "BankFileName boom.wav\nWaveFile boom.wav SampleRate 22050 AssetEnd\nScriptEnd\n"},
     {"over-budget", Severity::error, "The bank is longer than --max-bytes allows",
      "The limit counts the whole file of the bank.",
-     "Compress or leave out some of the largest assets, which the message names.", ""},
+     "Compress or leave out some of the largest assets, which the message names.",
+     "BankFileName sfx.tvb  ; checked with --max-bytes 8M\n"},
 }};
 
 }  // namespace

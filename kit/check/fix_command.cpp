@@ -43,7 +43,8 @@ NameParts partsOf(const std::string& name) {
 }
 
 /// Returns the name of a new file: pluck.wav for pluck24.wav of 24 bits, else with `mark` after the
-/// stem where the name would be that of the old file.
+/// stem where the name would be that of the old file. Appends more marks while there is such a
+/// file: the commands would replace it.
 std::string newName(const std::string& name, std::uint16_t oldBits, std::string_view extension,
                     std::string_view mark) {
   const NameParts parts = partsOf(name);
@@ -53,9 +54,12 @@ std::string newName(const std::string& name, std::uint16_t oldBits, std::string_
     stem.resize(stem.size() - width.size());
   }
   std::string result = fmt::format("{}{}", stem, extension);
-  return equalsIgnoringCase(result.c_str(), name.c_str())
-             ? fmt::format("{}_{}{}", stem, mark, extension)
-             : result;
+  while (equalsIgnoringCase(result.c_str(), name.c_str()) ||
+         pathKind(hostPath(result.c_str()).c_str()) != PathKind::missing) {
+    stem += fmt::format("_{}", mark);
+    result = fmt::format("{}{}", stem, extension);
+  }
+  return result;
 }
 
 }  // namespace
@@ -72,7 +76,7 @@ std::string shellWord(std::string_view word) {
 }
 
 std::string renameCommand(const std::string& from, const std::string& to) {
-  return fmt::format("mv {} {}", fileWord(from), fileWord(to));
+  return fmt::format("mv -n {} {}", fileWord(from), fileWord(to));
 }
 
 std::string soxCommand(const std::string& name, const SoundFix& fix) {

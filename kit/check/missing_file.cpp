@@ -98,10 +98,10 @@ void reportMissing(const std::string& openedName, FolderNames& folders, BlockFin
                                    block.wholeName),
                        "Names of files have no spaces");
   } else {
-    findings.addAtFile(
-        "missing-file",
-        "there is no such file" + suggestion(openedName, folders.nearestName(openedName)),
-        "Files are found from the current folder, or from that of -C");
+    const std::string found = folders.nearestName(openedName);
+    findings.addAtFile("missing-file", "there is no such file" + suggestion(openedName, found),
+                       found.empty() ? "Files are found from the current folder, or from that of -C"
+                                     : fmt::format("Write {}", found));
   }
 }
 

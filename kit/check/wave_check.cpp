@@ -7,7 +7,6 @@
 #include <new>
 
 #include "compiler/wave_rules.h"
-#include "compiler/wave_rules.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/sound_check.h"

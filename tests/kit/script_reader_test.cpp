@@ -168,6 +168,8 @@ TEST(ScriptReaderTest, LeavesOutWhatCommentsAllow) {
            Row{start + "ScriptEnd ; tavkit: allow\n", ""},
            Row{start + "ScriptEnd ; tavkit: allowed\n; tavkit: allow numbertext\n", ""},
            Row{"\n; tavkit: allow flag-text,number-text\n" + start + blocks + end, ""},
+           Row{"\xEF\xBB\xBF; tavkit: allow flag-text,number-text\n" + start + blocks + end,
+               "byte-order-mark 1:1"},
        }) {
     EXPECT_EQ(readText(row.script).problems, row.problems) << row.script;
   }

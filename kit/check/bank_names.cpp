@@ -38,7 +38,8 @@ BankNames nameBank(const ScriptModel& script, const RunPlan& plan) {
   run.headerFileName.setPath(plan.headerDirectory.c_str());
   parseNames(script, run);
   BankNames names{.prefix = run.prefix()};
-  if (!script.bankNames.empty()) {
+  const bool isNamed = !script.bankNames.empty() && !script.bankNames.back().text.empty();
+  if (isNamed) {
     names.word = &script.bankNames.back();
     names.bankPath = textOf(run.bankFileName.getNameAndPath());
     names.headerPath = textOf(run.headerFileName.getNameAndPath());

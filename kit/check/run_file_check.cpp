@@ -77,7 +77,7 @@ void checkRepeats(const std::vector<CheckedAsset>& assets, const std::vector<Run
 
 /// One of the run's own files.
 struct OwnFile {
-  const char* what;
+  const char* what = nullptr;
   RunFile file;
 };
 
@@ -90,18 +90,18 @@ void checkOverlaps(const ScriptWord& bank, const std::array<OwnFile, 3>& own,
         fmt::format("{}: {} and {} are one file, {}", bank.text, file.what, other, file.file.path),
         "Name the bank differently, or put it into another folder");
   };
-  for (auto file = own.begin(); file != own.end(); ++file) {
-    for (auto other = file + 1; other != own.end(); ++other) {
-      if (isSame(file->file, other->file)) {
-        add(*file, other->what);
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    const OwnFile& file = own[i];
+    for (std::size_t other = i + 1; other < own.size(); ++other) {
+      if (isSame(file.file, own[other].file)) {
+        add(file, own[other].what);
       }
     }
-    const auto asset = std::find_if(files.begin(), files.end(), [&file](const RunFile& one) {
-      return isSame(file->file, one);
-    });
+    const auto asset = std::find_if(files.begin(), files.end(),
+                                    [&file](const RunFile& one) { return isSame(file.file, one); });
     if (asset != files.end()) {
       const auto index = static_cast<std::size_t>(asset - files.begin());
-      add(*file, fmt::format("the asset {}", assets[index].block->file->text));
+      add(file, fmt::format("the asset {}", assets[index].block->file->text));
     }
   }
 }

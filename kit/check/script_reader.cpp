@@ -73,7 +73,7 @@ void ScriptReader::readStatements() {
 
 /// Reports a word that begins no statement. Returns the keyword that was meant, or nothing.
 std::string ScriptReader::unknownStatement() {
-  const std::string meant = nearest(word().text, statementKeywords());
+  std::string meant = nearest(word().text, statementKeywords());
   findings_.add("unknown-word", word().offset, fmt::format("{} is no statement", word().text),
                 suggestion(meant));
   return meant;

@@ -23,9 +23,9 @@ constexpr std::array<std::uint8_t, 14> kStandardFormat{0, 0, 0,    0, 0x10, 0,  
 constexpr std::size_t kExtensibleSize = kSubFormat + 2 + kStandardFormat.size();
 
 // A `smpl` chunk has 7 other numbers before the number of its loops, and one after it.
-constexpr std::size_t kLoopCount = 7 * 4;
+constexpr std::size_t kLoopCount = std::size_t{7} * 4;
 constexpr std::size_t kSamplerSize = kLoopCount + 4 + 4;
-constexpr std::size_t kLoopSize = 6 * 4;
+constexpr std::size_t kLoopSize = std::size_t{6} * 4;
 
 void readFormat(RiffFile& riff, const ChunkInfo& chunk, WaveChunks& chunks) {
   std::array<std::uint8_t, kExtensibleSize> bytes{};

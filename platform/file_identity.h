@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 
 namespace tavrel {
 
@@ -12,7 +13,10 @@ struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
 
-  auto operator<=>(const FileIdentity&) const = default;
+  bool operator==(const FileIdentity&) const = default;
+  bool operator<(const FileIdentity& other) const {
+    return std::tie(volume, number) < std::tie(other.volume, other.number);
+  }
 };
 
 /// Returns the identity of the file or folder at `path`, with links followed. Returns nothing if it

@@ -23,7 +23,7 @@
 #include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
 #include "kit/check/check_script.h"
-#include "kit/command_line.h"
+#include "kit/frame/command_line.h"
 #include "tests/support/packed_script.h"
 
 namespace tavrel::fuzz {

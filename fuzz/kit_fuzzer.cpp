@@ -13,8 +13,8 @@
 #include "fuzz/require.h"
 #include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
-#include "kit/command.h"
-#include "kit/command_line.h"
+#include "kit/frame/command.h"
+#include "kit/frame/command_line.h"
 
 namespace tavrel::fuzz {
 

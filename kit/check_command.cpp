@@ -6,12 +6,12 @@
 
 #include "kit/check/check_script.h"
 #include "kit/check/report_formats.h"
-#include "kit/colour.h"
 #include "kit/commands.h"
-#include "kit/failure.h"
-#include "kit/nearest.h"
-#include "kit/output.h"
-#include "kit/text_table.h"
+#include "kit/frame/colour.h"
+#include "kit/frame/failure.h"
+#include "kit/frame/nearest.h"
+#include "kit/frame/output.h"
+#include "kit/frame/text_table.h"
 
 namespace tavrel::kit {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "kit/command.h"
+#include "kit/frame/command.h"
 
 namespace tavrel::kit {
 

@@ -5,14 +5,14 @@
 #include <algorithm>
 #include <array>
 
-#include "kit/bank_difference.h"
+#include "kit/bank/named_bank.h"
 #include "kit/commands.h"
-#include "kit/display_text.h"
-#include "kit/failure.h"
-#include "kit/json.h"
-#include "kit/named_bank.h"
-#include "kit/output.h"
-#include "kit/text_table.h"
+#include "kit/diff/bank_difference.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/failure.h"
+#include "kit/frame/json.h"
+#include "kit/frame/output.h"
+#include "kit/frame/text_table.h"
 
 namespace tavrel::kit {
 

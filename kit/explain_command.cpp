@@ -1,13 +1,13 @@
 // tavkit explain: what a code of `tavkit check` means and how to fix it.
 #include <fmt/format.h>
 
-#include "kit/arguments.h"
 #include "kit/check/codes.h"
 #include "kit/check/report_formats.h"
 #include "kit/commands.h"
-#include "kit/failure.h"
-#include "kit/nearest.h"
-#include "kit/output.h"
+#include "kit/frame/arguments.h"
+#include "kit/frame/failure.h"
+#include "kit/frame/nearest.h"
+#include "kit/frame/output.h"
 
 namespace tavrel::kit {
 

@@ -3,13 +3,13 @@
 
 #include <filesystem>
 
-#include "kit/asset_choice.h"
-#include "kit/asset_facts.h"
+#include "kit/bank/asset_choice.h"
+#include "kit/bank/asset_facts.h"
 #include "kit/commands.h"
-#include "kit/display_text.h"
-#include "kit/extraction_plan.h"
-#include "kit/failure.h"
-#include "kit/output.h"
+#include "kit/extract/extraction_plan.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/failure.h"
+#include "kit/frame/output.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {

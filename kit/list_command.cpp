@@ -5,14 +5,14 @@
 #include <array>
 
 #include "compiler/bank_format.h"
-#include "kit/asset_facts.h"
-#include "kit/bank_json.h"
+#include "kit/bank/asset_facts.h"
+#include "kit/bank/bank_json.h"
+#include "kit/bank/named_bank.h"
 #include "kit/commands.h"
-#include "kit/display_text.h"
-#include "kit/json.h"
-#include "kit/named_bank.h"
-#include "kit/output.h"
-#include "kit/text_table.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/json.h"
+#include "kit/frame/output.h"
+#include "kit/frame/text_table.h"
 
 namespace tavrel::kit {
 

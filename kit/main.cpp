@@ -1,4 +1,4 @@
-#include "kit/command_line.h"
+#include "kit/frame/command_line.h"
 #include "platform/large_pages.h"
 #include "platform/standard_streams.h"
 

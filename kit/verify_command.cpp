@@ -3,12 +3,12 @@
 
 #include <algorithm>
 
-#include "kit/colour.h"
 #include "kit/commands.h"
-#include "kit/display_text.h"
-#include "kit/json.h"
-#include "kit/output.h"
-#include "kit/verify.h"
+#include "kit/frame/colour.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/json.h"
+#include "kit/frame/output.h"
+#include "kit/verify/verify.h"
 
 namespace tavrel::kit {
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "kit/nearest.h"
+#include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
 

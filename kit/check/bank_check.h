@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "kit/check/asset_check.h"
-#include "kit/script_options.h"
+#include "kit/frame/script_options.h"
 
 namespace tavrel::kit {
 

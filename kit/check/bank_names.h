@@ -4,7 +4,7 @@
 #include <string>
 
 #include "kit/check/script_model.h"
-#include "kit/script_options.h"
+#include "kit/frame/script_options.h"
 
 namespace tavrel::kit {
 

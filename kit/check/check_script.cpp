@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <memory>
 
-#include "kit/captured_console.h"
 #include "kit/check/allowances.h"
 #include "kit/check/asset_check.h"
 #include "kit/check/bank_check.h"
 #include "kit/check/folder_names.h"
 #include "kit/check/script_model.h"
-#include "kit/source_file.h"
+#include "kit/frame/captured_console.h"
+#include "kit/frame/source_file.h"
 
 namespace tavrel::kit {
 

@@ -8,7 +8,7 @@
 
 #include "kit/check/diagnostic.h"
 #include "kit/check/source_text.h"
-#include "kit/script_options.h"
+#include "kit/frame/script_options.h"
 
 namespace tavrel::kit {
 

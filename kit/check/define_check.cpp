@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "compiler/names.h"
-#include "kit/c_identifier.h"
+#include "kit/bank/c_identifier.h"
 #include "kit/check/bank_checks.h"
 
 namespace tavrel::kit {

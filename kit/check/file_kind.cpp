@@ -5,7 +5,7 @@
 #include <cctype>
 
 #include "foundation/disk_file.h"
-#include "kit/display_text.h"
+#include "kit/frame/display_text.h"
 
 namespace tavrel::kit {
 

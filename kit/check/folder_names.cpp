@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "foundation/text_utilities.h"
-#include "kit/nearest.h"
+#include "kit/frame/nearest.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "kit/nearest.h"
+#include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
 

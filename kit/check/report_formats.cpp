@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "kit/colour.h"
-#include "kit/display_text.h"
-#include "kit/json.h"
+#include "kit/frame/colour.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/json.h"
 
 namespace tavrel::kit {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "kit/check/report_formats.h"
-#include "kit/display_text.h"
-#include "kit/json.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/json.h"
 
 namespace tavrel::kit {
 

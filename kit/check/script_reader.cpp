@@ -8,7 +8,7 @@
 #include "kit/check/script_keywords.h"
 #include "kit/check/script_model.h"
 #include "kit/check/script_words.h"
-#include "kit/nearest.h"
+#include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "kit/display_text.h"
+#include "kit/frame/display_text.h"
 
 namespace tavrel::kit {
 

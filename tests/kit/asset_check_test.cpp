@@ -8,8 +8,8 @@
 #include <set>
 
 #include "compiler/bank_script.h"
-#include "kit/captured_console.h"
 #include "kit/check/source_text.h"
+#include "kit/frame/captured_console.h"
 #include "platform/file_cache.h"
 #include "tests/kit/asset_check_rows.h"
 #include "tests/support/temporary_directory.h"

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "kit/command_line.h"
-#include "kit/json.h"
+#include "kit/frame/command_line.h"
+#include "kit/frame/json.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "kit/command_line.h"
+#include "kit/frame/command_line.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {

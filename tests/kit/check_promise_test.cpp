@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include "compiler/run_driver.h"
-#include "kit/captured_console.h"
 #include "kit/check/check_script.h"
-#include "kit/command_line.h"
+#include "kit/frame/captured_console.h"
+#include "kit/frame/command_line.h"
 #include "tests/support/packed_script.h"
 #include "tests/support/script_generator.h"
 #include "tests/support/temporary_directory.h"

@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "kit/command_line.h"
-#include "kit/json.h"
+#include "kit/frame/command_line.h"
+#include "kit/frame/json.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/temporary_directory.h"
 

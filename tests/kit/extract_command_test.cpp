@@ -5,7 +5,7 @@
 #include <regex>
 #include <set>
 
-#include "kit/command_line.h"
+#include "kit/frame/command_line.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"

@@ -1,4 +1,4 @@
-#include "kit/extracted_names.h"
+#include "kit/extract/extracted_names.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

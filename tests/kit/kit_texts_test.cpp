@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "kit/bank_header.h"
-#include "kit/display_text.h"
-#include "kit/nearest.h"
-#include "kit/text_table.h"
+#include "kit/bank/bank_header.h"
+#include "kit/frame/display_text.h"
+#include "kit/frame/nearest.h"
+#include "kit/frame/text_table.h"
 
 namespace tavrel::kit {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <regex>
 
-#include "kit/command_line.h"
-#include "kit/json.h"
+#include "kit/frame/command_line.h"
+#include "kit/frame/json.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/temporary_directory.h"

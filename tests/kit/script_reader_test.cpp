@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "kit/captured_console.h"
 #include "kit/check/allowances.h"
 #include "kit/check/script_model.h"
 #include "kit/check/source_text.h"
+#include "kit/frame/captured_console.h"
 
 namespace tavrel::kit {
 namespace {

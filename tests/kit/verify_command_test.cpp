@@ -7,7 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
-#include "kit/command_line.h"
+#include "kit/frame/command_line.h"
 #include "tests/support/bytes.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/temporary_directory.h"

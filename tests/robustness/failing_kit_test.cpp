@@ -4,8 +4,8 @@
 #include <map>
 
 #include "compiler/run_driver.h"
-#include "kit/command.h"
-#include "kit/command_line.h"
+#include "kit/frame/command.h"
+#include "kit/frame/command_line.h"
 #include "tests/robustness/failing_calls.h"
 #include "tests/support/temporary_directory.h"
 

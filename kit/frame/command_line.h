@@ -1,0 +1,19 @@
+// The command line of tavkit, from its arguments to its exit code.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "kit/frame/output.h"
+
+namespace tavrel::kit {
+
+/// Runs the command that `arguments`, without the program's name, ask for. Returns an `ExitCode`.
+/// Throws nothing: every failure becomes a message and `exitFailed`, with no results.
+int runCommandLine(const std::vector<std::string>& arguments, Output& output);
+
+/// As `runCommandLine`, then writes the output to the standard streams. Results that can't be
+/// written are a failure too.
+int runTavkit(int argumentCount, const char* const* arguments);
+
+}  // namespace tavrel::kit

@@ -1,0 +1,72 @@
+#include "kit/frame/nearest.h"
+
+#include <algorithm>
+
+namespace tavrel::kit {
+
+namespace {
+
+char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+std::string lowered(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
+  return result;
+}
+
+/// Words longer than this are too far from everything. It bounds the time that a hostile word
+/// takes.
+constexpr std::size_t kLongestWord = 256;
+
+}  // namespace
+
+std::size_t editDistance(std::string_view first, std::string_view second) {
+  const std::string from = lowered(first);
+  const std::string to = lowered(second);
+  // Rows of the matrix of distances between all starts of both words: two back, one back, current.
+  std::vector<std::size_t> beforeLast(to.size() + 1);
+  std::vector<std::size_t> last(to.size() + 1);
+  std::vector<std::size_t> row(to.size() + 1);
+  for (std::size_t j = 0; j <= to.size(); ++j) {
+    row[j] = j;
+  }
+  for (std::size_t i = 1; i <= from.size(); ++i) {
+    beforeLast.swap(last);
+    last.swap(row);
+    row[0] = i;
+    for (std::size_t j = 1; j <= to.size(); ++j) {
+      const std::size_t replaced = last[j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+      row[j] = std::min({last[j] + 1, row[j - 1] + 1, replaced});
+      if (i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1]) {
+        row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+      }
+    }
+  }
+  return row[to.size()];
+}
+
+std::string nearest(std::string_view word, const std::vector<std::string>& candidates) {
+  std::string best;
+  if (word.size() > kLongestWord) {
+    return best;
+  }
+  std::size_t limit = std::max<std::size_t>(1, word.size() / 3) + 1;
+  for (const std::string& candidate : candidates) {
+    if (candidate.size() > kLongestWord) {
+      continue;
+    }
+    const std::size_t distance = editDistance(word, candidate);
+    if (distance < limit) {
+      limit = distance;
+      best = candidate;
+    }
+  }
+  return best;
+}
+
+std::string didYouMean(std::string_view word, const std::vector<std::string>& candidates) {
+  const std::string suggestion = nearest(word, candidates);
+  return suggestion.empty() ? "" : "; did you mean " + suggestion + "?";
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,26 @@
+#include "kit/frame/output_file.h"
+
+#include <fmt/format.h>
+
+#include "kit/frame/failure.h"
+
+namespace tavrel::kit {
+
+OutputFile::OutputFile(const std::string& path, Existing existing) : path_(path) {
+  check(file_.createNew(path, existing));
+}
+
+void OutputFile::write(const void* bytes, std::uint64_t count) { check(file_.write(bytes, count)); }
+
+void OutputFile::finish() {
+  check(file_.flushToDisk());
+  check(file_.replaceFile());
+}
+
+void OutputFile::check(const std::error_code& error) const {
+  if (error) {
+    throw Failure(fmt::format("can't write {}: {}", path_, error.message()));
+  }
+}
+
+}  // namespace tavrel::kit

@@ -46,8 +46,20 @@ class BankScript : public TokenFile {
   /// Second phase: writes the bank.
   bool writeBank();
 
+  /// Returns false for a bank that is too long for 32-bit offsets, which is reported.
+  [[nodiscard]] bool checkBankLength() const;
+
+  /// Opens `bank`, whatever its name is, writes the bank to it and closes it. Requires that
+  /// `checkBankLength` has returned true. Writes the table first and last; if `layOut` has been
+  /// called, both times with the final offsets.
+  bool writeBankTo(DiskFile& bank);
+
   /// Third phase: writes the header of defines. Reads the length of the finished bank from disk.
   bool writeHeader();
+
+  /// Opens `header`, whatever its name is, writes the header of a bank of `length` bytes, and
+  /// closes it. Changes the prefix and the names of assets to the form that defines have.
+  bool writeHeaderTo(TextOutputFile& header, std::uint32_t length);
 
   // The block parsers. Each starts after its block's keyword and reads tokens from `source` up to
   // `AssetEnd` or the failure. They return true if the asset was stored.
@@ -71,6 +83,11 @@ class BankScript : public TokenFile {
   /// Sets the offsets of all blobs as `writeBank` does, and returns the length of the bank. If the
   /// bank is too long, the length is right and the offsets are not.
   std::uint64_t layOut();
+
+  // Not used by the tool; for programs that must know whether a bank is complete.
+
+  /// Returns true if a block has failed.
+  [[nodiscard]] bool hasDroppedBlock() const { return hasDroppedBlock_; }
 
   // Not used by the tool; for programs that keep the three paths in a file.
 
@@ -102,7 +119,6 @@ class BankScript : public TokenFile {
   /// Returns the size of all blobs with their padding, in bytes.
   [[nodiscard]] std::uint64_t blobBytes() const;
   [[nodiscard]] std::uint32_t assetCount() const;
-  [[nodiscard]] bool checkBankLength() const;
   bool writeTable(DiskFile& bank) const;
   bool writeBlobs(DiskFile& bank) const;
 
@@ -113,6 +129,7 @@ class BankScript : public TokenFile {
   std::array<char, kLongestPrefix + 1> headerPrefix_{};
   std::uint32_t nextAssetId_ = 0;
   bool isBankNamed_ = false;
+  bool hasDroppedBlock_ = false;
   AdpcmBatch batch_;  // destroyed before the payloads that it writes to
 };
 

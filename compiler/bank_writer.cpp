@@ -32,7 +32,6 @@ bool writePadding(DiskFile& bank, std::uint64_t blobsEnd, std::uint64_t length) 
 
 }  // namespace
 
-/// Refuses a bank that is too long for 32-bit offsets, before the old bank is touched.
 bool BankScript::checkBankLength() const {
   const std::uint64_t length = bankLength(assetCount(), blobBytes());
   if (length > kLongestBank) {
@@ -49,6 +48,10 @@ bool BankScript::writeBank() {
   const char* name = bankFileName.getNameAndPath();
   DiskFile bank(modeWrite, name, "");
   printLine(stdout, "Writing Bank File: ", name);
+  return writeBankTo(bank);
+}
+
+bool BankScript::writeBankTo(DiskFile& bank) {
   // The table is written twice: first to reserve space, then with the final offsets.
   if (!bank.open() || !writeTable(bank) || !writeBlobs(bank)) {
     return false;

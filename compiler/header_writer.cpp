@@ -94,12 +94,13 @@ bool writeEnd(TextOutputFile& header, const Guard& guard) {
 }  // namespace
 
 bool BankScript::writeHeader() {
-  const char* baseName = headerFileName.getNameOnly();
   TextOutputFile header(headerFileName.getNameAndPath());
   std::uint32_t length = 0;
-  if (!readBankLength(bankFileName.getNameAndPath(), length)) {
-    return false;
-  }
+  return readBankLength(bankFileName.getNameAndPath(), length) && writeHeaderTo(header, length);
+}
+
+bool BankScript::writeHeaderTo(TextOutputFile& header, std::uint32_t length) {
+  const char* baseName = headerFileName.getNameOnly();
   TimeStamp clock;
   const char* stamp = clock.getDateAndTime();
   Guard guard{};

@@ -36,9 +36,9 @@ struct Phase {
 };
 
 constexpr std::array<Phase, 3> kPhases{{
-    {&BankScript::parseScript, &BankScript::fileName, "Error: Failed to parse script..."},
-    {&BankScript::writeBank, &BankScript::bankFileName, "Error: Failed to write bank..."},
-    {&BankScript::writeHeader, &BankScript::headerFileName, "Error: Failed to write header..."},
+    {&BankScript::parseScript, &BankScript::fileName, kParseFailure},
+    {&BankScript::writeBank, &BankScript::bankFileName, kBankFailure},
+    {&BankScript::writeHeader, &BankScript::headerFileName, kHeaderFailure},
 }};
 
 void printTitle(std::FILE* stream) {

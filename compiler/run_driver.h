@@ -3,6 +3,11 @@
 
 namespace tavrel {
 
+// The last line of a run that fails, by its phase.
+constexpr const char* kParseFailure = "Error: Failed to parse script...";
+constexpr const char* kBankFailure = "Error: Failed to write bank...";
+constexpr const char* kHeaderFailure = "Error: Failed to write header...";
+
 /// Runs the tool: reads the script, writes the bank and the header, and reports on the standard
 /// streams. A failed run waits for one character on standard input.
 ///

@@ -56,7 +56,7 @@ BankScript::Step BankScript::parseStatement() {
   }
   if (const BlockParser parser = findParser()) {
     // A failed block doesn't stop the parse; the tokens that it leaves unread usually do.
-    (this->*parser)(*this);
+    hasDroppedBlock_ = !(this->*parser)(*this) || hasDroppedBlock_;
     return Step::next;
   }
   if (isToken(kScriptEnd)) {

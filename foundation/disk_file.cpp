@@ -106,6 +106,11 @@ bool DiskFile::open() {
 }
 
 bool DiskFile::openStream(const char* fullName) {
+  if (lent_ != nullptr) {
+    setStreamBuffer(lent_);
+    hasSize_ = true;
+    return true;
+  }
   const std::string path = hostPath(fullName);
   if (mode == modeRead && openCached(path)) {
     return true;
@@ -137,7 +142,7 @@ bool DiskFile::openCached(const std::string& path) {
   return true;
 }
 
-/// Makes `stream_` read from `buffer` instead of its own.
+/// Makes `stream_` use `buffer` instead of its own.
 void DiskFile::setStreamBuffer(std::streambuf* buffer) {
   static_cast<std::ios&>(stream_).rdbuf(buffer);
 }
@@ -147,17 +152,23 @@ bool DiskFile::close() {
     return fail(errorAlreadyClosed);
   }
   isOpen = false;
-  if (cached_) {
-    setStreamBuffer(stream_.rdbuf());
-    cached_.reset();
-    return true;
-  }
+  const bool complete = closeStream();
   if (mode == modeRead || findMode(mode) == nullptr) {
-    stream_.close();
     return mode == modeRead || fail(errorBadMode);
   }
-  stream_.close();
-  return stream_.good() || fail(errorWrite);
+  return complete || fail(errorWrite);
+}
+
+/// Returns false if an operation on the stream has failed, or if what was written can't be flushed.
+bool DiskFile::closeStream() {
+  if (lent_ == nullptr && !cached_) {
+    stream_.close();
+    return stream_.good();
+  }
+  const bool complete = stream_.flush().good();
+  setStreamBuffer(stream_.rdbuf());
+  cached_.reset();
+  return complete;
 }
 
 bool DiskFile::canRead(const void* buffer) {
@@ -199,7 +210,12 @@ bool DiskFile::seek(std::uint32_t position) {
   if (findMode(mode) == nullptr) {
     return fail(errorBadMode);
   }
-  return stream_.seekg(position).good() || fail(errorSeek);
+  if (mode == modeRead) {
+    stream_.seekg(position);
+  } else {
+    stream_.seekp(position);
+  }
+  return stream_.good() || fail(errorSeek);
 }
 
 bool DiskFile::getSize(std::uint32_t& size) {

@@ -107,6 +107,12 @@ class DiskFile {
   /// Reads the bytes from `start` up to but not including `end`.
   bool readRange(void* buffer, std::uint32_t start, std::uint32_t end);
 
+  // Not used by the tool; for programs that keep in memory, or compare, what would be a file.
+
+  /// Makes `open` use `buffer`, as it is, instead of the file of its name. Borrows it for as long
+  /// as the object exists.
+  void useBuffer(std::streambuf& buffer) { lent_ = &buffer; }
+
   bool isOpen = false;
   FileName fileName;
   std::uint32_t mode = kNoMode;
@@ -126,8 +132,10 @@ class DiskFile {
   bool openStream(const char* fullName);
   bool openCached(const std::string& path);
   void setStreamBuffer(std::streambuf* buffer);
+  bool closeStream();
 
   std::unique_ptr<std::streambuf> cached_;  // while a file of the cache is open (file_cache.h)
+  std::streambuf* lent_ = nullptr;          // see useBuffer
   std::fstream stream_;
   std::int32_t openFlags_ = kFlagsNotChosen;
   bool hasSize_ = false;  // a regular file; a pipe or a device opens, but has no size

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sstream>
+
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -154,6 +156,29 @@ TEST_F(DiskFileTest, ReadsAndWritesWholeFiles) {
                           input_.readAll(block_, size_ = 2)}),
               Each(true));
   EXPECT_EQ(std::string(block_.get(), block_.get() + 5), "67345");
+}
+
+TEST_F(DiskFileTest, UsesABufferInsteadOfTheFile) {
+  std::stringbuf content;
+  output_.useBuffer(content);
+  EXPECT_THAT((std::array{output_.open(), output_.write("1234", 4), output_.seek(1),
+                          output_.write("ab", 2), output_.close()}),
+              Each(true));
+  EXPECT_EQ(content.str(), "1ab4");
+  EXPECT_EQ(directory_.read("some.bin"), "abc") << "untouched";
+  input_.useBuffer(content);
+  EXPECT_THAT((std::array{input_.open(), input_.seek(2), input_.read(bytes_.data(), 2),
+                          input_.getSize(size_), input_.close()}),
+              Each(true));
+  EXPECT_STREQ(bytes_.data(), "b4");
+  EXPECT_EQ(size_, 4U);
+  struct FullBuffer : std::streambuf {
+    int sync() override { return -1; }
+  } full;
+  output_.useBuffer(full);
+  EXPECT_TRUE(output_.open());
+  EXPECT_FALSE(output_.close());
+  EXPECT_EQ(output_.error, 2U);
 }
 
 }  // namespace tavrel::test

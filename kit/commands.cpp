@@ -4,8 +4,8 @@ namespace tavrel::kit {
 
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
-      listCommand(), verifyCommand(), extractCommand(),
-      diffCommand(), checkCommand(),  explainCommand(),
+      listCommand(), verifyCommand(), extractCommand(), diffCommand(),
+      showCommand(), checkCommand(),  explainCommand(),
   };
   return kCommands;
 }

@@ -13,6 +13,7 @@ const std::vector<Command>& commands();
 Command diffCommand();
 Command extractCommand();
 Command listCommand();
+Command showCommand();
 Command verifyCommand();
 Command checkCommand();
 Command explainCommand();

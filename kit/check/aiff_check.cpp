@@ -44,17 +44,6 @@ void reportFault(const AiffFile& file, const std::string& name, FolderNames& fol
   }
 }
 
-/// Returns the samples that the tool takes: as many as the file has frames. They are those of one
-/// channel only if the file has one.
-LoadedSound soundOf(const AiffFile& file) {
-  LoadedSound sound{.bytes = file.getSampleData()};
-  file.getDataSize(sound.size);
-  file.getBitsPerSample(sound.bits);
-  file.getChannels(sound.channels);
-  file.getSampleRate(sound.rate);
-  return sound;
-}
-
 void checkChannels(const LoadedSound& sound, BlockFindings& findings) {
   if (sound.channels > 1) {
     findings.addAtFile("stereo-aiff",
@@ -155,6 +144,17 @@ bool checkSustainLoop(const AiffFile& file, LoadedSound& sound, BlockFindings& f
 }
 
 }  // namespace
+
+// The samples that the tool takes: as many as the file has frames. They are those of one channel
+// only if the file has one.
+LoadedSound soundOf(const AiffFile& file) {
+  LoadedSound sound{.bytes = file.getSampleData()};
+  file.getDataSize(sound.size);
+  file.getBitsPerSample(sound.bits);
+  file.getChannels(sound.channels);
+  file.getSampleRate(sound.rate);
+  return sound;
+}
 
 void checkAiff(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   AiffFile file(asset.openedName.c_str());

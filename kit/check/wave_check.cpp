@@ -47,11 +47,6 @@ const Encoding* findEncoding(std::uint16_t tag) {
   return row == kEncodings.end() ? nullptr : row;
 }
 
-std::string encodingName(std::uint16_t tag) {
-  const Encoding* row = findEncoding(tag);
-  return row != nullptr ? row->name : fmt::format("of format {}", tag);
-}
-
 /// Returns how to make PCM of 16 bits from a sound of another encoding.
 std::string pcmFix(std::uint16_t tag, const LoadedSound& sound, const std::string& name) {
   const Encoding* row = findEncoding(tag);
@@ -107,16 +102,6 @@ void reportFault(WaveFault fault, const std::string& openedName, FolderNames& fo
   }
 }
 
-LoadedSound soundOf(const WaveFile& file) {
-  LoadedSound sound{.bytes = file.getSampleData()};
-  file.getDataSize(sound.size);
-  file.getBitsPerSample(sound.bits);
-  file.getChannels(sound.channels);
-  file.getSampleRate(sound.rate);
-  sound.loopEnd = waveSampleCount(sound.size, sound.bits);
-  return sound;
-}
-
 void checkChunks(const WaveChunks& chunks, BlockFindings& findings) {
   if (chunks.dataCount > 1) {
     findings.addAtFile(
@@ -126,7 +111,7 @@ void checkChunks(const WaveChunks& chunks, BlockFindings& findings) {
                     chunks.dataCount),
         "Export the sound again");
   }
-  if (chunks.hasLoop) {
+  if (!chunks.loops.empty()) {
     findings.addAtFile("loop-ignored",
                        findings.valueOf(waveLoop) != 0
                            ? "the bank won't hold the file's loop: Loop 1 repeats the whole sound"
@@ -166,6 +151,21 @@ void checkForm(const LoadedSound& sound, BlockFindings& findings) {
 }
 
 }  // namespace
+
+std::string encodingName(std::uint16_t tag) {
+  const Encoding* row = findEncoding(tag);
+  return row != nullptr ? row->name : fmt::format("of format {}", tag);
+}
+
+LoadedSound soundOf(const WaveFile& file) {
+  LoadedSound sound{.bytes = file.getSampleData()};
+  file.getDataSize(sound.size);
+  file.getBitsPerSample(sound.bits);
+  file.getChannels(sound.channels);
+  file.getSampleRate(sound.rate);
+  sound.loopEnd = waveSampleCount(sound.size, sound.bits);
+  return sound;
+}
 
 void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   WaveFile file(findings.fileName().c_str());

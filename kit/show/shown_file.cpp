@@ -1,0 +1,63 @@
+#include "kit/show/shown_file.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <new>
+
+#include "foundation/disk_file.h"
+#include "kit/frame/failure.h"
+#include "kit/frame/source_file.h"
+#include "platform/host_path.h"
+
+namespace tavrel::kit {
+
+ShownFile::ShownFile(const std::string& name) : name_(name) {
+  requireRegularFile(name);
+  std::error_code failed;
+  size_ = std::filesystem::file_size(hostPath(name.c_str()), failed);
+  if (failed) {
+    throw Failure(fmt::format("can't read {}: {}", name, failed.message()));
+  }
+  if (size_ <= std::numeric_limits<std::uint32_t>::max()) {
+    hold();
+  }
+  previous_ = setFileCache(&cache_);
+  kind_ = &kindOfFile(name);
+}
+
+ShownFile::~ShownFile() { setFileCache(previous_); }
+
+void ShownFile::hold() {
+  DiskFile disk(modeRead, name_.c_str(), "");
+  FileCache::Entry entry;
+  std::uint32_t size = 0;
+  switch (disk.readImage(entry.bytes, size)) {
+    case DiskFile::WholeRead::complete:
+      size_ = entry.size = size;
+      return cache_.add(hostPath(name_.c_str()), std::move(entry));
+    case DiskFile::WholeRead::noMemory:
+      throw std::bad_alloc();
+    case DiskFile::WholeRead::failed:
+      break;
+  }
+  if (disk.error == errorNoMemory) {
+    throw std::bad_alloc();
+  }
+  throw Failure(fmt::format("can't read {}", name_));
+}
+
+void ShownFile::alsoName(const std::string& name) {
+  if (const FileCache::Entry* held = cache_.find(hostPath(name_.c_str()))) {
+    FileCache::Entry copy{.bytes = std::make_unique<std::uint8_t[]>(held->size),
+                          .size = held->size};
+    std::copy_n(held->bytes.get(), held->size, copy.bytes.get());
+    cache_.add(hostPath(name.c_str()), std::move(copy));
+  }
+}
+
+void ShownFile::forget(const std::string& name) { cache_.remove(hostPath(name.c_str())); }
+
+}  // namespace tavrel::kit

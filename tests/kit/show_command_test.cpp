@@ -1,0 +1,191 @@
+// tavkit show: whole outputs for small files of each kind, and what it makes of damaged ones.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+
+#include "kit/frame/command_line.h"
+#include "kit/show/sound_levels.h"
+#include "tests/support/midi_builder.h"
+#include "tests/support/sound_builder.h"
+#include "tests/support/temporary_directory.h"
+
+namespace tavrel::kit {
+namespace {
+
+using test::aiff;
+using test::Bytes;
+using test::events;
+using test::midi;
+using test::mono;
+using test::wav;
+
+class ShowTest : public testing::Test {
+ protected:
+  ShowTest() : before_(std::filesystem::current_path()) {
+    std::filesystem::current_path(directory_.path());
+  }
+  ~ShowTest() override { std::filesystem::current_path(before_); }
+
+  /// Shows a file and expects the exit code and the output, whose blanks count as one each.
+  void expectShown(const std::string& name, const std::string& bytes, int code,
+                   const std::string& shown) {
+    SCOPED_TRACE(name);
+    directory_.write(name, bytes);
+    Output output;
+    EXPECT_EQ(runCommandLine({"show", name}, output), code);
+    EXPECT_EQ(output.messages, "");
+    EXPECT_THAT(std::regex_replace(output.results, std::regex(" +"), " "),
+                testing::StartsWith(name + ": " + shown));
+  }
+
+  test::TemporaryDirectory directory_;
+  std::filesystem::path before_;
+};
+
+TEST_F(ShowTest, Waves) {
+  // The channels alternate: the left one is 16384 and -16384, the right one silent.
+  const Bytes samples = Bytes().le16(16384).le16(0).le16(0xC000).le16(0);
+  const Bytes sampler = Bytes().fill(28).le32(1).le32(0).fill(4).le32(1).le32(0).le32(1).fill(4);
+  expectShown("pair.wav",
+              wav()
+                  .fmt(test::stereo, 16, 2)
+                  .data(samples)
+                  .chunk("smpl", sampler.str() + Bytes().le32(3).str()),
+              0,
+              "a WAV file, 120 bytes\n"
+              "in a bank: a wave, 8 bytes, by WaveFile with SampleRate 2; 4 bytes with Adpcm 1\n"
+              " warning: pair.wav: the bank won't hold the file's loop [loop-ignored]\n"
+              " Save the sound as AIFF with its loop, and write Loop 1\n"
+              " warning: pair.wav: the samples of 2 channels alternate, and the bank doesn't say "
+              "how many there are [stereo-wave]\n"
+              " sox pair.wav -c 1 pair_mono.wav\n\n"
+              "chunk offset bytes\nfmt 20 16\ndata 44 8\nsmpl 60 60\n\n"
+              "format: PCM, 2 channels, 2 Hz, 16 bits, 2 frames, 0:01.000\n"
+              "loop: forwards and backwards, 0-2, 3 times\n\n"
+              "channel peak dBFS RMS dBFS DC offset %\n"
+              " 1 -6.02 -6.02 0.000\n 2 -inf -inf 0.000\n");
+  expectShown("long.wave", wav().fmt(mono, 8, 4).data("\xC0\x80"), 1,
+              "a WAV file, 46 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
+              " error: long.wave: of an extension three characters are used, and long.wav isn't "
+              "there [missing-file]\n mv -n long.wave long.wav\n\n"
+              "chunk offset bytes\nfmt 20 16\ndata 44 2\n\n"
+              "format: PCM, 1 channel, 4 Hz, 8 bits, 2 frames, 0:00.500\n\n"
+              "channel peak dBFS RMS dBFS DC offset %\n 1 -6.02 -9.03 25.000\n");
+  expectShown("cut.wav", wav().fmt(mono, 16, 2).data(samples).claimDataSize(0xFFFFFFFF), 1,
+              "a WAV file, 52 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
+              " error: cut.wav: the file ends before the last of its samples [damaged-sound]\n"
+              " Export the sound again\n\nchunk offset bytes\nfmt 20 16\n"
+              "data 44 4294967295 the file ends after 8 of them\n");
+}
+
+TEST_F(ShowTest, AiffFiles) {
+  const std::string looped = aiff()
+                                 .comm(mono, 4, 8)
+                                 .mark({{1, 0}, {2, 3, "\x1B[2J"}})
+                                 .inst({1, 1, 2}, {2, 1, 9})
+                                 .ssnd({"\x40\0\xC0\0", 4});
+  expectShown("bell.aif", looped, 0,
+              "an AIFF file, 116 bytes\n"
+              "in a bank: a wave, 4 bytes, by WaveFile with SampleRate 44100 and Loop 1\n\n"
+              "chunk offset bytes\nCOMM 20 18\nMARK 46 22\nINST 76 20\nSSND 104 12\n\n"
+              "format: PCM, 1 channel, 44100 Hz, 8 bits, 4 frames, 0:00.000\n\n"
+              "instrument\n root note C3 (60), 261.63 Hz\n detune -5 cents\n"
+              " notes 1 to 127\n velocities 2 to 126\n gain -6 dB\n"
+              " sustain loop forward, 0-3, between markers 1 and 2\n"
+              " release loop forwards and backwards, between markers 1 and 9, which aren't both "
+              "there\n\n"
+              "marker id frame name\n 1 1 0\n 2 2 3 \uFFFD[2J\n\n"
+              "channel peak dBFS RMS dBFS DC offset %\n 1 -6.02 -9.03 0.000\n");
+  expectShown("cut.aif", looped.substr(0, 114), 1,
+              "an AIFF file, 114 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
+              " error: cut.aif: the file ends in its SSND chunk, or that is too short "
+              "[damaged-sound]\n Export the sound again\n\n"
+              "chunk offset bytes\nCOMM 20 18\nMARK 46 22\nINST 76 20\n"
+              "SSND 104 12 the file ends after 10 of them\n");
+}
+
+TEST_F(ShowTest, Sequences) {
+  const Bytes track = events()
+                          .tempo(0, 500000)
+                          .meta(0, 3, "a\nb")
+                          .meta(0, 0x21, "x")
+                          .note(384, 10, 60, 99)
+                          .note(97, 10, 60, 0)
+                          .system(0, 0xF7, "xy");
+  const std::string shown =
+      "bar:beat:tick\n 1:1: 0 Meta - Tempo - 120.00 bpm\n"
+      " 1:1: 0 Meta - TrackName - a\uFFFD"
+      "b\n 1:1: 0 Meta - type 33, 1 byte\n"
+      " 2:1: 0 10 Note On - C3 Note #: 60 Velocity: 99\n"
+      " 2:2: 1 10 Note Off - C3 Note #: 60 Velocity: 0\n 2:2: 1 status 247, 2 bytes\n";
+  expectShown("song.mid", midi().track(track.str() + events().endOfTrack()), 0,
+              "a MIDI file, 59 bytes\nin a bank: a sequence, 59 bytes, by MidiFileType0\n\n"
+              "header: type 0, 1 track, 96 ticks per quarter note\n"
+              "first track: 37 bytes, 7 events, 1 voice, 0:02.505, 120.00 bpm at first, named "
+              "a\uFFFD"
+              "b\n\n" +
+                  shown + " 2:2: 1 Meta - EndOfTrack\n");
+  expectShown("smpte.mid", midi(0xE728, 1).track(""), 1,
+              "a MIDI file, 22 bytes\nin a bank: nothing, MidiFileType0 leaves the file out\n"
+              " error: smpte.mid: the file is of type 1, and the tool leaves it out "
+              "[sequence-type]\n Save it as type 0 in its editor, or");
+  expectShown("cut.mid", midi().track(track), 1,
+              "a MIDI file, 55 bytes\nin a bank: a sequence, 55 bytes, by MidiFileType0\n"
+              " error: cut.mid: the track breaks off before its end [sequence-broken]\n"
+              " Save the sequence again\n\n"
+              "header: type 0, 1 track, 96 ticks per quarter note\n"
+              "first track: 33 bytes, 120.00 bpm at first, named a\uFFFD"
+              "b\n\n" +
+                  shown + "the track breaks off here\n");
+}
+
+TEST_F(ShowTest, OtherFiles) {
+  expectShown("a.dat", "text", 0,
+              "text, 4 bytes\n"
+              "in a bank: 4 bytes as they are, by UserAsset or another statement of opaque "
+              "files\n");
+  expectShown("b.flac", "fLaC", 1,
+              "a FLAC file, 4 bytes\nin a bank: nothing, no statement reads a FLAC file\n"
+              " sox -t flac b.flac -b 16 b.wav\n");
+  expectShown("c.wav", "fLaC", 1,
+              "a FLAC file, 4 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
+              " error: c.wav: this is a FLAC file, and WaveFile reads a WAV file of this name "
+              "[unreadable-file]\n");
+  directory_.write("d.dat", "\1\2");
+  Output output;
+  EXPECT_EQ(runCommandLine({"show", "d.dat", "b.flac"}, output), 1);
+  EXPECT_THAT(output.results, testing::HasSubstr("files\n\nb.flac: a FLAC file"));
+  for (const std::string name : {"none.wav", "."}) {
+    output = {};
+    EXPECT_EQ(runCommandLine({"show", "d.dat", name}, output), 2);
+    EXPECT_EQ(output.results, "");
+    EXPECT_THAT(output.messages, testing::HasSubstr("can't read " + name));
+  }
+}
+
+TEST_F(ShowTest, LevelsOfEachWidth) {
+  const struct {
+    std::uint16_t bits;
+    std::string samples;  ///< -1 and 1/2 of full scale
+  } kRows[]{{8, Bytes().u8(0).u8(0xC0)},
+            {16, Bytes().le16(0x8000).le16(0x4000)},
+            {24, Bytes().u8(0).le16(0x8000).u8(0).le16(0x4000)},
+            {32, Bytes().le32(0x80000000).le32(0x40000000)}};
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.bits);
+    const LoadedSound sound{.bytes = reinterpret_cast<const std::uint8_t*>(row.samples.data()),
+                            .size = row.bits / 4U,
+                            .bits = row.bits,
+                            .channels = 0};
+    const auto levels = levelsOf(sound);
+    ASSERT_EQ(levels.size(), 1U);
+    EXPECT_DOUBLE_EQ(levels[0].peak, 1);
+    EXPECT_DOUBLE_EQ(levels[0].rms * levels[0].rms, 0.625);
+    EXPECT_DOUBLE_EQ(levels[0].offset, -0.25);
+  }
+}
+
+}  // namespace
+}  // namespace tavrel::kit

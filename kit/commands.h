@@ -10,6 +10,7 @@ namespace tavrel::kit {
 /// Returns all commands in the order of the help.
 const std::vector<Command>& commands();
 
+Command depsCommand();
 Command diffCommand();
 Command extractCommand();
 Command listCommand();

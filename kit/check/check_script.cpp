@@ -3,12 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "kit/check/allowances.h"
 #include "kit/check/asset_check.h"
 #include "kit/check/bank_check.h"
 #include "kit/check/folder_names.h"
+#include "kit/check/loaded_script.h"
 #include "kit/check/script_model.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/source_file.h"
@@ -16,21 +16,6 @@
 namespace tavrel::kit {
 
 namespace {
-
-/// The tool's reader of a text that is in memory.
-class LoadedScript : public TokenFile {
- public:
-  explicit LoadedScript(std::string_view text) {
-    std::unique_ptr<std::uint8_t[]> block(new std::uint8_t[text.size()]);
-    std::copy(text.begin(), text.end(), block.get());
-    useMemory(block.release(), text.size());
-  }
-  ~LoadedScript() { freeData(); }
-  LoadedScript(const LoadedScript&) = delete;
-  LoadedScript(LoadedScript&&) = delete;
-  LoadedScript& operator=(const LoadedScript&) = delete;
-  LoadedScript& operator=(LoadedScript&&) = delete;
-};
 
 Findings findProblems(const SourceText& text, const RunPlan& plan, const CheckOptions& options,
                       ScriptModel& model) {

@@ -1,0 +1,41 @@
+#include "kit/deps/opened_names.h"
+
+#include <set>
+
+#include "compiler/wave_rules.h"
+#include "foundation/file_name.h"
+#include "platform/host_path.h"
+#include "samples/wave_file.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// Returns the name that the reader of the block's statement opens.
+std::string openedName(const ScriptBlock& block) {
+  const std::string& written = block.file->text;
+  FileName name;
+  name.splitNameAndPath(written.c_str());
+  const bool isReadAsWave =
+      block.row->kind == kindWave && !isAiffExtension(name.getExtensionOnly());
+  return isReadAsWave ? WaveFile(written.c_str()).openedName() : written;
+}
+
+}  // namespace
+
+std::vector<std::string> openedNames(const ScriptModel& script) {
+  std::vector<std::string> names;
+  std::set<std::string> listed;
+  for (const ScriptBlock& block : script.blocks) {
+    if (!block.file || block.file->text.empty()) {
+      continue;
+    }
+    std::string name = hostPath(openedName(block).c_str());
+    if (listed.insert(name).second) {
+      names.push_back(std::move(name));
+    }
+  }
+  return names;
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,15 @@
+// Which files a run of the tool reads.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "kit/check/script_model.h"
+
+namespace tavrel::kit {
+
+/// Returns the host's names of the files of all blocks, as the tool opens them, whether they are
+/// there or not. Each is there once, in the order of the script.
+std::vector<std::string> openedNames(const ScriptModel& script);
+
+}  // namespace tavrel::kit

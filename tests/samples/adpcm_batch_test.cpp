@@ -5,6 +5,7 @@
 #include <random>
 #include <string>
 
+#include "tests/support/bytes.h"
 #include "tests/support/plain_adpcm.h"
 
 namespace tavrel::test {
@@ -30,16 +31,14 @@ struct Sound {
     expected.resize((expected.size() + 3) / 4 * 4, 128);
     stream.resize(expected.size());
   }
-  /// Adds the samples as little-endian words after `offset` other bytes. Block and stream end where
-  /// they must, so that AddressSanitizer sees any access outside them.
+  /// Adds the samples as little-endian words after `offset` other bytes.
   void addTo(AdpcmBatch& batch, std::size_t offset) {
-    ByteBlock block(new std::uint8_t[offset + 2 * samples.size()]);
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-      block[offset + 2 * i] = static_cast<std::uint8_t>(samples[i] & 255);
-      block[offset + 2 * i + 1] = static_cast<std::uint8_t>(samples[i] >> 8 & 255);
+    Bytes bytes = Bytes().fill(offset);
+    for (const std::int16_t sample : samples) {
+      bytes.le16(static_cast<std::size_t>(sample));
     }
-    batch.add(std::move(block), offset, static_cast<std::uint32_t>(2 * samples.size()),
-              stream.data());
+    const auto size = static_cast<std::uint32_t>(2 * samples.size());
+    batch.add(blockOf(bytes), offset, size, stream.data());
   }
   Samples samples;
   std::vector<std::uint8_t> expected, stream;

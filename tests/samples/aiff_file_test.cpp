@@ -1,5 +1,6 @@
 #include "samples/aiff_file.h"
 
+#include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
@@ -39,15 +40,16 @@ std::string answersOf(const AiffFile& file) {
 }
 
 TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
+  using enum AiffFault;
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
-  const std::string mark = "ERROR: AIFF file is damaged: MARK\n";
-  const std::string ssnd = "ERROR: AIFF file is damaged: SSND\n";
+  const std::string damage = "ERROR: AIFF file is damaged: ";
   const std::string refused = "ERROR: This is not a 'AIFF' file.\nERROR: Not an AIFF file.\n";
   const Bytes halfMarker = Bytes().be16(2).fill(6).u8(1).text("a").fill(6);
   const auto marked = [] { return small().inst({2, 2, 1}).mark({{1, 10, "ab"}, {2, 20}}); };
   const struct {
     const char* name;
-    std::string content, samplesAndLoops, errors = "";  // neither samples nor errors: just fails
+    std::string content, samplesAndLoops, damagedChunk = "";
+    AiffFault fault = damagedChunk.empty() ? none : damaged;
   } rows[] = {
       {"8 bits", aiff().comm(mono, 2, 8).ssnd("\x01\xFF"), "\x81\x7F"},
       {"stereo, sound first", aiff().ssnd("\x01\x02").comm(stereo, 1, 8), "\x81"},
@@ -63,38 +65,45 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
       {"markers below the first", small().mark({{1, 10}}).inst({1, 0, 1}, {1, 1, 0}), "badc"},
       {"markers after the last", small().mark({{1, 10}}).inst({1, 2, 1}, {1, 1, 0xFFFF}), "badc"},
       {"no last pad byte", marked().claimSize("MARK", 2 + 10 + 7), "badc yes{ 2, 20, 10 }"},
-      {"no COMM", aiff().ssnd("abcd"), ""},
-      {"no SSND", aiff().comm(mono, 2, 16), ""},
-      {"short COMM", small().claimSize("COMM", 17), "", "ERROR: AIFF file is damaged: COMM\n"},
-      {"short SSND", aiff().comm(mono, 0, 16).chunk("SSND", "1234567"), "", ssnd},
-      {"4 GiB of samples", aiff().comm(mono, 0x80000002, 16).ssnd("abcd"), "", ssnd},
-      {"too few samples", small().claimSize("SSND", 8 + 3), "", ssnd},
-      {"cut samples", small().substr(0, 12 + (8 + 18) + 8 + 8 + 3), "", ssnd},
-      {"short INST", small().chunk("INST", std::string(19, 'i')), "",
-       "ERROR: AIFF file is damaged: INST\n"},
-      {"short MARK", small().chunk("MARK", "1"), "", mark},
-      {"no name length", small().chunk("MARK", halfMarker), "", mark},
-      {"cut name", marked().claimSize("MARK", 2 + 7 + 1), "", mark},
-      {"no pad byte", marked().claimSize("MARK", 2 + 7 + 2), "", mark},
-      {"another form", small().form("AIFC"), "", refused},
+      {"no COMM", aiff().ssnd("abcd"), "", "", noCommon},
+      {"no SSND", aiff().comm(mono, 2, 16), "", "", noSound},
+      {"short COMM", small().claimSize("COMM", 17), "", "COMM"},
+      {"short SSND", aiff().comm(mono, 0, 16).chunk("SSND", "1234567"), "", "SSND"},
+      {"4 GiB of samples", aiff().comm(mono, 0x80000002, 16).ssnd("abcd"), "", "SSND"},
+      {"too few samples", small().claimSize("SSND", 8 + 3), "", "SSND"},
+      {"cut samples", small().substr(0, 12 + (8 + 18) + 8 + 8 + 3), "", "SSND"},
+      {"short INST", small().chunk("INST", std::string(19, 'i')), "", "INST"},
+      {"short MARK", small().chunk("MARK", "1"), "", "MARK"},
+      {"no name length", small().chunk("MARK", halfMarker), "", "MARK"},
+      {"cut name", marked().claimSize("MARK", 2 + 7 + 1), "", "MARK"},
+      {"no pad byte", marked().claimSize("MARK", 2 + 7 + 2), "", "MARK"},
+      {"another form", small().form("AIFC"), "", "", noForm},
   };
   const TemporaryDirectory directory;
-  for (const auto& [name, content, samplesAndLoops, errors] : rows) {
-    SCOPED_TRACE(name);
-    AiffFile file(directory.write("a.aif", content).c_str());
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(file.load(), !samplesAndLoops.empty());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), errors);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    AiffFile file(directory.write("a.aif", row.content).c_str());
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(file.load(), row.fault == none); }).errors,
+              row.fault == damaged  ? damage + row.damagedChunk + '\n'
+              : row.fault == noForm ? refused
+                                    : "");
+    EXPECT_EQ(file.fault(), row.fault);
+    IffFile::IdText id{};
+    IffFile::idToText(file.damagedChunk(), id.data());
+    EXPECT_EQ(id.data(), row.damagedChunk);
     std::uint32_t size = 7;
     if (file.getDataSize(size)) {
       EXPECT_EQ(std::string(file.getSampleData(), file.getSampleData() + size) + loopsOf(file),
-                samplesAndLoops);
+                row.samplesAndLoops);
     } else {
       EXPECT_EQ(answersOf(file), "no 0 no 0 no 0 no 0 0");
       EXPECT_EQ(loopsOf(file), " no{ 0, 0, 0 } no{ 0, 0, 0 } no{ 0, 0, 0 } no{ 0, 0, 0 }");
       EXPECT_EQ(file.getSampleData(), nullptr);
     }
   }
+  AiffFile missing("missing/a.aif");
+  EXPECT_EQ(printedBy([&] { EXPECT_FALSE(missing.load()); }).errors, "ERROR: Not an AIFF file.\n");
+  EXPECT_EQ(missing.fault(), cannotRead);
 }
 
 TEST(AiffFile, KeepsAndDumpsTheFieldsOfItsChunks) {
@@ -114,9 +123,7 @@ TEST(AiffFile, KeepsAndDumpsTheFieldsOfItsChunks) {
                                     .mark({{0xFFFF, 4000000000U, kLongName}});
     AiffFile file(directory.write("a.aif", content).c_str());
     file.dump = true;
-    testing::internal::CaptureStdout();
-    EXPECT_TRUE(file.load());
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(printedBy([&] { EXPECT_TRUE(file.load()); }).output,
               "-------------- Instrument --------------\n\nId:            1229869908\n"
               "Size:          20\nRoot Note:     60\nDetune:        -5\nLo Note:       1\n"
               "Hi Note:       127\nLow Velocity:  2\nHigh Velocity: 126\nGain: -6\n"

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
@@ -41,11 +42,10 @@ TEST(IffFile, ListsTheChunksOfItsForm) {
     directory.write("a.aif", content);
     IffFile file(directory.path(*name != '\0' ? "a.aif" : "none").c_str());
     file.verbose = true;
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(file.load(kAiff), !listed.empty());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), errors);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), listed);
+    const Printed printed =
+        printedBy([&, isListed = !listed.empty()] { EXPECT_EQ(file.load(kAiff), isListed); });
+    EXPECT_EQ(printed.errors, errors);
+    EXPECT_EQ(printed.output, listed);
   }
 }
 
@@ -65,6 +65,7 @@ TEST(IffFile, FindsTheFirstChunkWithAnId) {
               testing::Each(true));
   EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
   EXPECT_EQ(constRecord, record);
+  EXPECT_EQ(record, &file.chunkList()[1]);
   IffFile::IdText text{"????"};
   IffFile::idToText(record->id, text.data());
   EXPECT_STREQ(text.data(), "next");

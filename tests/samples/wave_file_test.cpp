@@ -27,12 +27,14 @@ std::string textOf(const WaveFile& wave) {
          (found ? std::string(info.samples, info.samples + info.size) : "fails");
 }
 
-TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
+TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
+  using enum WaveFault;
   // The format of 24-bit stereo, extensible: 18 bytes, and 22 more.
   const Bytes tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
   const std::string format = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
   const std::string millionChunks(std::size_t{8} * 1000000, '\0');
   const std::string good = "1 2 48000 288000 6 24 22 stereo PCM ";
+  const std::string failed = "no 7 no 7 no 7 0 0 no 7 0 no 7 fails";
   const auto small = [&] { return wav().chunk("fmt ", format).chunk("odd ", "a").data("abc"); };
   const auto cutTo = [&](std::size_t size) {
     return wav().chunk("fmt ", format.substr(0, size)).data("abc");
@@ -41,6 +43,7 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
   const struct {
     const char* name;
     std::string content, expected;
+    WaveFault fault = none;
   } rows[] = {
       {"second form", wav().form("OTHR").data("no").str() + small().data("late").str(),
        good + "3 abc"},
@@ -48,8 +51,8 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
        good + "3 abc"},
       {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "3 abc"},
       {"form ends with the header", small().claimFormSize(header), good + "3 abc"},
-      {"form ends in the header", small().claimFormSize(header - 1), "fails"},
-      {"form too short for its type", small().claimFormSize(3), "fails"},
+      {"form ends in the header", small().claimFormSize(header - 1), failed, noData},
+      {"form too short for its type", small().claimFormSize(3), failed, noForm},
       {"a million chunks", small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks),
        good + "3 abc"},
       {"no bytes of samples", wav().chunk("fmt ", format).data(""), good + "0 "},
@@ -57,22 +60,26 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterIt) {
       {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 stereo PCM 3 abc"},
       {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 stereo PCM 3 abc"},
       {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 3 abc"},
-      {"no format", wav().data("abc"), "fails"},
-      {"format after the samples", wav().data("abc").chunk("fmt ", format), "fails"},
-      {"format ends after the file", cutTo(40).substr(0, 12 + 8 + 17), "fails"},
-      {"samples end after the file", small().claimDataSize(5), "fails"},
-      {"chunk ends after the file", small().claimSize("odd ", 0xFFFFFFF8), "fails"},
+      {"no format", wav().data("abc"), failed, noFormat},
+      {"format after the samples", wav().data("abc").chunk("fmt ", format), failed, noData},
+      {"format ends after the file", cutTo(40).substr(0, 12 + 8 + 17), failed, formatCut},
+      {"samples end after the file", small().claimDataSize(5), failed, dataCut},
+      {"chunk ends after the file", small().claimSize("odd ", 0xFFFFFFF8), failed, noData},
   };
   const TemporaryDirectory directory;
-  for (const auto& [name, content, expected] : rows) {
+  for (const auto& [name, content, expected, fault] : rows) {
     SCOPED_TRACE(name);
     // The reader cuts the extension to three letters.
     WaveFile wave((directory.write("a.wav", content) + "e").c_str());
-    const bool loaded = wave.load();
-    EXPECT_EQ(loaded, expected != "fails");
-    EXPECT_EQ(textOf(wave), loaded ? expected : "no 7 no 7 no 7 0 0 no 7 0 no 7 fails");
-    EXPECT_EQ(wave.getSampleData() != nullptr, loaded);
+    EXPECT_EQ(wave.openedName(), directory.path("a.wav"));
+    EXPECT_EQ(wave.load(), fault == none);
+    EXPECT_EQ(wave.fault(), fault);
+    EXPECT_EQ(textOf(wave), expected);
+    EXPECT_EQ(wave.getSampleData() != nullptr, fault == none);
   }
+  WaveFile missing(directory.path("missing").c_str());
+  EXPECT_FALSE(missing.load());
+  EXPECT_EQ(missing.fault(), cannotOpen);
 }
 
 TEST(WaveFile, HandsOverOrReleasesItsSamples) {

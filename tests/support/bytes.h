@@ -2,9 +2,12 @@
 // fill bytes.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "foundation/byte_block.h"
 
 namespace tavrel::test {
 
@@ -23,5 +26,12 @@ class Bytes : public std::string {
 
   [[nodiscard]] std::string str() const { return *this; }
 };
+
+/// Returns a copy that ends where `bytes` do, so that AddressSanitizer sees a read after them.
+inline ByteBlock blockOf(std::string_view bytes) {
+  ByteBlock block(new std::uint8_t[bytes.size()]);
+  std::copy(bytes.begin(), bytes.end(), block.get());
+  return block;
+}
 
 }  // namespace tavrel::test

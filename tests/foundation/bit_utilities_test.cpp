@@ -1,6 +1,6 @@
 #include "foundation/bit_utilities.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/printed.h"
 
 namespace tavrel::test {
 
@@ -40,11 +40,8 @@ TEST(BitUtilitiesTest, AMaskClearsOneBitButExchangesSeveralAndAllDigitsArePrinte
   clearBits(number, 0x18000000);
   setBits(word, 0x4008);
   setBits(number, 0x40000008);
-  testing::internal::CaptureStdout();
-  printBinary(word);
-  printBinary(number);
   EXPECT_EQ(byte, 0x41);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+  EXPECT_EQ(printedBy([&] { printBinary(word), printBinary(number); }).output,
             "Decimal Value: 16393 Binary Value: 0100000000001001\n"
             "Decimal Value: 1073741833 Binary Value: 01000000000000000000000000001001\n");
 }

@@ -2,6 +2,7 @@
 
 #include <regex>
 
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -70,11 +71,10 @@ TEST(FileNameTest, FailsForNull) {
 std::string dumped(const FileName& file) {
   const TemporaryDirectory directory;
   EXPECT_NE(std::freopen(directory.write("keys", "kx").c_str(), "rb", stdin), nullptr);
-  testing::internal::CaptureStdout();
-  EXPECT_TRUE(file.dump());
+  const Printed printed = printedBy([&] { EXPECT_TRUE(file.dump()); });
   EXPECT_EQ(std::getchar(), 'x');
   const std::regex address("(This: | at: )(0x)?[0-9A-Fa-f]+");
-  return std::regex_replace(testing::internal::GetCapturedStdout(), address, "$1@");
+  return std::regex_replace(printed.output, address, "$1@");
 }
 
 TEST(FileNameTest, DumpsTheTextsThatItHas) {

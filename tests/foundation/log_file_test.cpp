@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -16,13 +17,12 @@ struct KeptLog : LogFile {
 
 TEST(LogFileTest, PrintsLinesOfAnyLengthAndKeepsNoFileUnlessAsked) {
   const std::string text(250, 'n');
-  testing::internal::CaptureStderr();
-  EXPECT_TRUE(theLog.openLog());
-  EXPECT_TRUE(theLog.print("%s%d", text.c_str(), 12345));
-  EXPECT_TRUE(theLog.print("%s%d", text.c_str(), 123456));
-  EXPECT_TRUE(theLog.closeLog());
-  EXPECT_FALSE(theLog.print(nullptr));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), text + "12345\n" + text + "123456\n");
+  const Printed printed = printedBy([&] {
+    EXPECT_TRUE(theLog.openLog() && theLog.print("%s%d", text.c_str(), 12345) &&
+                theLog.print("%s%d", text.c_str(), 123456) && theLog.closeLog());
+    EXPECT_FALSE(theLog.print(nullptr));
+  });
+  EXPECT_EQ(printed.errors, text + "12345\n" + text + "123456\n");
   EXPECT_STREQ(theLog.fileName.getNameAndPath(), "logfile.txt");
   EXPECT_FALSE(std::filesystem::exists("logfile.txt"));
 }

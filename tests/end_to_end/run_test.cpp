@@ -3,8 +3,6 @@
 #include "tests/support/expected_run.h"
 
 namespace tavrel::test {
-namespace {
-
 const std::string kName(77, 'n');
 const std::string kTooLong = " is too long, only 79 chars allowed\n";
 
@@ -121,5 +119,4 @@ TEST(Run, PrintsItsUsageWithoutArguments) {
              .failure = ""});
 }
 
-}  // namespace
 }  // namespace tavrel::test

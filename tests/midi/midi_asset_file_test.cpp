@@ -3,11 +3,10 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/midi_builder.h"
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-namespace {
-
 TEST(MidiAssetFile, IsZeroBeforeItIsLoaded) {
   const MidiAssetFile f("", 0);
   const std::uint32_t numbers[] = {
@@ -54,9 +53,7 @@ TEST(MidiAssetFile, AcceptsOrRejectsByTheTwoHeadersAndTheFormat) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     directory.write("song.mid", row.content);
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(file.load(), row.isAccepted);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), row.problems);
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(file.load(), row.isAccepted); }).errors, row.problems);
     EXPECT_EQ(file.assetSize, row.isAccepted ? row.content.size() : 0);
     EXPECT_EQ(file.assetData, row.isAccepted ? file.image.get() : nullptr);
   }
@@ -70,29 +67,20 @@ TEST(MidiAssetFile, HoldsTheHeadersOfAnyFormatAndWritesTheWholeImage) {
   MidiAssetFile file(directory.write("song.mid", content).c_str(), 1);
   EXPECT_TRUE(file.load());
   EXPECT_FALSE(file.loadType0()) << "the format is 7";
-  testing::internal::CaptureStdout();
-  file.printHeaderInfo();
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+  EXPECT_EQ(printedBy([&] { file.printHeaderInfo(); }).output,
             "\nFormat:\t\t\t\t7\nNumber of Tracks:\t2\nPpqn:\t\t\t\t59176\n\n\n");
-  EXPECT_EQ(file.headerValid, 1);
-  EXPECT_EQ(file.headerLength, 6U);
-  EXPECT_EQ(file.trackValid, 1);
-  EXPECT_EQ(file.trackLength, 3U);
-  EXPECT_EQ(file.trackHeaderOffset, 14U);
-  EXPECT_EQ(file.trackDataOffset, 22U);
+  const std::uint32_t fields[] = {file.headerValid, file.headerLength,      file.trackValid,
+                                  file.trackLength, file.trackHeaderOffset, file.trackDataOffset};
+  EXPECT_THAT(fields, testing::ElementsAre(1, 6, 1, 3, 14, 22));
   EXPECT_TRUE(file.writeImageAs(directory.path("a.mid").c_str()));
   EXPECT_EQ(directory.read("a.mid"), content);
   DiskFile out(modeWrite, directory.path("b.mid").c_str(), "");
   EXPECT_FALSE(file.writeImageTo(out)) << "not open";
   EXPECT_EQ(out.error, errorNone);
-  EXPECT_TRUE(out.open());
-  EXPECT_TRUE(file.writeImageTo(out));
-  EXPECT_TRUE(out.close());
+  EXPECT_TRUE(out.open() && file.writeImageTo(out) && out.close());
   EXPECT_EQ(directory.read("b.mid"), content);
-  testing::internal::CaptureStderr();
-  EXPECT_FALSE(file.writeImageAs(directory.path().c_str())) << "a directory";
-  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+  const std::string folder = directory.path();
+  EXPECT_NE(printedBy([&] { EXPECT_FALSE(file.writeImageAs(folder.c_str())); }).errors, "");
 }
 
-}  // namespace
 }  // namespace tavrel::test

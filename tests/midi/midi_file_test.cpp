@@ -1,16 +1,13 @@
 #include "midi/midi_file.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "midi/controller_names.h"
 #include "tests/support/midi_builder.h"
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-namespace {
-
 /// A loaded file of one track.
 struct LoadedMidi {
   explicit LoadedMidi(std::string_view track, std::uint32_t ppqn = 96)
@@ -46,17 +43,17 @@ TEST(MidiFile, ReadsAndPrintsEveryKindOfEventTwiceAlike) {
     SCOPED_TRACE(pass);
     std::uint32_t time = 0;
     std::uint32_t number = 0;
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    for (HeldEvent ev; loaded.file.getNextEvent(ev); clearEvent(ev)) {
-      EXPECT_EQ(ev.sequence, ++number);
-      EXPECT_EQ(ev.absoluteTime, time += ev.deltaTime);
-      EXPECT_EQ(ev.metaType == 0xFF, ev.channel != 0) << "for channel messages only";
-      EXPECT_NE(ev.data, nullptr) << "an empty payload is a block too";
-      loaded.file.printEvent(ev);
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), lines);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "TROUBLE!!!!\n");
+    const Printed printed = printedBy([&] {
+      for (HeldEvent ev; loaded.file.getNextEvent(ev); clearEvent(ev)) {
+        EXPECT_EQ(ev.sequence, ++number);
+        EXPECT_EQ(ev.absoluteTime, time += ev.deltaTime);
+        EXPECT_EQ(ev.metaType == 0xFF, ev.channel != 0) << "for channel messages only";
+        EXPECT_NE(ev.data, nullptr) << "an empty payload is a block too";
+        loaded.file.printEvent(ev);
+      }
+    });
+    EXPECT_EQ(printed.output, lines);
+    EXPECT_EQ(printed.errors, "TROUBLE!!!!\n");
     loaded.file.rewind();
     EXPECT_EQ(loaded.file.bytesRead, 22 + track.size() * pass);
   }
@@ -103,10 +100,8 @@ TEST(MidiFile, FilterBitsSelectTheirKindsOnly) {
     loaded.file.rewind();
     std::string ticks;
     for (HeldEvent ev; loaded.file.getNextEvent(ev); clearEvent(ev)) {
-      testing::internal::CaptureStdout();
-      loaded.file.printEventOnChannel(ev, row.mask, row.channel);
-      const bool isPrinted = !testing::internal::GetCapturedStdout().empty();
-      ticks += isPrinted ? std::to_string(ev.absoluteTime) + " " : "";
+      const auto print = [&] { loaded.file.printEventOnChannel(ev, row.mask, row.channel); };
+      ticks += printedBy(print).output.empty() ? "" : std::to_string(ev.absoluteTime) + " ";
     }
     EXPECT_EQ(ticks, row.ticks);
   }
@@ -208,12 +203,12 @@ TEST(MidiFile, FindsEventsAndCountsTheNotesThatSoundAtOnce) {
   MidiFile::deleteEvent(nullptr);
   file.rewind();
   std::uint16_t voices = 0;
-  testing::internal::CaptureStdout();
-  EXPECT_TRUE(file.countPolyphony(voices));
-  testing::internal::CaptureStderr();
-  EXPECT_FALSE(file.countPolyphony(voices)) << "after the end of the track";
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "getNextEvent()==FAIL in findEvent()\n");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+  const Printed printed = printedBy([&] {
+    EXPECT_TRUE(file.countPolyphony(voices));
+    EXPECT_FALSE(file.countPolyphony(voices)) << "after the end of the track";
+  });
+  EXPECT_EQ(printed.errors, "getNextEvent()==FAIL in findEvent()\n");
+  EXPECT_EQ(printed.output,
             "Poly update: 1\nPoly update: 2\nPoly update: 3\nVoice Channel Freed\n"
             "Voice Channel Freed\n");
   EXPECT_EQ(voices, 3);
@@ -240,5 +235,4 @@ TEST(ControllerNames, AreInTheOrderOfTheirNumbers) {
   EXPECT_EQ(sizeof(ControllerName), 22U);
 }
 
-}  // namespace
 }  // namespace tavrel::test

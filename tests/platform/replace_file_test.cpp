@@ -9,6 +9,8 @@
 namespace tavrel::test {
 
 namespace fs = std::filesystem;
+using enum Existing;
+using enum std::errc;
 
 class ReplaceFile : public testing::Test {
  protected:
@@ -32,27 +34,17 @@ class ReplaceFile : public testing::Test {
 TEST_F(ReplaceFile, ReplacesFilesAndNothingElse) {
   directory_.write("there", "old");
   fs::create_directory(directory_.path("folder"));
-  const struct {
-    const char* name;
-    Existing existing;
-    std::errc expected;
-  } rows[] = {
-      {"there", Existing::refuse, std::errc::file_exists},
-      {"folder", Existing::refuse, std::errc::file_exists},
-      {"folder", Existing::replace, std::errc::is_a_directory},
-      {"folder", Existing::followLink, std::errc::is_a_directory},
-      {"missing/file", Existing::refuse, std::errc::no_such_file_or_directory},
-      {"missing/file", Existing::followLink, std::errc::no_such_file_or_directory},
-  };
-  for (const auto& [name, existing, expected] : rows) {
-    SCOPED_TRACE(testing::Message() << name << ' ' << static_cast<int>(existing));
-    EXPECT_EQ(replace(name, existing), expected);
-  }
+  EXPECT_EQ(replace("there", refuse), file_exists);
+  EXPECT_EQ(replace("folder", refuse), file_exists);
+  EXPECT_EQ(replace("folder", Existing::replace), is_a_directory);
+  EXPECT_EQ(replace("folder", followLink), is_a_directory);
+  EXPECT_EQ(replace("missing/file", refuse), no_such_file_or_directory);
+  EXPECT_EQ(replace("missing/file", followLink), no_such_file_or_directory);
   EXPECT_EQ(directory_.read("there"), "old");
   for (const auto& [name, existing] : {std::pair("there", Existing::replace),
                                        {"other", Existing::replace},
-                                       {"folder/file", Existing::refuse},
-                                       {"folder/other", Existing::followLink}}) {
+                                       {"folder/file", refuse},
+                                       {"folder/other", followLink}}) {
     SCOPED_TRACE(name);
     EXPECT_EQ(replace(name, existing), std::error_code());
     EXPECT_EQ(directory_.read(name), "new");
@@ -62,19 +54,19 @@ TEST_F(ReplaceFile, ReplacesFilesAndNothingElse) {
 
 TEST_F(ReplaceFile, RefusesAFileThatAppearsMeanwhile) {
   ReplacementFile file;
-  ASSERT_FALSE(file.createNew(directory_.path("out"), Existing::refuse));
+  ASSERT_FALSE(file.createNew(directory_.path("out"), refuse));
   directory_.write("out", "old");
   ASSERT_FALSE(file.flushToDisk());
-  EXPECT_EQ(file.replaceFile(), std::errc::file_exists);
+  EXPECT_EQ(file.replaceFile(), file_exists);
   EXPECT_EQ(directory_.read("out"), "old");
 }
 
 TEST_F(ReplaceFile, TemporaryFileIsWrittenByNameAndDiscarded) {
   ReplacementFile file;
-  ASSERT_FALSE(file.createNew(directory_.path("out"), Existing::followLink));
+  ASSERT_FALSE(file.createNew(directory_.path("out"), followLink));
   directory_.write(fs::path(file.temporaryPath()).filename().string(), "by name");
   ReplacementFile other;
-  ASSERT_FALSE(other.createNew(directory_.path("out"), Existing::followLink));
+  ASSERT_FALSE(other.createNew(directory_.path("out"), followLink));
   EXPECT_EQ(fileCount(), 2);
   other.discard();
   ASSERT_FALSE(file.flushToDisk());
@@ -82,7 +74,7 @@ TEST_F(ReplaceFile, TemporaryFileIsWrittenByNameAndDiscarded) {
   EXPECT_EQ(file.temporaryPath(), "");
   EXPECT_EQ(fileCount(), 1);
   EXPECT_EQ(directory_.read("out"), "by name");
-  EXPECT_EQ(file.write("x", 1), std::errc::bad_file_descriptor);
+  EXPECT_EQ(file.write("x", 1), bad_file_descriptor);
 }
 
 TEST_F(ReplaceFile, OldFileStaysWholeWhileItIsOpen) {
@@ -111,8 +103,8 @@ TEST_F(ReplaceFile, FollowsOrReplacesLinksAndKeepsModes) {
     return static_cast<int>(fs::status(directory_.path(name)).permissions());
   };
   fs::create_directory(directory_.path("folder"));
-  EXPECT_EQ(replace("link", Existing::refuse), std::errc::file_exists);
-  ASSERT_FALSE(replace("link", Existing::followLink));  // makes its target
+  EXPECT_EQ(replace("link", refuse), file_exists);
+  ASSERT_FALSE(replace("link", followLink));  // makes its target
   EXPECT_TRUE(isLink());
   EXPECT_EQ(directory_.read("folder/target"), "new");
 
@@ -120,20 +112,20 @@ TEST_F(ReplaceFile, FollowsOrReplacesLinksAndKeepsModes) {
   const int modeOfNewFiles = mode("plain");
   EXPECT_EQ(mode("folder/target"), modeOfNewFiles);
   fs::permissions(directory_.path("folder/target"), fs::perms(0640));
-  ASSERT_FALSE(replace("link", Existing::followLink));
+  ASSERT_FALSE(replace("link", followLink));
   EXPECT_EQ(mode("folder/target"), 0640);
 
   fs::permissions(directory_.path("folder/target"), fs::perms(0444));
-  EXPECT_EQ(replace("link", Existing::followLink), std::errc::permission_denied);
+  EXPECT_EQ(replace("link", followLink), permission_denied);
   ASSERT_FALSE(replace("link", Existing::replace));
   EXPECT_FALSE(isLink());
   EXPECT_EQ(mode("link"), modeOfNewFiles);
 
   fs::create_symlink("loop", directory_.path("loop"));
-  EXPECT_EQ(replace("loop", Existing::followLink), std::errc::too_many_symbolic_link_levels);
+  EXPECT_EQ(replace("loop", followLink), too_many_symbolic_link_levels);
   // Not the function, which a host without links may not have either.
   ASSERT_EQ(std::system(("mkfifo '" + directory_.path("pipe") + "'").c_str()), 0);
-  EXPECT_EQ(replace("pipe", Existing::followLink), std::errc::not_supported);
+  EXPECT_EQ(replace("pipe", followLink), not_supported);
 }
 
 }  // namespace tavrel::test

@@ -25,15 +25,17 @@ static void put32(uint8_t* bytes, uint32_t value) {
 }
 
 /* A wave of 6 bytes at 136, a tone bank of 5 at 144, a user asset of 3 at 149. */
-static const uint8_t tiny[160] = {
-    3,    0,    0,    0, 1, 0,    0, 0,    0x88, 0, 0, 0,   6,   0,   0,    0,   0x40, 0x1F, 0,
-    0,    1,    0,    0, 0, 16,   0, 0,    0,    0, 0, 0,   0,   0,   0,    0,   0,    3,    0,
-    0,    0,    0,    0, 0, 0,    0, 0,    0,    0, 3, 0,   0,   0,   0x90, 0,   0,    0,    5,
-    0,    0,    0,    1, 0, 0,    0, 0,    0,    0, 0, 0,   0,   0,   0,    0,   0,    0,    0,
-    0,    0,    0,    0, 0, 0,    0, 0,    0,    0, 0, 0,   0,   0,   0,    0,   6,    0,    0,
-    0,    0x95, 0,    0, 0, 3,    0, 0,    0,    7, 0, 0,   0,   0,   0,    0,   0,    0,    0,
-    0,    0,    0,    0, 0, 0,    0, 0,    0,    0, 0, 0,   0,   0,   0,    0,   0,    0,    0xFF,
-    0xFF, 0xFF, 0xFF, 0, 0, 0xE8, 3, 0x18, 0xFC, 0, 0, 't', 'o', 'n', 'e',  's', 'm',  'a',  'p'};
+static void make_tiny(uint8_t* bytes) {
+  static const uint32_t records[3][11] = {{1, 136, 6, 8000, 1, 16, 0, 0, 3},
+                                          {3, 144, 5, 1},
+                                          {6, 149, 3, 7, 0, 0, 0, 0, 0, 0, 0xFFFFFFFFu}};
+  int i;
+  put32(bytes, 3);
+  for (i = 0; i < 33; ++i) {
+    put32(bytes + 4 + 4 * i, records[i / 11][i % 11]);
+  }
+  memcpy(bytes + 136, "\0\0\xE8\x03\x18\xFC\0\0tonesmap", 16);
+}
 
 static void test_assets(const uint8_t* bytes) {
   tavrel_bank bank;
@@ -41,13 +43,12 @@ static void test_assets(const uint8_t* bytes) {
   tavrel_wave wave;
   CHECK(tavrel_bank_open(&bank, bytes, 160) == TAVREL_OK, "tiny");
   CHECK(bank.bytes == bytes && bank.size == 160 && bank.count == 3 && bank.held == 160, "tiny");
-  CHECK(tavrel_bank_asset(&bank, 0, &asset), "wave");
+  CHECK(tavrel_bank_asset(&bank, 0, &asset) && tavrel_asset_wave(&asset, &wave), "wave");
   CHECK(asset.type == 1 && asset.offset == 136 && asset.size == 6, "wave");
-  CHECK(asset.bytes == bytes + 136, "wave");
-  CHECK(tavrel_asset_wave(&asset, &wave), "wave");
-  CHECK(wave.bytes == bytes + 136 && wave.size == 6 && wave.sample_count == 3, "wave");
+  CHECK(asset.bytes == bytes + 136 && wave.bytes == asset.bytes && wave.size == 6, "wave");
   CHECK(wave.sample_rate == 8000 && wave.bits == 16 && wave.random_pitch_amount == 0, "wave");
   CHECK(wave.loops == 1 && wave.loop_start == 0 && wave.loop_end == 3, "wave");
+  CHECK(wave.sample_count == 3, "wave");
   CHECK(tavrel_bank_asset(&bank, 2, &asset) && asset.bytes == bytes + 149, "user asset");
   CHECK(asset.parameters[0] == 7 && asset.parameters[6] == 0 && asset.parameters[7] == -1, "user");
   CHECK(!tavrel_asset_wave(&asset, &wave) && wave.size == 6, "a user asset is no wave");
@@ -111,8 +112,7 @@ static void test_limits(void) {
   uint32_t i;
   put32(bytes, 32768);
   for (i = 0; i < 32768; ++i) {
-    put32(bytes + 8 + 44 * i,
-          i < 32767 ? 1441796 : (uint32_t)size); /* the last is empty at the end */
+    put32(bytes + 8 + 44 * i, i < 32767 ? 1441796 : (uint32_t)size); /* the last is at the end */
   }
   CHECK(tavrel_bank_open(&bank, bytes, size) == TAVREL_OK && bank.count == 32768, "most assets");
   CHECK(tavrel_bank_asset(&bank, 32767, &asset) && asset.bytes == bytes + size, "empty at the end");
@@ -182,18 +182,16 @@ static const uint8_t example[4] = {0x77, 0x1F, 0x77, 0xCF};
 static const int16_t decoded[8] = {238, 808, -558, 97, 3040, 10099, -6832, -31196};
 
 static void test_adpcm_pieces(void) {
-  tavrel_adpcm state = {0, 0};
+  tavrel_adpcm state = {0, 0}; /* counts as a start */
   int16_t samples[8];
   size_t i, piece;
-  tavrel_adpcm_decode(&state, example, 4, samples);
-  CHECK(memcmp(samples, decoded, sizeof decoded) == 0, "a cleared state is a start");
   for (piece = 1; piece <= 4; piece *= 2) {
-    tavrel_adpcm_start(&state);
     for (i = 0; i < 4; i += piece) {
       tavrel_adpcm_decode(&state, example + i, piece, samples + 2 * i);
     }
     CHECK(memcmp(samples, decoded, sizeof decoded) == 0, "in pieces");
     CHECK(state.predictor == -31196 && state.step == 24576, "in pieces");
+    tavrel_adpcm_start(&state);
   }
 }
 
@@ -247,10 +245,10 @@ static void test_wave_read(void) {
 }
 
 int main(void) {
-  uint8_t misaligned[161];
+  uint8_t misaligned[161] = {0};
   int16_t samples[3];
   uint8_t* bytes = misaligned + 1;
-  memcpy(bytes, tiny, 160);
+  make_tiny(bytes);
   test_assets(bytes);
   test_wave_fields();
   test_refusals(bytes);

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "compiler/bank_script.h"
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -28,9 +27,8 @@ TEST(Preferences, SetThePathsUpToPrefsEnd) {
     if (!row.text.empty()) {
       directory.write("tool.rsp", row.text);
     }
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(script.readPreferences(), row.isRead);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), row.problems);
+    const Printed printed = printedBy([&] { EXPECT_EQ(script.readPreferences(), row.isRead); });
+    EXPECT_EQ(printed.errors, row.problems);
     std::string paths;
     for (const FileName* file : {&script.bankFileName, &script.fileName, &script.headerFileName}) {
       paths += std::string(textOrEmpty(file->path)) + ',';

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -11,10 +12,8 @@ TEST(RunDriver, TestsTheNameOfTheProgramForAKeyword) {
   const std::string script = directory.write("a.txt", "BankFileName x.tvb ");
   const std::string path = directory.path("");
   const char* const arguments[] = {"bankPath", script.c_str(), "headerPath", path.c_str(), nullptr};
-  testing::internal::CaptureStdout();
-  EXPECT_EQ(runTavrel(4, arguments), 0);
-  EXPECT_THAT(testing::internal::GetCapturedStdout(),
-              testing::HasSubstr("Bank Path:\t" + script + '\n'));
+  const Printed printed = printedBy([&] { EXPECT_EQ(runTavrel(4, arguments), 0); });
+  EXPECT_THAT(printed.output, testing::HasSubstr("Bank Path:\t" + script + '\n'));
 }
 
 }  // namespace tavrel::test

@@ -6,12 +6,10 @@
 
 #include "compiler/run_driver.h"
 #include "platform/local_time.h"
-#include "platform/replace_file.h"
 #include "tests/robustness/failing_calls.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-namespace {
 
 /// Packs the example bank in this process. Its directory becomes the current directory, and the
 /// clock is stopped.
@@ -41,14 +39,14 @@ class FailingCall : public testing::Test {
     const int exitCode = runTavrel(std::size(arguments) - 1, arguments);
     machine.fault = Fault::none;
     EXPECT_EQ(machine.blocks, 0) << "leaked";
-    const std::string printed =
-        testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
+    const std::string output = testing::internal::GetCapturedStdout();
+    const std::string errors = testing::internal::GetCapturedStderr();
     if (exitCode == 0) {
       return directory_.read("its/demo.tvb") + directory_.read("its/demo.h");
     }
     EXPECT_EQ(exitCode, 1);
-    EXPECT_THAT(printed, testing::Not(testing::HasSubstr("Done!")));
-    EXPECT_THAT(printed,
+    EXPECT_THAT(output, testing::Not(testing::HasSubstr("Done!")));
+    EXPECT_THAT(errors,
                 testing::ContainsRegex("Failed to (parse script|write (bank|header))...\n$"));
     return "";
   }
@@ -94,20 +92,4 @@ TEST_F(FailingCall, NeverLeavesADamagedBankAfterDone) {
   }
 }
 
-TEST(FailingReplacement, FullDiskIsReportedAndLeavesTheOldFile) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.write("out", "old");
-  {
-    ReplacementFile file;
-    ASSERT_FALSE(file.createNew(path, Existing::replace));
-    ASSERT_FALSE(file.write("new", 3));
-    machine = {Fault::noSpace, 1};
-    EXPECT_EQ(file.write("more", 4), std::errc::io_error);
-    machine = {};
-  }
-  EXPECT_EQ(directory.read("out"), "old");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path()), {}), 1);
-}
-
-}  // namespace
 }  // namespace tavrel::test

@@ -49,7 +49,7 @@ std::string asset(const std::string& file) { return "UserAsset " + file + " Asse
 
 std::string bank(const std::string& name) { return "BankFileName " + name + "\n"; }
 
-TEST_F(BankCheckTest, FindsWhatSpoilsTheBankOrItsHeader) {
+TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
   for (const char* name : {"a-b.dat", "bank_data.size", "bank_header.size", "c.h"}) {
     directory_.write(name, "four");
   }
@@ -89,6 +89,16 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankOrItsHeader) {
            Row{bank("b.tvb"), "over-budget 1:14", {"--max-bytes", "31"}},
            Row{bank("b.tvb"), "", {"--max-bytes", "32"}},
            Row{bank("four.tvb") + asset("four.h"), "output-overlap 1:14 missing-file 2:11"},
+           // Files that would be written over.
+           Row{bank("s.txt") + asset("four.dat"), "output-overlap 1:14 bank-name 1:14"},
+           Row{bank("four.dat") + asset("in\\x.dat"), "bank-name 1:14"},
+           Row{bank("four.dat") + asset("link.dat"), "output-overlap 1:14 bank-name 1:14"},
+           Row{bank("b.h") + asset("four.dat"), "output-overlap 1:14 bank-name 1:14"},
+           Row{bank("b.h") + asset("four.dat"), "bank-name 1:14", {"--bank-dir", "in"}},
+           Row{bank("b.h"),
+               "output-overlap 1:14 bank-name 1:14",
+               {"--bank-dir", "in", "--header-dir", "./in/../in/"}},
+           Row{bank("b.tvb") + asset("s.txt"), "output-overlap 1:14"},
        }) {
     SCOPED_TRACE(row.script);
     EXPECT_EQ(check(row.script, row.options), row.problems);
@@ -96,42 +106,22 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankOrItsHeader) {
   }
 }
 
-TEST_F(BankCheckTest, FindsFilesThatWouldBeWrittenOver) {
-  struct Row {
-    std::string name, asset, problems;
-    std::vector<std::string> options = {};
-  };
-  for (const Row& row : {
-           Row{"s.txt", "four.dat", "output-overlap 1:14 bank-name 1:14"},
-           Row{"four.dat", "in\\x.dat", "bank-name 1:14"},
-           Row{"four.dat", "link.dat", "output-overlap 1:14 bank-name 1:14"},
-           Row{"b.h", "four.dat", "output-overlap 1:14 bank-name 1:14"},
-           Row{"b.h", "four.dat", "bank-name 1:14", {"--bank-dir", "in"}},
-           Row{"b.h",
-               "four.dat",
-               "output-overlap 1:14 bank-name 1:14",
-               {"--bank-dir", "in", "--header-dir", "./in/../in/"}},
-           Row{"b.tvb", "s.txt", "output-overlap 1:14"},
-       }) {
-    SCOPED_TRACE(row.name + " " + row.asset);
-    EXPECT_EQ(check(bank(row.name) + asset(row.asset), row.options), row.problems);
-  }
-}
-
 TEST(BankLimitsTest, CountAndLengthPointAtTheFirstFileTooMuch) {
   ScriptBlock block;
   block.file = ScriptWord{"x.dat", 7};
   const RunPlan plan{.scriptPath = "s.txt"};
-  struct Row {
+  // 4 + 44 * 2 + 2 * 2147483584 bytes are the last that 4294967264, a multiple of 32, holds.
+  const std::uint64_t half = 2147483584;
+  const struct {
     std::size_t count;
     std::uint64_t size;
     std::vector<std::string_view> codes;
-  };
-  // 4 + 44 * 2 + 2 * 2147483584 bytes are the last that 4294967264, a multiple of 32, holds.
-  const std::uint64_t half = 2147483584;
-  for (const Row& row :
-       {Row{32768, 0, {}}, Row{32769, 0, {"too-many-assets"}}, Row{2, half, {}},
-        Row{2, half + 4, {"bank-too-long"}}, Row{3, 2 * half, {"bank-too-long"}}}) {
+  } rows[] = {{32768, 0, {}},
+              {32769, 0, {"too-many-assets"}},
+              {2, half, {}},
+              {2, half + 4, {"bank-too-long"}},
+              {3, 2 * half, {"bank-too-long"}}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.count);
     std::vector<CheckedAsset> assets(row.count);
     for (std::size_t i = 0; i < row.count; ++i) {

@@ -10,13 +10,11 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 TEST(ExtractedNamesTest, TakesTheDefinesPartsInLowerCase) {
-  EXPECT_THAT(extractedNames({{"BOOM_WAV", "wav"},
-                              {"BELL_AIF", "wav"},
-                              {"BIG_MAP_DAT", ""},
-                              {"BARE", ""},
-                              {"BARE_END_", ""},
-                              {"", ""},
-                              {"", "mid"}}),
+  const std::vector<NameRequest> requests{{"BOOM_WAV", "wav"}, {"BELL_AIF", "wav"},
+                                          {"BIG_MAP_DAT", ""}, {"BARE", ""},
+                                          {"BARE_END_", ""},   {"", ""},
+                                          {"", "mid"}};
+  EXPECT_THAT(extractedNames(requests),
               ElementsAre("boom.wav", "bell.wav", "big_map.dat", "bare.bin", "bare_end.bin",
                           "0005.bin", "0006.mid"));
 }

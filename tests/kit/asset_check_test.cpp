@@ -66,13 +66,11 @@ class AssetCheckTest : public testing::Test {
   }
 
   static void load(TokenFile& file, const std::string& text) {
-    auto* block = new std::uint8_t[text.size()];
-    std::copy(text.begin(), text.end(), block);
-    file.useMemory(block, text.size());
+    file.useMemory(blockOf(text).release(), text.size());
   }
 
   void write(const std::string& file, const std::string& content) const {
-    std::filesystem::create_directories(std::filesystem::path(directory_.path(file)).parent_path());
+    std::filesystem::create_directories(std::filesystem::absolute(file).parent_path());
     directory_.write(file, content);
   }
 
@@ -97,9 +95,7 @@ TEST_F(AssetCheckTest, AgreesWithTheToolOnEveryDamagedFile) {
   for (const AssetRow& row : kAssetRows) {
     SCOPED_TRACE(row.name);
     const auto checkBytes = [&](const std::string& bytes) {
-      FileCache::Entry entry{newBytes(bytes.size()), bytes.size()};
-      std::copy(bytes.begin(), bytes.end(), entry.bytes.get());
-      cache.add(row.file, std::move(entry));
+      cache.add(row.file, {blockOf(bytes), bytes.size()});
       check(row.block);
     };
     write(row.file, row.content);

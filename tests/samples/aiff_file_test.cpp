@@ -11,14 +11,14 @@ AiffBuilder small() { return aiff().comm(mono, 2, 16).ssnd("abcd"); }
 
 const std::string kLongName(100, 'n');
 
-/// Each loop that is found, and what else changes the out-values, which are 7 before.
+/// The number of each loop that is found or changes the out-values, which are 7 before.
 std::string loopsOf(const AiffFile& file) {
   std::string text;
   for (const std::int32_t which : {0, 1, 2, 3}) {
     std::array<std::uint32_t, 3> loop{7, 7, 7};
     const bool found = file.getLoop(which, loop[0], loop[1], loop[2]);
     if (found || loop[0] != 7 || loop[1] != 7 || loop[2] != 7) {
-      text += (found ? " yes" : " no") + testing::PrintToString(loop);
+      text += ' ' + std::to_string(which) + (found ? "" : " no") + testing::PrintToString(loop);
     }
   }
   return text;
@@ -60,11 +60,11 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
        small()
            .inst({1, 3, 4}, {2, 1, 2})
            .mark({{2, 10}, {1, 20, "abc"}, {9, 30, kLongName}, {7, 40}}),
-       "badc yes{ 1, 30, 40 } yes{ 2, 10, 20 }"},
+       "badc 1{ 1, 30, 40 } 2{ 2, 10, 20 }"},
       {"no loop markers", small().inst({1, 1, 1}, {1, 1, 1}).mark({}), "badc"},
       {"markers below the first", small().mark({{1, 10}}).inst({1, 0, 1}, {1, 1, 0}), "badc"},
       {"markers after the last", small().mark({{1, 10}}).inst({1, 2, 1}, {1, 1, 0xFFFF}), "badc"},
-      {"no last pad byte", marked().claimSize("MARK", 2 + 10 + 7), "badc yes{ 2, 20, 10 }"},
+      {"no last pad byte", marked().claimSize("MARK", 2 + 10 + 7), "badc 1{ 2, 20, 10 }"},
       {"no COMM", aiff().ssnd("abcd"), "", "", noCommon},
       {"no SSND", aiff().comm(mono, 2, 16), "", "", noSound},
       {"short COMM", small().claimSize("COMM", 17), "", "COMM"},
@@ -97,7 +97,7 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
                 row.samplesAndLoops);
     } else {
       EXPECT_EQ(answersOf(file), "no 0 no 0 no 0 no 0 0");
-      EXPECT_EQ(loopsOf(file), " no{ 0, 0, 0 } no{ 0, 0, 0 } no{ 0, 0, 0 } no{ 0, 0, 0 }");
+      EXPECT_EQ(loopsOf(file), " 0 no{ 0, 0, 0 } 1 no{ 0, 0, 0 } 2 no{ 0, 0, 0 } 3 no{ 0, 0, 0 }");
       EXPECT_EQ(file.getSampleData(), nullptr);
     }
   }

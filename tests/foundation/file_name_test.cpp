@@ -2,6 +2,7 @@
 
 #include <regex>
 
+#include "platform/console_input.h"
 #include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
@@ -73,6 +74,7 @@ std::string dumped(const FileName& file) {
   EXPECT_NE(std::freopen(directory.write("keys", "kx").c_str(), "rb", stdin), nullptr);
   const Printed printed = printedBy([&] { EXPECT_TRUE(file.dump()); });
   EXPECT_EQ(std::getchar(), 'x');
+  EXPECT_FALSE(takeOneCharacter()) << "at the end";
   const std::regex address("(This: | at: )(0x)?[0-9A-Fa-f]+");
   return std::regex_replace(printed.output, address, "$1@");
 }

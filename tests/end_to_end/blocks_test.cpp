@@ -72,13 +72,17 @@ TEST(WaveBlock, FailsForABadFileOrOption) {
 TEST(SequenceBlock, StoresTheWholeFileOrIsLeftOut) {
   const std::string song = midi(0xE728).track(events().tempo(9, 0xFFFFFF).endOfTrack());
   const std::string notFound = "File System Error: File \"none\" Not Found\n";
+  const std::string unfit = "Error: The file \"1\" is not a type 0 Standard MIDI File\n";
   const std::vector<Block> blocks = {
       {kMidi, "none", "AssetEnd", kFails, notFound},
+      {kMidi, "1", "AssetEnd", kFails, unfit},
       {kMidi, "still.mid", "AssetEnd", kFails},
       {kMidi, "none", "Adpcm", kFails, unidentified("Adpcm")},
       {kMidi, "song.mid", "", {{-6360, 127, 1, 0, 0, 0xFFFFFF}}, song},
       {kMidi, "t", "volume x GMMODE -2 Loop 3", {{-6360, 0, -2, 3, 0, 0xFFFFFF}}, song + "t"}};
-  expectRun({.blocks = blocks, .files = {{"still.mid", midi().track(events().endOfTrack())}}});
+  expectRun({.blocks = blocks,
+             .files = {{"1", midi(96, 1).track(events().tempo(0, 1))},
+                       {"still.mid", midi().track(events().endOfTrack())}}});
 }
 
 TEST(OpaqueBlock, StoresTheWholeFileOrFails) {

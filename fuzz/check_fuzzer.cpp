@@ -1,5 +1,5 @@
 // Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, and
-// the bank passes verify.
+// the bank passes verify. The other commands that read scripts and assets must answer.
 //
 // | Content | Goes to |
 // |---|---|
@@ -45,6 +45,16 @@ void requirePacked(const std::string& script) {
   require(kit::runCommandLine({"verify", wanted.bank}, output) == 0);
 }
 
+/// Runs the commands whose answer nothing else proves.
+void runOtherCommands() {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"show", "w.wav", "f.aif", "m.mid"}, {"deps", "s.txt"}}) {
+    kit::Output output;
+    const int code = kit::runCommandLine(arguments, output);
+    require(code != kit::exitFailed || (output.results.empty() && !output.messages.empty()));
+  }
+}
+
 }  // namespace
 
 }  // namespace tavrel::fuzz
@@ -69,5 +79,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   if (kit::checkScript({.scriptPath = "s.txt"}, {}).count(kit::Severity::error) == 0) {
     fuzz::requirePacked(script);
   }
+  fuzz::runOtherCommands();
   return 0;
 }

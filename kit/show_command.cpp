@@ -8,6 +8,7 @@
 #include "kit/frame/captured_console.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/output.h"
+#include "kit/frame/required_text.h"
 #include "kit/show/file_view.h"
 
 namespace tavrel::kit {
@@ -18,11 +19,12 @@ namespace {
 std::string keywordOfExtension(const std::string& name) {
   FileName parts;
   parts.splitNameAndPath(name.c_str());
-  const char* extension = parts.getExtensionOnly();
-  if (equalsIgnoringCase(extension, "wav") || equalsIgnoringCase(extension, "aif")) {
+  const std::string extension = requiredText(parts.getExtensionOnly());
+  if (equalsIgnoringCase(extension.c_str(), "wav") ||
+      equalsIgnoringCase(extension.c_str(), "aif")) {
     return "WaveFile";
   }
-  return equalsIgnoringCase(extension, "mid") ? "MidiFileType0" : "";
+  return equalsIgnoringCase(extension.c_str(), "mid") ? "MidiFileType0" : "";
 }
 
 /// Returns the view of a file of which nothing can be shown.

@@ -14,6 +14,7 @@
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/wave_check.h"
+#include "kit/frame/required_text.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -102,12 +103,13 @@ CheckedAsset checkAsset(const ScriptBlock& block, FolderNames& folders, Findings
   BlockFindings blockFindings(block, findings);
   FileName name;
   name.splitNameAndPath(block.file->text.c_str());
-  const std::string extension = name.getExtensionOnly();
+  const std::string extension = requiredText(name.getExtensionOnly());
   checkFile(asset, isAiffExtension(extension.c_str()), folders, blockFindings);
   asset.isMissing = !asset.isStored && isMissing(block.file->text) && isMissing(asset.openedName);
-  checkCut(asset, name.name.get(), extension, blockFindings);
+  checkCut(asset, requiredText(name.name.get()), extension, blockFindings);
   checkCase(asset, folders, blockFindings);
-  asset.isStored = nameAsset(name.getNameOnly(), extension, asset, blockFindings) && asset.isStored;
+  asset.isStored = nameAsset(requiredText(name.getNameOnly()), extension, asset, blockFindings) &&
+                   asset.isStored;
   asset.size = asset.isStored ? asset.size : 0;
   asset.paddedSize = block.row->padding == Padding::toMultipleOf4
                          ? roundUp(asset.size, kBlobAlignment)

@@ -7,6 +7,7 @@
 
 #include "compiler/bank_script.h"
 #include "compiler/names.h"
+#include "kit/frame/required_text.h"
 
 namespace tavrel::kit {
 
@@ -25,8 +26,6 @@ void parseNames(const ScriptModel& script, BankScript& run) {
   run.freeData();
 }
 
-std::string textOf(const char* text) { return text == nullptr ? "" : text; }
-
 }  // namespace
 
 std::string BankNames::define(const std::string& name) const { return defineName(prefix, name); }
@@ -41,9 +40,9 @@ BankNames nameBank(const ScriptModel& script, const RunPlan& plan) {
   const bool isNamed = !script.bankNames.empty() && !script.bankNames.back().text.empty();
   if (isNamed) {
     names.word = &script.bankNames.back();
-    names.bankPath = textOf(run.bankFileName.getNameAndPath());
-    names.headerPath = textOf(run.headerFileName.getNameAndPath());
-    names.baseName = textOf(run.headerFileName.getNameOnly());
+    names.bankPath = requiredText(run.bankFileName.getNameAndPath());
+    names.headerPath = requiredText(run.headerFileName.getNameAndPath());
+    names.baseName = requiredText(run.headerFileName.getNameOnly());
   }
   return names;
 }

@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "kit/bank/asset_facts.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/unreadable_file.h"
 #include "midi/midi_asset_file.h"
@@ -40,6 +41,7 @@ bool checkTrack(MidiAssetFile& file, BlockFindings& findings) {
   SequenceSummary summary;
   const char* fault = nullptr;
   const bool isWhole = summarize(file, summary);
+  requireMemory(file);
   if (file.trackLength == 0) {
     fault = "the track is empty";
   } else if (!isWhole) {
@@ -58,6 +60,7 @@ bool checkTempo(MidiAssetFile& file, BlockFindings& findings) {
   std::uint32_t tempo = 0;
   file.runningStatus = 0;
   if (!file.firstTempo(tempo)) {
+    requireMemory(file);
     return false;
   }
   if (file.accumulatedTime > 0) {

@@ -4,8 +4,10 @@
 
 #include <filesystem>
 #include <limits>
+#include <new>
 #include <system_error>
 
+#include "foundation/disk_file.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/missing_file.h"
@@ -20,6 +22,16 @@ std::uintmax_t sizeOf(const std::string& name) {
   std::error_code failed;
   const std::uintmax_t size = std::filesystem::file_size(hostPath(name.c_str()), failed);
   return failed ? 0 : size;
+}
+
+/// Throws std::bad_alloc if a reader can't have opened the file only because memory ran out.
+void requireMemoryFor(const std::string& name) {
+  DiskFile file(modeRead, name.c_str(), "");
+  std::uint32_t size = 0;
+  const bool isReadable = file.open() && file.getSize(size) && size > 0;
+  if (isReadable || file.error == errorNoMemory) {
+    throw std::bad_alloc();
+  }
 }
 
 std::string hintFor(const std::string& name, const FileKind& kind, const BlockFindings& findings) {
@@ -52,6 +64,7 @@ void reportUnread(const std::string& openedName, FolderNames& folders, BlockFind
     case PathKind::file:
       break;
   }
+  requireMemoryFor(openedName);
   const std::uintmax_t size = sizeOf(openedName);
   const bool isTooLong = size > std::numeric_limits<std::uint32_t>::max();
   add(size == 0   ? "the file has 0 bytes"

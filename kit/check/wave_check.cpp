@@ -12,6 +12,7 @@
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/wave_chunks.h"
+#include "kit/frame/required_text.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -169,7 +170,7 @@ LoadedSound soundOf(const WaveFile& file) {
 
 void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   WaveFile file(findings.fileName().c_str());
-  asset.openedName = file.openedName();
+  asset.openedName = requiredText(file.openedName());
   if (!file.load()) {
     return reportFault(file.fault(), asset.openedName, folders, findings);
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include "foundation/byte_order.h"
 #include "samples/riff_file.h"
@@ -90,13 +91,14 @@ void readChunks(RiffFile& riff, const ChunkInfo& form, WaveChunks& chunks) {
 WaveChunks readWaveChunks(const char* openedName) {
   WaveChunks chunks;
   RiffFile riff(openedName);
-  if (riff.open()) {
-    ChunkInfo form;
-    if (riff.descendRiff("WAVE", form)) {
-      readChunks(riff, form, chunks);
-    }
-    riff.close();
+  if (!riff.open()) {
+    throw std::bad_alloc();  // the file has been opened before
   }
+  ChunkInfo form;
+  if (riff.descendRiff("WAVE", form)) {
+    readChunks(riff, form, chunks);
+  }
+  riff.close();
   return chunks;
 }
 

@@ -4,6 +4,7 @@
 
 #include "compiler/wave_rules.h"
 #include "foundation/file_name.h"
+#include "kit/frame/required_text.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -16,9 +17,9 @@ std::string openedName(const ScriptBlock& block) {
   const std::string& written = block.file->text;
   FileName name;
   name.splitNameAndPath(written.c_str());
-  const bool isReadAsWave =
-      block.row->kind == kindWave && !isAiffExtension(name.getExtensionOnly());
-  return isReadAsWave ? WaveFile(written.c_str()).openedName() : written;
+  const std::string extension = requiredText(name.getExtensionOnly());
+  const bool isReadAsWave = block.row->kind == kindWave && !isAiffExtension(extension.c_str());
+  return isReadAsWave ? requiredText(WaveFile(written.c_str()).openedName()) : written;
 }
 
 }  // namespace

@@ -101,7 +101,7 @@ FileView aiffView(const ShownFile& file) {
     view.bits = sound.bits;
     view.text = formatText("PCM", sound) + instrumentText(reader) + markersText(reader.markerList) +
                 levelsText(sound);
-  } else if (reader.fault() == AiffFault::noMemory) {
+  } else if (reader.fault() == AiffFault::noMemory || reader.fault() == AiffFault::cannotRead) {
     throw std::bad_alloc();
   }
   view.text = chunksText(listOf(reader)) + view.text;

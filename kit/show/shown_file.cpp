@@ -24,8 +24,11 @@ ShownFile::ShownFile(const std::string& name) : name_(name) {
   if (size_ <= std::numeric_limits<std::uint32_t>::max()) {
     hold();
   }
+  const FileCache::Entry* held = cache_.find(hostPath(name.c_str()));
+  kind_ = held == nullptr ? &kindOfFile(name)
+                          : &kindOf({reinterpret_cast<const char*>(held->bytes.get()),
+                                     std::min<std::size_t>(held->size, kKindBytes)});
   previous_ = setFileCache(&cache_);
-  kind_ = &kindOfFile(name);
 }
 
 ShownFile::~ShownFile() { setFileCache(previous_); }

@@ -6,6 +6,7 @@
 
 #include "kit/check/wave_check.h"
 #include "kit/check/wave_chunks.h"
+#include "kit/frame/required_text.h"
 #include "kit/show/file_view.h"
 #include "kit/show/sound_levels.h"
 #include "samples/riff_file.h"
@@ -55,7 +56,7 @@ FileView waveView(ShownFile& file) {
   const WaveChunks chunks = readWaveChunks(file.name().c_str());
   FileView view{.text = chunksText(listOf(chunks)), .keyword = "WaveFile"};
   WaveFile reader(file.name().c_str());
-  const std::string openedName = reader.openedName();
+  const std::string openedName = requiredText(reader.openedName());
   const bool isCut = openedName != file.name();
   if (isCut) {
     file.alsoName(openedName);
@@ -67,7 +68,7 @@ FileView waveView(ShownFile& file) {
     view.bits = sound.bits;
     view.text += formatText(tag == kPcm ? "PCM" : encodingName(tag), sound) + loopsText(chunks);
     view.text += tag == kPcm ? levelsText(sound) : "";
-  } else if (reader.fault() == WaveFault::noMemory) {
+  } else if (reader.fault() == WaveFault::noMemory || reader.fault() == WaveFault::cannotOpen) {
     throw std::bad_alloc();
   }
   if (isCut) {

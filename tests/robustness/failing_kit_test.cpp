@@ -53,7 +53,11 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
   const std::vector<std::string> commands[] = {{"list", "demo.tvb"},
                                                {"verify", "demo.tvb"},
                                                {"extract", "demo.tvb", "-o", "out"},
-                                               {"diff", "demo.tvb", "demo.tvb"}};
+                                               {"diff", "demo.tvb", "demo.tvb"},
+                                               {"show", "boom.wav"},
+                                               {"show", "engine.aif"},
+                                               {"show", "theme.mid"},
+                                               {"deps", "demo.txt"}};
   for (const std::vector<std::string>& command : commands) {
     auto whole = run(command);
     ASSERT_EQ(code_, kit::exitYes);

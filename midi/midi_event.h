@@ -59,7 +59,7 @@ inline bool isMetaType(const MidiEvent& ev, std::uint32_t type) {
   return matchesMeta(ev, kMetaStatus, type);
 }
 
-// Not used by the tool; for programs that list or search sequences.
+// Not used by the tool; for programs that list or search sequences, such as tavkit.
 
 /// Allocates a cleared record, which the caller frees with `deleteEvent`. Returns null if memory
 /// runs out.

@@ -60,7 +60,8 @@ class MidiFile {
 
   bool firstTempo(std::uint32_t& microsecondsPerQuarter);
 
-  // Not used by the tool; for programs that list, search or copy sequences.
+  // Not used by the tool; for programs that list, search or copy sequences. tavkit prints events
+  // through them.
 
   /// Unnamed, so there is nothing to load.
   MidiFile();

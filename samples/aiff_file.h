@@ -58,7 +58,7 @@ class AiffFile : public IffFile {
   AiffMarkerList markerList;
   bool loaded = false;
 
-  // Not used by the tool; for programs that inspect AIFF files.
+  // Not used by the tool; for programs that inspect AIFF files, such as tavkit.
 
   /// Returns why `load` failed.
   [[nodiscard]] AiffFault fault() const { return fault_; }

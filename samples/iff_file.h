@@ -70,7 +70,7 @@ class IffFile {
   /// Returns how many bytes of a chunk's content are in the file; at most the `size` it states.
   [[nodiscard]] std::uint32_t bytesHeld(const std::uint8_t* data, std::uint32_t size) const;
 
-  // Not used by the tool; for programs that inspect IFF files.
+  // Not used by the tool; for programs that inspect IFF files, such as tavkit.
 
   /// Returns the records of all chunks, in file order.
   [[nodiscard]] const std::vector<IffChunk>& chunkList() const { return chunks_; }

@@ -48,7 +48,7 @@ class RiffFile : public FileName {
   /// Moves past the chunk just descended into and its pad byte.
   bool ascend(const ChunkInfo& info);
 
-  // Not used by the tool; for programs that inspect RIFF files.
+  // Not used by the tool; for programs that inspect RIFF files, such as tavkit.
 
   /// Finds the next LIST chunk of `listType` and moves to its first chunk.
   bool descendList(const char* listType, ChunkInfo& info);

@@ -29,7 +29,8 @@ class SoundConvert {
   /// and 16.
   static std::uint32_t sampleCount(std::uint32_t size, std::uint16_t bits);
 
-  // Not used by the tool; for programs that convert fields of sound files and of instruments.
+  // Not used by the tool; for programs that convert fields of sound files and of instruments, as
+  // tavkit does with root notes.
 
   /// Reads 2 big-endian bytes.
   static void readWord(std::uint16_t& value, const std::uint8_t* bytes);

@@ -78,7 +78,7 @@ class WaveFile {
   /// of 4 bytes.
   ByteBlock takeSamples();
 
-  // Not used by the tool; for programs that inspect WAV files.
+  // Not used by the tool; for programs that inspect WAV files, such as tavkit.
 
   /// Returns why `load` failed.
   [[nodiscard]] WaveFault fault() const { return fault_; }

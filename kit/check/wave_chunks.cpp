@@ -63,9 +63,12 @@ void readSampler(RiffFile& riff, const ChunkInfo& chunk, WaveChunks& chunks) {
 
 /// Lists the chunk that `riff` has just descended into.
 void listChunk(const RiffFile& riff, const ChunkInfo& chunk, WaveChunks& chunks) {
-  const std::uint64_t left = mmioBytesLeft(riff.handle);
-  chunks.chunks.push_back(
-      {chunk, static_cast<std::uint32_t>(std::min<std::uint64_t>(chunk.chunkSize, left))});
+  ++chunks.chunkCount;
+  if (chunks.chunks.size() < WaveChunks::kMostListed) {
+    const std::uint64_t left = mmioBytesLeft(riff.handle);
+    chunks.chunks.push_back(
+        {chunk, static_cast<std::uint32_t>(std::min<std::uint64_t>(chunk.chunkSize, left))});
+  }
 }
 
 void readChunks(RiffFile& riff, const ChunkInfo& form, WaveChunks& chunks) {

@@ -2,6 +2,7 @@
 // samples that the tool reads.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -25,7 +26,10 @@ struct SamplerLoop {
 };
 
 struct WaveChunks {
-  std::vector<WaveChunk> chunks{};   ///< of the first form, in file order
+  static constexpr std::size_t kMostListed = 1000;
+
+  std::vector<WaveChunk> chunks{};   ///< the first ones of the first form, in file order
+  std::uint64_t chunkCount = 0;      ///< of all chunks
   std::vector<SamplerLoop> loops{};  ///< of all `smpl` chunks
   std::uint32_t dataCount = 0;       ///< of `data` chunks
   bool hasDataBeforeFormat = false;  ///< a `data` chunk before the first `fmt ` chunk

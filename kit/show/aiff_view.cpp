@@ -5,8 +5,10 @@
 #include <new>
 
 #include "kit/check/wave_check.h"
+#include "kit/check/wave_chunks.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/text_table.h"
+#include "kit/show/chunk_table.h"
 #include "kit/show/file_view.h"
 #include "kit/show/sound_levels.h"
 #include "midi/midi_file.h"
@@ -23,6 +25,9 @@ constexpr std::size_t kChunkHeaderSize = 4 + 4;
 std::vector<ListedChunk> listOf(const AiffFile& file) {
   std::vector<ListedChunk> list;
   for (const IffChunk& chunk : file.chunkList()) {
+    if (list.size() == WaveChunks::kMostListed) {
+      break;
+    }
     IffFile::IdText id;
     IffFile::idToText(chunk.id, id.data());
     const auto distance = static_cast<std::uint64_t>(chunk.data - file.chunkList().front().data);
@@ -99,12 +104,12 @@ FileView aiffView(const ShownFile& file) {
       view.options.emplace_back("Loop", "1");
     }
     view.bits = sound.bits;
-    view.text = formatText("PCM", sound) + instrumentText(reader) + markersText(reader.markerList) +
-                levelsText(sound);
+    view.text = formatText("PCM", sound, reader.common.frames) + instrumentText(reader) +
+                markersText(reader.markerList) + levelsText(sound);
   } else if (reader.fault() == AiffFault::noMemory || reader.fault() == AiffFault::cannotRead) {
     throw std::bad_alloc();
   }
-  view.text = chunksText(listOf(reader)) + view.text;
+  view.text = chunksText(listOf(reader), reader.chunkList().size()) + view.text;
   return view;
 }
 

@@ -56,10 +56,10 @@ std::string eventText(MidiFile& file, const MidiEvent& event, PrintedText& print
     text.resize(text.find_last_not_of(" \n") + 1);
     return displayText(text);
   }
-  return isMeta(event)
-             ? fmt::format("{}type {}, {}", text, event.metaType,
-                           countText(event.dataLength, "byte"))
-             : fmt::format("status {}, {}", event.status, countText(event.dataLength, "byte"));
+  return isMeta(event) ? fmt::format("{}type 0x{:02X}, {}", text, event.metaType,
+                                     countText(event.dataLength, "byte"))
+                       : fmt::format("status 0x{:02X}, {}", event.status,
+                                     countText(event.dataLength, "byte"));
 }
 
 /// Moves to the first event.

@@ -84,29 +84,13 @@ std::string levelsText(const LoadedSound& sound) {
   return channels.empty() ? "" : '\n' + table.text();
 }
 
-std::string formatText(const std::string& encoding, const LoadedSound& sound) {
-  const std::uint64_t frameBits = std::uint64_t{sound.bits} * sound.channels;
-  std::string length;
-  if (frameBits != 0) {
-    const std::uint64_t frames = std::uint64_t{sound.size} * 8 / frameBits;
-    length = ", " + countText(frames, "frame");
-    if (sound.rate != 0) {
-      length += ", " + durationText(static_cast<double>(frames) / sound.rate);
-    }
-  }
-  return fmt::format("\nformat: {}, {}, {} Hz, {}{}\n", encoding,
+std::string formatText(const std::string& encoding, const LoadedSound& sound,
+                       std::uint64_t frames) {
+  const std::string length =
+      sound.rate == 0 ? "" : ", " + durationText(static_cast<double>(frames) / sound.rate);
+  return fmt::format("\nformat: {}, {}, {} Hz, {}, {}{}\n", encoding,
                      countText(sound.channels, "channel"), sound.rate, countText(sound.bits, "bit"),
-                     length);
-}
-
-std::string chunksText(const std::vector<ListedChunk>& chunks) {
-  TextTable table({{"chunk"}, {"offset", Alignment::right}, {"bytes", Alignment::right}, {""}});
-  for (const ListedChunk& chunk : chunks) {
-    table.add(
-        {displayText(chunk.id), std::to_string(chunk.offset), std::to_string(chunk.size),
-         chunk.held < chunk.size ? fmt::format("the file ends after {} of them", chunk.held) : ""});
-  }
-  return chunks.empty() ? "" : '\n' + table.text();
+                     countText(frames, "frame"), length);
 }
 
 }  // namespace tavrel::kit

@@ -22,17 +22,8 @@ std::vector<ChannelLevels> levelsOf(const LoadedSound& sound);
 /// Returns a table of the levels, or nothing if there are none.
 std::string levelsText(const LoadedSound& sound);
 
-/// Returns a line with the form of the samples, which are of the kind `encoding`.
-std::string formatText(const std::string& encoding, const LoadedSound& sound);
-
-/// A chunk of a WAV or AIFF file.
-struct ListedChunk {
-  std::string id{};
-  std::uint64_t offset = 0;  ///< of its content
-  std::uint32_t size = 0;    ///< as it states
-  std::uint32_t held = 0;    ///< bytes that are in the file
-};
-
-std::string chunksText(const std::vector<ListedChunk>& chunks);
+/// Returns a line with the form of a sound of `frames` frames, whose samples are of the kind
+/// `encoding`.
+std::string formatText(const std::string& encoding, const LoadedSound& sound, std::uint64_t frames);
 
 }  // namespace tavrel::kit

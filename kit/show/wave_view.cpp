@@ -7,6 +7,7 @@
 #include "kit/check/wave_check.h"
 #include "kit/check/wave_chunks.h"
 #include "kit/frame/required_text.h"
+#include "kit/show/chunk_table.h"
 #include "kit/show/file_view.h"
 #include "kit/show/sound_levels.h"
 #include "samples/riff_file.h"
@@ -50,11 +51,16 @@ std::uint16_t tagOf(const WaveFile& file, const WaveChunks& chunks) {
   return file.isPcm() ? tag : chunks.subFormat.value_or(tag);
 }
 
+std::uint64_t framesOf(const LoadedSound& sound) {
+  const std::uint64_t frameBits = std::uint64_t{sound.bits} * sound.channels;
+  return frameBits == 0 ? 0 : std::uint64_t{sound.size} * 8 / frameBits;
+}
+
 }  // namespace
 
 FileView waveView(ShownFile& file) {
   const WaveChunks chunks = readWaveChunks(file.name().c_str());
-  FileView view{.text = chunksText(listOf(chunks)), .keyword = "WaveFile"};
+  FileView view{.text = chunksText(listOf(chunks), chunks.chunkCount), .keyword = "WaveFile"};
   WaveFile reader(file.name().c_str());
   const std::string openedName = requiredText(reader.openedName());
   const bool isCut = openedName != file.name();
@@ -66,7 +72,8 @@ FileView waveView(ShownFile& file) {
     const LoadedSound sound = soundOf(reader);
     view.options.emplace_back("SampleRate", std::to_string(sound.rate));
     view.bits = sound.bits;
-    view.text += formatText(tag == kPcm ? "PCM" : encodingName(tag), sound) + loopsText(chunks);
+    view.text += formatText(tag == kPcm ? "PCM" : encodingName(tag), sound, framesOf(sound)) +
+                 loopsText(chunks);
     view.text += tag == kPcm ? levelsText(sound) : "";
   } else if (reader.fault() == WaveFault::noMemory || reader.fault() == WaveFault::cannotOpen) {
     throw std::bad_alloc();

@@ -117,9 +117,9 @@ TEST_F(ShowTest, Sequences) {
   const std::string shown =
       "bar:beat:tick\n 1:1: 0 Meta - Tempo - 120.00 bpm\n"
       " 1:1: 0 Meta - TrackName - a\uFFFD"
-      "b\n 1:1: 0 Meta - type 33, 1 byte\n"
+      "b\n 1:1: 0 Meta - type 0x21, 1 byte\n"
       " 2:1: 0 10 Note On - C3 Note #: 60 Velocity: 99\n"
-      " 2:2: 1 10 Note Off - C3 Note #: 60 Velocity: 0\n 2:2: 1 status 247, 2 bytes\n";
+      " 2:2: 1 10 Note Off - C3 Note #: 60 Velocity: 0\n 2:2: 1 status 0xF7, 2 bytes\n";
   expectShown("song.mid", midi().track(track.str() + events().endOfTrack()), 0,
               "a MIDI file, 59 bytes\nin a bank: a sequence, 59 bytes, by MidiFileType0\n\n"
               "header: type 0, 1 track, 96 ticks per quarter note\n"

@@ -42,7 +42,7 @@ void requirePacked(const std::string& script) {
   require(runTavrel(2, arguments) == 0);
   require(test::faultOfDefines(contentOf(wanted.header()), wanted.files.size()).empty());
   kit::Output output;
-  require(kit::runCommandLine({"verify", wanted.bank}, output) == 0);
+  require(kit::runCommandLine({"verify", wanted.bank, "--script", "s.txt"}, output) == 0);
 }
 
 /// Runs the commands whose answer nothing else proves.

@@ -6,8 +6,10 @@
 #include "kit/commands.h"
 #include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
+#include "kit/frame/failure.h"
 #include "kit/frame/json.h"
 #include "kit/frame/output.h"
+#include "kit/frame/script_options.h"
 #include "kit/verify/verify.h"
 
 namespace tavrel::kit {
@@ -53,9 +55,15 @@ std::string failureText(const std::string& code, const std::string& message, boo
 
 /// Returns what the verdicts don't cover.
 std::string limits(const Subject& subject) {
-  const char* header = subject.bank.header ? "" : " the header, which is missing, and";
-  return fmt::format(", {}; not checked:{} the content of blobs that aren't sequences",
-                     countText(subject.count(), "asset"), header);
+  std::vector<const char*> unchecked;
+  if (!subject.bank.header) {
+    unchecked.push_back("the header, which is missing");
+  }
+  if (!subject.script) {
+    unchecked.push_back("the content of blobs that aren't sequences");
+  }
+  return fmt::format(", {}{}{}", countText(subject.count(), "asset"),
+                     unchecked.empty() ? "" : "; not checked: ", fmt::join(unchecked, ", and "));
 }
 
 std::string asText(const Subject& subject, const std::vector<Verdict>& verdicts, bool isColoured) {
@@ -72,9 +80,24 @@ std::string asText(const Subject& subject, const std::vector<Verdict>& verdicts,
   return text;
 }
 
+/// Refuses options that mean nothing without a script.
+void requireScript(const Arguments& arguments) {
+  for (const char* option : {"--prefix", "--bank-dir", "--header-dir"}) {
+    if (arguments.has(option) && !arguments.has("--script")) {
+      throw Failure(fmt::format("{} needs --script", option));
+    }
+  }
+}
+
 int runVerify(const Arguments& arguments, Output& output) {
+  requireScript(arguments);
+  changeDirectory(arguments);
   Subject subject{.bank = withHeader(BankFile(arguments.operands.front()), headerChoice(arguments)),
-                  .sequences = {}};
+                  .sequences = {},
+                  .script = {}};
+  if (const auto script = arguments.value("--script")) {
+    subject.script = std::make_unique<ScriptComparison>(subject.bank, planFor(*script, arguments));
+  }
   subject.sequences = readSequences(subject.bank.file);
   const std::vector<Verdict> verdicts = verify(subject);
   output.results = arguments.has("--json") ? asJson(subject, verdicts)
@@ -98,6 +121,9 @@ std::vector<Verdict> verify(Subject& subject) {
   }
   if (subject.bank.header) {
     std::for_each(headerChecks().begin(), headerChecks().end(), run);
+  }
+  if (subject.script) {
+    std::for_each(scriptChecks().begin(), scriptChecks().end(), run);
   }
   return verdicts;
 }
@@ -124,10 +150,23 @@ Command verifyCommand() {
           "bank of this name), define (it is a C identifier and a number), duplicate (no name is "
           "there twice), missing-define (each asset has a define), extra-define (each define "
           "belongs to an asset that has no other).\n\n"
-          "The samples of waves and the content of opaque assets can't be proven right or wrong: "
-          "any bytes are allowed.",
-      .example = "tavkit verify sfx.tvb",
-      .options = joined(bankOptions(), {{.names = "--json", .help = "Print one JSON document"}}),
+          "Checks against the script, with --script: it is packed again in memory, as tavrel would "
+          "with the options given here, and compared asset by asset: stale (its type, bytes and "
+          "parameters are what the script packs), missing (the bank has each asset of the script), "
+          "extra (the script has each asset of the bank), reordered (the assets that both have are "
+          "in the same order, so one that was inserted or removed moves no other). Assets are "
+          "matched by define, or by id if the bank has no header. With --header-dir the header is "
+          "looked for there instead of next to the bank. Exits with 2 if the script can't be "
+          "packed.\n\n"
+          "Without the script the samples of waves and the content of opaque assets can't be "
+          "proven right or wrong: any bytes are allowed.",
+      .example = "tavkit verify sfx.tvb --script sounds.txt",
+      .options =
+          joined(joined(bankOptions(), {{.names = "--script",
+                                         .value = "SCRIPT",
+                                         .help = "Compare the bank with what SCRIPT packs",
+                                         .completion = Completion::script}}),
+                 joined(scriptOptions(), {{.names = "--json", .help = "Print one JSON document"}})),
       .run = runVerify,
   };
 }

@@ -52,6 +52,13 @@ bool equalBlobs(BankFile& firstBank, const tavrel_asset& first, BankFile& second
          });
 }
 
+bool holds(BankFile& bank, const tavrel_asset& asset, const std::uint8_t* bytes) {
+  return forEachPiece(asset.size, [&](std::uint32_t position, std::uint32_t size) {
+    const ByteBlock piece = bank.read(asset.offset + position, size);
+    return std::equal(piece.get(), piece.get() + size, bytes + position);
+  });
+}
+
 std::uint64_t blobHash(BankFile& bank, const tavrel_asset& asset) {
   static const std::uint64_t kStart =
       std::uint64_t{std::random_device()()} << 32U | std::random_device()();

@@ -12,6 +12,10 @@ namespace tavrel::kit {
 bool equalBlobs(BankFile& firstBank, const tavrel_asset& first, BankFile& secondBank,
                 const tavrel_asset& second);
 
+/// Returns true if the blob has the bytes at `bytes`, which are as many. Throws Failure if the blob
+/// can't be read.
+bool holds(BankFile& bank, const tavrel_asset& asset, const std::uint8_t* bytes);
+
 /// Returns a number that is the same for equal blobs, in this run of the program only: it depends
 /// on a random number so that nobody can prepare many blobs with the same one. Throws Failure if
 /// the blob can't be read.

@@ -41,7 +41,10 @@ NamedBank withHeader(BankFile file, const HeaderChoice& choice) {
     bank.header = parseHeader(readFile(*choice.path));
   } else if (!choice.none) {
     const std::filesystem::path path(hostPath(bank.file.path.c_str()));
-    bank.headerPath = (path.parent_path() / headerName(bank.file.path)).string();
+    const std::filesystem::path directory =
+        choice.directory.empty() ? path.parent_path()
+                                 : std::filesystem::path(hostPath(choice.directory.c_str()));
+    bank.headerPath = (directory / headerName(bank.file.path)).string();
     bank.header = findHeader(bank.headerPath);
   }
   const auto count = static_cast<std::uint32_t>(bank.assets().size());
@@ -61,7 +64,9 @@ const std::vector<CommandOption>& bankOptions() {
 }
 
 HeaderChoice headerChoice(const Arguments& arguments) {
-  return {.path = arguments.value("--header"), .none = arguments.has("--no-header")};
+  return {.path = arguments.value("--header"),
+          .none = arguments.has("--no-header"),
+          .directory = arguments.value("--header-dir").value_or("")};
 }
 
 NamedBank openNamedBank(const Arguments& arguments) {

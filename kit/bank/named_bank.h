@@ -28,6 +28,7 @@ std::string headerName(const std::string& bankPath);
 struct HeaderChoice {
   std::optional<std::string> path{};  ///< a header that was named; it must be readable
   bool none = false;                  ///< no header
+  std::string directory{};            ///< where it is looked for instead of next to the bank
 };
 
 /// Reads the header of a bank that is open. Without a choice it is the file next to the bank under

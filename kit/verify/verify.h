@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,6 +12,7 @@
 
 #include "kit/bank/named_bank.h"
 #include "kit/verify/finding.h"
+#include "kit/verify/script_comparison.h"
 
 namespace tavrel::kit {
 
@@ -25,6 +27,7 @@ struct SequenceFacts {
 struct Subject {
   NamedBank bank;
   std::map<std::uint32_t, SequenceFacts> sequences;  ///< by id
+  std::unique_ptr<ScriptComparison> script;          ///< null if no script is given
 
   [[nodiscard]] const BankFile& file() const { return bank.file; }
   [[nodiscard]] std::uint32_t count() const {
@@ -41,11 +44,12 @@ struct Check {
 /// Whether the bank opens. The other checks judge only a bank that does.
 const Check& openCheck();
 
-// The groups of checks. Those of the header need one.
+// The groups of checks. Those of the header and of the script need one.
 std::span<const Check> bankChecks();
 std::span<const Check> recordChecks();
 std::span<const Check> blobChecks();
 std::span<const Check> headerChecks();
+std::span<const Check> scriptChecks();
 
 /// Reads the sequences of a bank, one at a time. Throws Failure if the file can't be read.
 std::map<std::uint32_t, SequenceFacts> readSequences(BankFile& bank);

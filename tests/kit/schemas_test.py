@@ -72,6 +72,8 @@ class SchemasTest(unittest.TestCase):
         self.assertEqual(len(self.validate("list", bank)["assets"]), 6)
         self.assertIsNone(self.validate("list", "--no-header", bank)["assets"][0]["define"])
         self.assertTrue(self.validate("verify", bank)["ok"])
+        new = self.validate("verify", "-C", other.parent, bank, "--script", other.with_name("sfx.txt"))
+        self.assertEqual([one["code"] for one in new["findings"]], ["missing"])
         self.assertTrue(self.validate("diff", bank, bank)["same"])
         self.assertEqual(len(self.validate("diff", bank, other)["assets"]), 2)
         self.assertIsNone(self.validate("diff", "--no-header", bank, bank)["rebuild"])

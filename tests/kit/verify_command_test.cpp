@@ -7,6 +7,8 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
+#include "compiler/run_driver.h"
+#include "kit/frame/captured_console.h"
 #include "kit/frame/command_line.h"
 #include "tests/support/bytes.h"
 #include "tests/support/midi_builder.h"
@@ -83,10 +85,7 @@ struct SmallBank {
 /// A code and the id of its asset; -1 for null.
 using Found = std::pair<std::string, std::int64_t>;
 
-std::vector<Found> verified(const SmallBank& bank) {
-  const TemporaryDirectory folder;
-  folder.write(bank.name + ".h", bank.header);
-  const Answer answer = runVerify(folder.write(bank.name + ".tvb", bank.bytes()), {"--json"});
+std::vector<Found> foundIn(const Answer& answer) {
   const auto document = nlohmann::json::parse(answer.output.results);
   EXPECT_EQ(document["format"], 1);
   EXPECT_EQ(document["ok"], document["findings"].empty());
@@ -97,6 +96,12 @@ std::vector<Found> verified(const SmallBank& bank) {
     found.emplace_back(finding["code"], finding["id"].is_null() ? -1 : int64_t{finding["id"]});
   }
   return found;
+}
+
+std::vector<Found> verified(const SmallBank& bank) {
+  const TemporaryDirectory folder;
+  folder.write(bank.name + ".h", bank.header);
+  return foundIn(runVerify(folder.write(bank.name + ".tvb", bank.bytes()), {"--json"}));
 }
 
 struct Damage {
@@ -277,6 +282,77 @@ TEST(VerifyCommand, PrintsALineForEachCheckAndEachFinding) {
   output.isColoured = true;
   runCommandLine({"verify", path}, output);
   EXPECT_EQ(count(output.results, "\x1B\\[1;31mFAIL\x1B\\[0m  "), 4) << output.results;
+}
+
+TEST(VerifyCommand, ComparesTheBankWithItsScript) {
+  const TemporaryDirectory folder;
+  const auto before = std::filesystem::current_path();
+  const auto script = [&folder](const std::string& files, const std::string& lastOption = "") {
+    std::string text = "BankFileName sfx.tvb\n";
+    for (const char file : files) {
+      text += std::string("UserAsset ") + file + ".dat AssetEnd\n";
+    }
+    text.insert(text.rfind("AssetEnd"), lastOption);
+    return folder.write("sfx.txt", text);
+  };
+  for (const char* file : {"a", "b", "c", "d", "e"}) {
+    folder.write(file + std::string(".dat"), std::string(5, *file));
+  }
+  std::filesystem::create_directory(folder.path("include"));
+  script("abcd");
+  std::filesystem::current_path(folder.path());
+  const CapturedConsole console;
+  const char* const run[] = {"tavrel", "sfx.txt", "headerPath", "include/", nullptr};
+  ASSERT_EQ(runTavrel(4, run), 0);
+  std::filesystem::current_path(before);
+  const struct {
+    const char *name, *files, *lastOption;
+    std::vector<Found> found, foundWithoutHeader;
+    std::string prefix = "sfx", contentOfA = "aaaaa";
+  } rows[] = {
+      {"the same", "abcd", "", {}, {}},
+      {"first inserted",
+       "eabcd",
+       "",
+       {{"missing", -1}},
+       {{"stale", 0}, {"stale", 1}, {"stale", 2}, {"stale", 3}, {"missing", -1}}},
+      {"first removed",
+       "bcd",
+       "",
+       {{"extra", 0}},
+       {{"stale", 0}, {"stale", 1}, {"stale", 2}, {"extra", 3}}},
+      {"two exchanged and one inserted",
+       "acebd",
+       "",
+       {{"missing", -1}, {"reordered", 1}, {"reordered", 2}},
+       {{"stale", 1}, {"stale", 2}, {"stale", 3}, {"missing", -1}}},
+      {"a parameter", "abcd", "Parameter7 1 ", {{"stale", 3}}, {{"stale", 3}}},
+      {"a type", "abc", "AssetEnd MidiToneBank d.dat ", {{"stale", 3}}, {{"stale", 3}}},
+      {"other bytes", "abcd", "", {{"stale", 0}}, {{"stale", 0}}, "sfx", "aaaab"},
+      {"a longer file", "abcd", "", {{"stale", 0}}, {{"stale", 0}}, "sfx", "aaaaaa"},
+      {"another prefix",
+       "a",
+       "",
+       {{"missing", -1}, {"extra", 0}, {"extra", 1}, {"extra", 2}, {"extra", 3}},
+       {{"extra", 1}, {"extra", 2}, {"extra", 3}},
+       "my"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    script(row.files, row.lastOption);
+    folder.write("a.dat", row.contentOfA);
+    std::vector<std::string> options{"-C",       folder.path(), "--script",     "sfx.txt", "--json",
+                                     "--prefix", row.prefix,    "--header-dir", "include"};
+    EXPECT_EQ(foundIn(runVerify("sfx.tvb", options)), row.found);
+    std::filesystem::current_path(before);
+    options.emplace_back("--no-header");
+    EXPECT_EQ(foundIn(runVerify("sfx.tvb", options)), row.foundWithoutHeader);
+    std::filesystem::current_path(before);
+  }
+  script("x");
+  const std::vector<std::string> options{"--script", folder.path("sfx.txt")};
+  EXPECT_EQ(runVerify(folder.path("sfx.tvb"), options).code, 2);
+  EXPECT_EQ(runVerify(folder.path("sfx.tvb"), {"--prefix", "p"}).code, 2);
 }
 
 TEST(VerifyCommand, FailsOnlyIfThereIsNoAnswer) {

@@ -76,8 +76,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input));
   fuzz::WorkDirectory::write("m.mid", input);
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
-  if (kit::checkScript({.scriptPath = "s.txt"}, {}).count(kit::Severity::error) == 0) {
+  kit::Output output;
+  const int quality = kit::runCommandLine({"quality", "s.txt"}, output);
+  const kit::CheckedScript checked =
+      kit::checkScript({.scriptPath = "s.txt"}, {.lowestQuality = 40});
+  if (checked.count(kit::Severity::error) == 0) {
     fuzz::requirePacked(script);
+    fuzz::require(quality == kit::exitYes);
   }
   fuzz::runOtherCommands();
   return 0;

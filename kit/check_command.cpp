@@ -12,6 +12,7 @@
 #include "kit/frame/nearest.h"
 #include "kit/frame/output.h"
 #include "kit/frame/text_table.h"
+#include "kit/quality/quality_limit.h"
 
 namespace tavrel::kit {
 
@@ -58,6 +59,7 @@ CheckOptions checkOptions(const Arguments& arguments) {
   if (const auto limit = arguments.value("--max-bytes")) {
     options.mostBytes = byteCount(*limit);
   }
+  options.lowestQuality = qualityLimit(arguments);
   return options;
 }
 
@@ -130,6 +132,7 @@ Command checkCommand() {
            {.names = "--json", .help = "Print one JSON document: --format json"},
            {.names = "--werror", .help = "Exit with 1 for warnings too"},
            {.names = "--allow", .value = "CODE", .help = "Don't report warnings with this code"},
+           belowOption("Warn of compressed sounds with a ratio below DB decibels"),
            {.names = "--max-bytes",
             .value = "N",
             .help = "Report a bank longer than N bytes, 64K or 8M, as an error"},

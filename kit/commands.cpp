@@ -4,8 +4,8 @@ namespace tavrel::kit {
 
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
-      listCommand(), verifyCommand(), extractCommand(), diffCommand(),
-      showCommand(), checkCommand(),  explainCommand(), depsCommand(),
+      listCommand(),    verifyCommand(), extractCommand(), diffCommand(), showCommand(),
+      qualityCommand(), checkCommand(),  explainCommand(), depsCommand(),
   };
   return kCommands;
 }

@@ -15,6 +15,7 @@ Command diffCommand();
 Command extractCommand();
 Command listCommand();
 Command showCommand();
+Command qualityCommand();
 Command verifyCommand();
 Command checkCommand();
 Command explainCommand();

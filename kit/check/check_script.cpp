@@ -9,6 +9,7 @@
 #include "kit/check/bank_check.h"
 #include "kit/check/folder_names.h"
 #include "kit/check/loaded_script.h"
+#include "kit/check/quality_check.h"
 #include "kit/check/script_model.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/source_file.h"
@@ -30,6 +31,9 @@ Findings findProblems(const SourceText& text, const RunPlan& plan, const CheckOp
       continue;
     }
     assets.push_back(checkAsset(block, folders, findings));
+    if (options.lowestQuality) {
+      checkQuality(assets.back(), *options.lowestQuality, findings);
+    }
     // After a file that is missing, it was taken for the rest of the name.
     if (block.strayWord && !assets.back().isMissing) {
       findings.add("unknown-word", block.strayWord->offset,

@@ -16,6 +16,7 @@ namespace tavrel::kit {
 struct CheckOptions {
   std::vector<std::string> allowed{};        ///< codes of warnings that aren't reported
   std::optional<std::uint64_t> mostBytes{};  ///< of the bank's file
+  std::optional<double> lowestQuality{};     ///< of compressed sounds, in decibels
 };
 
 /// What was found in one script, without what is allowed.

@@ -7,7 +7,7 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr std::array<Code, 26> kWarnings{{
+constexpr std::array<Code, 27> kWarnings{{
     {"number-text", Severity::warning, "A number has other characters in it",
      "The tool reads a number up to the first character that is no digit, and takes 0 where there "
      "is "
@@ -104,6 +104,13 @@ constexpr std::array<Code, 26> kWarnings{{
     {"sequence-late-tempo", Severity::warning, "The first tempo comes after the start",
      "The bank's record holds the first tempo, but the sequence begins at 120 beats per minute.",
      "Put a tempo at the start of the sequence.", "MidiFileType0 tempo_in_bar_2.mid AssetEnd\n"},
+    {"low-quality", Severity::warning, "Compression changes a sound much",
+     "With --below, each compressed sound is compared with its file. The ratio of the sound's "
+     "power to that of the error is below the limit. Noise, rain and shots are never good by this "
+     "measure, so nothing is judged without --below.",
+     "Listen to the sound as tavkit extract writes it. If it is bad, remove Adpcm 1, make the "
+     "sound louder, or filter its highest frequencies. If it is fine, allow the code.",
+     "WaveFile rain.wav SampleRate 22050 Adpcm 1 AssetEnd\n"},
     {"unknown-code", Severity::warning, "A comment allows a code that can't be allowed",
      "After 'tavkit: allow' there are codes of warnings. An error can't be allowed.",
      "Correct the code; tavkit check --list-codes lists them.", "; tavkit: allow adpcm-lop\n"},

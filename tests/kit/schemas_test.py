@@ -92,6 +92,11 @@ class SchemasTest(unittest.TestCase):
             self.validate("verify", damaged)
             self.validate("diff", bank, damaged)
 
+    def test_quality(self):
+        script = self.pack("old", SCRIPT).with_name("sfx.txt")
+        wave, = self.validate("quality", script, "-C", script.parent)["waves"]
+        self.assertEqual(wave["file"], "a.wav")
+
     def test_check(self):
         script = self.pack("old", SCRIPT).with_name("sfx.txt")
         script.write_text(SCRIPT.replace("Loop 1", "Loop 10").replace("c.mid", "[n:1:2: \u00e9].mid"))

@@ -53,6 +53,7 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
   const std::vector<std::string> commands[] = {{"list", "demo.tvb"},
                                                {"verify", "demo.tvb"},
                                                {"verify", "demo.tvb", "--script", "demo.txt"},
+                                               {"quality", "demo.txt"},
                                                {"extract", "demo.tvb", "-o", "out"},
                                                {"diff", "demo.tvb", "demo.tvb"},
                                                {"show", "boom.wav"},

@@ -164,14 +164,11 @@ TEST_F(DiskFileTest, UsesABufferInsteadOfTheFile) {
   EXPECT_THAT((std::array{output_.open(), output_.write("1234", 4), output_.seek(1),
                           output_.write("ab", 2), output_.close()}),
               Each(true));
-  EXPECT_EQ(content.str(), "1ab4");
   EXPECT_EQ(directory_.read("some.bin"), "abc") << "untouched";
   input_.useBuffer(content);
-  EXPECT_THAT((std::array{input_.open(), input_.seek(2), input_.read(bytes_.data(), 2),
-                          input_.getSize(size_), input_.close()}),
+  EXPECT_THAT((std::array{input_.open(), input_.read(bytes_.data(), 4), input_.close()}),
               Each(true));
-  EXPECT_STREQ(bytes_.data(), "b4");
-  EXPECT_EQ(size_, 4U);
+  EXPECT_STREQ(bytes_.data(), "1ab4");
   struct FullBuffer : std::streambuf {
     int sync() override { return -1; }
   } full;

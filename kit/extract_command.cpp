@@ -7,9 +7,11 @@
 #include "kit/bank/asset_facts.h"
 #include "kit/commands.h"
 #include "kit/extract/extraction_plan.h"
+#include "kit/extract/script_plan.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
+#include "kit/frame/output_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -48,6 +50,10 @@ bool makeFolder(const std::string& folder) {
   return true;
 }
 
+Existing existingOf(const ExtractionRequest& request) {
+  return request.replaces ? Existing::replace : Existing::refuse;
+}
+
 void writeFiles(NamedBank& bank, const std::vector<ExtractedFile>& files,
                 const ExtractionRequest& request) {
   std::uint64_t bytes = 0;
@@ -56,12 +62,15 @@ void writeFiles(NamedBank& bank, const std::vector<ExtractedFile>& files,
   }
   Progress progress(bytes);
   for (const ExtractedFile& file : files) {
-    OutputFile output(file.path, request.replaces ? Existing::replace : Existing::refuse);
+    OutputFile output(file.path, existingOf(request));
     const AssetSource source{bank.file, bank.assets()[file.id], progress};
+    const ByteSink write = [&output](const std::uint8_t* piece, std::uint64_t count) {
+      output.write(piece, count);
+    };
     if (file.wave) {
-      writeWave(source, *file.wave, output);
+      writeWave(source, *file.wave, write);
     } else {
-      writeBlob(source, output);
+      writeBlob(source, write);
     }
     output.finish();
   }
@@ -99,14 +108,35 @@ std::string notes(const NamedBank& bank, const std::vector<ExtractedFile>& files
   return lines;
 }
 
+void extractWithScript(NamedBank& bank, const std::vector<std::uint32_t>& ids,
+                       const ExtractionRequest& request, const std::string& path, Output& output) {
+  if (request.isRaw) {
+    throw Failure("--script doesn't go with --raw: no script packs raw waves");
+  }
+  const ScriptPlan plan = planScript(bank, ids, request, path);
+  writeIntoFolder(bank, plan.files, request);
+  OutputFile script(path, existingOf(request));
+  script.write(plan.script.data(), plan.script.size());
+  script.finish();
+  output.messages += notes(bank, plan.files, request);
+  for (const std::string& note : plan.notes) {
+    output.messages += fmt::format("tavkit: {}\n", note);
+  }
+}
+
 int runExtract(const Arguments& arguments, Output& output) {
   const ExtractionRequest request = requestOf(arguments);
   NamedBank bank = openNamedBank(arguments);
   const std::vector<std::uint32_t> ids =
       chosenAssets(bank, {arguments.operands.begin() + 1, arguments.operands.end()});
-  const std::vector<ExtractedFile> files = plannedFiles(bank, ids, request);
-  writeIntoFolder(bank, files, request);
-  output.messages += notes(bank, files, request);
+  const auto script = arguments.value("--script");
+  if (script) {
+    extractWithScript(bank, ids, request, hostPath(script->c_str()), output);
+  } else {
+    const std::vector<ExtractedFile> files = plannedFiles(bank, ids, request);
+    writeIntoFolder(bank, files, request);
+    output.messages += notes(bank, files, request);
+  }
   return exitYes;
 }
 
@@ -149,6 +179,10 @@ Command extractCommand() {
                          {.names = "--channels",
                           .value = "N",
                           .help = "Treat waves as N interleaved channels, 1 by default"},
+                         {.names = "--script",
+                          .value = "OUT.txt",
+                          .help = "Write a build script too, which packs the files into the bank",
+                          .completion = Completion::file},
                          {.names = "--force",
                           .help = "Replace existing files; links themselves, not their targets"}},
                         bankOptions()),

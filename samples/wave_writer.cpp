@@ -16,7 +16,7 @@ void storeChunkHeader(std::uint8_t* bytes, const char* id, std::uint32_t content
 }
 
 void storeFormat(std::uint8_t* bytes, const WaveFileFormat& format) {
-  const std::uint32_t frameBytes = format.channels * (format.bitsPerSample / 8U);
+  const std::uint32_t frameBytes = format.channels * ((format.bitsPerSample + 7U) / 8U);
   storeChunkHeader(bytes, "fmt ", kWaveFormatBytes - kChunkHeaderBytes);
   storeLittle16(bytes + 8, kPcm);
   storeLittle16(bytes + 10, format.channels);

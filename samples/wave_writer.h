@@ -77,8 +77,8 @@ struct WaveLoop {
 struct WaveFileFormat {
   std::uint16_t channels = 1;
   std::uint32_t framesPerSecond = 0;
-  std::uint16_t bitsPerSample = 16;  ///< 8, 16, 24 or 32
-  std::optional<WaveLoop> loop;
+  std::uint16_t bitsPerSample = 16;  ///< a sample takes whole bytes
+  std::optional<WaveLoop> loop{};
 };
 
 /// Returns the value of the file's size field, in 64 bits: the size of the file without its first

@@ -6,8 +6,8 @@
 
 #include "kit/bank/asset_choice.h"
 #include "kit/extract/extracted_names.h"
+#include "kit/extract/targets.h"
 #include "kit/frame/failure.h"
-#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
@@ -48,37 +48,11 @@ ExtractedFile fileOf(const tavrel_asset& asset, std::uint32_t id, const std::str
       .id = id, .name = name, .path = (fs::path(request.folder) / name).string(), .wave = {}};
   if (becomesWav(asset, request)) {
     file.wave = describeExport(asset, request.channels);
-    if (!fitsWaveFile(file.wave->format, file.wave->sampleBytes)) {
+    if (!fitsItsFormat(*file.wave)) {
       throw Failure(fmt::format("{} is too long for a WAV file; use --raw", name));
     }
   }
   return file;
-}
-
-/// Returns true if a file has that name, which is one that the bank or its header was opened by.
-bool isSameFile(const std::string& path, const std::string& name) {
-  std::error_code isMissing;
-  return !name.empty() && fs::equivalent(path, hostPath(name.c_str()), isMissing);
-}
-
-/// Throws Failure if the file can't be written over what is there.
-void checkTarget(const ExtractedFile& file, const NamedBank& bank,
-                 const ExtractionRequest& request) {
-  std::error_code ignored;
-  const fs::file_status status = fs::symlink_status(file.path, ignored);
-  if (!fs::exists(status)) {
-    return;
-  }
-  if (!request.replaces) {
-    throw Failure(fmt::format("{} exists already; --force replaces it", file.path));
-  }
-  if (!fs::is_regular_file(status) && !fs::is_symlink(status)) {
-    throw Failure(fmt::format("can't replace {}: it isn't a file", file.path));
-  }
-  if (fs::is_regular_file(status) &&
-      (isSameFile(file.path, bank.file.path) || isSameFile(file.path, bank.headerPath))) {
-    throw Failure(fmt::format("can't replace {}: it is the bank or its header", file.path));
-  }
 }
 
 }  // namespace
@@ -93,7 +67,7 @@ std::vector<ExtractedFile> plannedFiles(const NamedBank& bank,
     files.push_back(fileOf(bank.assets()[id], id, names[id], request));
   }
   for (const ExtractedFile& file : files) {
-    checkTarget(file, bank, request);
+    checkTarget(file.path, bank, request.replaces);
   }
   return files;
 }

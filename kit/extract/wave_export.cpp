@@ -13,12 +13,11 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr std::int32_t kAdpcmBits = 4;
-constexpr std::int32_t kDecodedBits = 16;
 constexpr std::uint32_t kUsualRate = 22050;
 constexpr std::uint32_t kPieceBytes = 1U << 16U;
 
-/// Calls `use` with pieces of the first `size` bytes of an asset.
+/// Calls `use` with pieces of the first `size` bytes of an asset. All but the last have an even
+/// number of bytes.
 template <typename Use>
 void forEachPiece(const AssetSource& source, std::uint32_t size, Use use) {
   for (std::uint32_t position = 0; position < size;) {
@@ -30,54 +29,78 @@ void forEachPiece(const AssetSource& source, std::uint32_t size, Use use) {
   }
 }
 
-void writePlain(const AssetSource& source, std::uint32_t size, OutputFile& file) {
-  forEachPiece(source, size, [&file](const std::uint8_t* bytes, std::uint32_t length) {
-    file.write(bytes, length);
-  });
-}
+/// Decodes a stream of ADPCM piece by piece.
+class Decoder {
+ public:
+  Decoder() : samples_(std::size_t{2} * kPieceBytes), bytes_(2 * samples_.size()) {
+    tavrel_adpcm_start(&state_);
+  }
 
-void writeUnsigned(const AssetSource& source, std::uint32_t size, OutputFile& file) {
-  forEachPiece(source, size, [&file](std::uint8_t* samples, std::uint32_t length) {
-    std::transform(samples, samples + length, samples, SoundConvert::flipSign);
-    file.write(samples, length);
-  });
-}
-
-void writeDecoded(const AssetSource& source, OutputFile& file) {
-  std::vector<std::int16_t> samples(std::size_t{2} * kPieceBytes);
-  std::vector<std::uint8_t> bytes(2 * samples.size());
-  tavrel_adpcm state{};
-  tavrel_adpcm_start(&state);
-  forEachPiece(source, source.asset.size, [&](const std::uint8_t* codes, std::uint32_t length) {
-    tavrel_adpcm_decode(&state, codes, length, samples.data());
+  /// Returns four bytes of samples, little-endian, for each of `length` bytes of codes. Valid until
+  /// the next call.
+  std::uint8_t* decode(const std::uint8_t* codes, std::uint32_t length) {
+    tavrel_adpcm_decode(&state_, codes, length, samples_.data());
     for (std::size_t i = 0; i < std::size_t{2} * length; ++i) {
-      storeLittle16(bytes.data() + 2 * i, static_cast<std::uint16_t>(samples[i]));
+      storeLittle16(bytes_.data() + 2 * i, static_cast<std::uint16_t>(samples_[i]));
     }
-    file.write(bytes.data(), std::uint64_t{4} * length);
-  });
+    return bytes_.data();
+  }
+
+ private:
+  tavrel_adpcm state_{};
+  std::vector<std::int16_t> samples_;
+  std::vector<std::uint8_t> bytes_;
+};
+
+std::uint16_t bitsOf(const WaveExport& description) {
+  return std::visit([](const auto& format) { return format.bitsPerSample; }, description.format);
 }
 
-void describeRate(const WaveFacts& wave, WaveExport& description) {
-  description.format.framesPerSecond = static_cast<std::uint32_t>(wave.sampleRate);
-  if (wave.sampleRate <= 0) {
-    description.format.framesPerSecond = kUsualRate;
-    description.changes.push_back(
-        fmt::format("a sample rate of {} becomes {} Hz", wave.sampleRate, kUsualRate));
+/// Converts samples from the bank's form to that of the file.
+void convert(std::uint8_t* samples, std::uint32_t length, const WaveExport& description) {
+  const bool isAiff = std::holds_alternative<AiffFileFormat>(description.format);
+  const std::uint16_t bits = bitsOf(description);
+  if (isAiff && bits == 16) {
+    SoundConvert::swapBytes(samples, samples, length);
+  } else if (!isAiff && bits == 8) {
+    std::transform(samples, samples + length, samples, SoundConvert::flipSign);
   }
 }
 
+void writeAll(const std::vector<std::uint8_t>& bytes, const ByteSink& file) {
+  file(bytes.data(), bytes.size());
+}
+
+void writeDecoded(const AssetSource& source, const WaveExport& description, const ByteSink& file) {
+  Decoder decoder;
+  forEachPiece(source, source.asset.size, [&](const std::uint8_t* codes, std::uint32_t length) {
+    std::uint8_t* samples = decoder.decode(codes, length);
+    convert(samples, 4 * length, description);
+    file(samples, std::uint64_t{4} * length);
+  });
+  writeAll(
+      std::vector<std::uint8_t>(description.sampleBytes - std::uint64_t{4} * source.asset.size),
+      file);
+}
+
+void writeSamples(const AssetSource& source, const WaveExport& description, const ByteSink& file) {
+  const auto size = static_cast<std::uint32_t>(description.sampleBytes);
+  forEachPiece(source, size, [&](std::uint8_t* samples, std::uint32_t length) {
+    convert(samples, length, description);
+    file(samples, length);
+  });
+}
+
 /// The bank counts the samples of all channels, the file counts frames.
-void describeLoop(const WaveFacts& wave, WaveExport& description) {
-  const WaveFileFormat& format = description.format;
-  const std::uint64_t samples = description.sampleBytes / (format.bitsPerSample / 8U);
+void describeLoop(const WaveFacts& wave, std::uint64_t samples, WaveFileFormat& format,
+                  std::vector<std::string>& changes) {
   const std::uint32_t start = wave.loopStart / format.channels;
   const std::uint32_t end = wave.loopEnd / format.channels;
   if (wave.loopEnd <= samples && start < end) {
-    description.format.loop = WaveLoop{.start = start, .last = end - 1};
+    format.loop = WaveLoop{.start = start, .last = end - 1};
   } else {
-    description.changes.push_back(
-        fmt::format("the loop from {} to {} isn't inside the sound and is left out", wave.loopStart,
-                    wave.loopEnd));
+    changes.push_back(fmt::format("the loop from {} to {} isn't inside the sound and is left out",
+                                  wave.loopStart, wave.loopEnd));
   }
 }
 
@@ -88,39 +111,67 @@ bool hasWaveFile(const tavrel_asset& wave) {
   return std::find(kWidths.begin(), kWidths.end(), waveFacts(wave).bits) != kWidths.end();
 }
 
+std::uint32_t exportedRate(const tavrel_asset& wave, std::vector<std::string>& changes) {
+  const std::int32_t rate = waveFacts(wave).sampleRate;
+  if (rate <= 0) {
+    changes.push_back(fmt::format("a sample rate of {} becomes {} Hz", rate, kUsualRate));
+    return kUsualRate;
+  }
+  return static_cast<std::uint32_t>(rate);
+}
+
 WaveExport describeExport(const tavrel_asset& wave, std::uint16_t channels) {
   const WaveFacts facts = waveFacts(wave);
-  const bool isCompressed = facts.bits == kAdpcmBits;
-  const auto bits = static_cast<std::uint16_t>(isCompressed ? kDecodedBits : facts.bits);
-  WaveExport description;
-  description.format.channels = channels;
-  description.format.bitsPerSample = bits;
+  WaveExport description{.isDecoded = facts.bits == kAdpcmBits};
+  WaveFileFormat format{.channels = channels,
+                        .bitsPerSample = description.isDecoded
+                                             ? kDecodedBits
+                                             : static_cast<std::uint16_t>(facts.bits)};
+  const std::uint32_t sampleSize = format.bitsPerSample / 8U;
   description.sampleBytes =
-      isCompressed ? std::uint64_t{4} * wave.size : wave.size - wave.size % (bits / 8U);
-  describeRate(facts, description);
+      description.isDecoded ? std::uint64_t{4} * wave.size : wave.size - wave.size % sampleSize;
+  format.framesPerSecond = exportedRate(wave, description.changes);
   if (facts.loops) {
-    describeLoop(facts, description);
+    describeLoop(facts, description.sampleBytes / sampleSize, format, description.changes);
   }
+  description.format = format;
   return description;
 }
 
-void writeBlob(const AssetSource& source, OutputFile& file) {
-  writePlain(source, source.asset.size, file);
+std::uint64_t fileSize(const WaveExport& description) {
+  const std::uint64_t samples = description.sampleBytes;
+  const auto* wav = std::get_if<WaveFileFormat>(&description.format);
+  return wav != nullptr
+             ? kChunkHeaderBytes + waveFormSize(*wav, samples)
+             : aiffHeaderSize(std::get<AiffFileFormat>(description.format)) + samples + samples % 2;
 }
 
-void writeWave(const AssetSource& source, const WaveExport& description, OutputFile& file) {
+bool fitsItsFormat(const WaveExport& description) {
+  const auto* wav = std::get_if<WaveFileFormat>(&description.format);
+  return wav != nullptr
+             ? fitsWaveFile(*wav, description.sampleBytes)
+             : fitsAiffFile(std::get<AiffFileFormat>(description.format), description.sampleBytes);
+}
+
+void writeBlob(const AssetSource& source, const ByteSink& file) {
+  forEachPiece(source, source.asset.size, file);
+}
+
+void writeWave(const AssetSource& source, const WaveExport& description, const ByteSink& file) {
   const auto size = static_cast<std::uint32_t>(description.sampleBytes);
-  const auto header = waveFileHeader(description.format, size);
-  file.write(header.data(), header.size());
-  if (waveFacts(source.asset).bits == kAdpcmBits) {
-    writeDecoded(source, file);
-  } else if (description.format.bitsPerSample == 8) {
-    writeUnsigned(source, size, file);
+  const auto* wav = std::get_if<WaveFileFormat>(&description.format);
+  if (wav != nullptr) {
+    const auto header = waveFileHeader(*wav, size);
+    file(header.data(), header.size());
   } else {
-    writePlain(source, size, file);
+    writeAll(aiffFileHeader(std::get<AiffFileFormat>(description.format), size), file);
   }
-  const std::vector<std::uint8_t> tail = waveFileTail(description.format, size);
-  file.write(tail.data(), tail.size());
+  if (description.isDecoded) {
+    writeDecoded(source, description, file);
+  } else {
+    writeSamples(source, description, file);
+  }
+  writeAll(wav != nullptr ? waveFileTail(*wav, size) : aiffFileTail(size), file);
 }
 
 }  // namespace tavrel::kit

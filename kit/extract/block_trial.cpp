@@ -1,0 +1,66 @@
+#include "kit/extract/block_trial.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "compiler/bank_script.h"
+#include "kit/frame/captured_console.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+/// Makes all files be read from a cache while it exists.
+class CacheScope {
+ public:
+  explicit CacheScope(FileCache& cache) : previous_(setFileCache(&cache)) {}
+  ~CacheScope() { setFileCache(previous_); }
+  CacheScope(const CacheScope&) = delete;
+  CacheScope(CacheScope&&) = delete;
+  CacheScope& operator=(const CacheScope&) = delete;
+  CacheScope& operator=(CacheScope&&) = delete;
+
+ private:
+  FileCache* previous_;
+};
+
+void parse(BankScript& script, const std::string& text) {
+  const CapturedConsole silence;
+  auto block = std::make_unique<std::uint8_t[]>(text.size());
+  std::copy(text.begin(), text.end(), block.get());
+  script.useMemory(block.release(), text.size());
+  script.parseStatements();
+  script.freeData();
+}
+
+bool isSameRecord(const AssetEntry& entry, const tavrel_asset& asset) {
+  return entry.type == asset.type && entry.size == asset.size &&
+         std::equal(entry.parameter.begin(), entry.parameter.end(), asset.parameters);
+}
+
+bool hasBytes(const AssetData& data, BankFile& bank, const tavrel_asset& asset) {
+  const ByteBlock bytes = bank.blob(asset);
+  return std::equal(bytes.get(), bytes.get() + asset.size, data.payload.get());
+}
+
+}  // namespace
+
+Likeness tryBlock(const std::string& block, const std::string& openedName, FileCache::Entry content,
+                  BankFile& bank, const tavrel_asset& asset) {
+  FileCache cache;
+  cache.add(openedName, std::move(content));
+  const CacheScope scope(cache);
+  BankScript script("");
+  parse(script, block);
+  if (script.entries.empty()) {
+    throw std::bad_alloc();  // there is nothing else at which the tool can fail
+  }
+  if (!isSameRecord(*script.entries.front(), asset)) {
+    return Likeness::otherRecord;
+  }
+  return hasBytes(*script.assets.front(), bank, asset) ? Likeness::same : Likeness::otherBytes;
+}
+
+}  // namespace tavrel::kit

@@ -1,0 +1,18 @@
+// Whether the files of an extraction can be written over what is there.
+#pragma once
+
+#include <string>
+
+#include "kit/bank/named_bank.h"
+
+namespace tavrel::kit {
+
+/// Returns true if `path` leads to the file called `name`, under which a bank or a header was
+/// opened. Empty names are no file.
+bool isSameFile(const std::string& path, const std::string& name);
+
+/// Throws Failure if no file can be written to `path`: there is one already and `replaces` is
+/// false, or it is a folder, the bank or its header.
+void checkTarget(const std::string& path, const NamedBank& bank, bool replaces);
+
+}  // namespace tavrel::kit

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "compiler/names.h"
 #include "compiler/wave_rules.h"
@@ -105,18 +106,23 @@ std::string ScriptNames::text(std::uint32_t attempt) const {
 }
 
 ScriptName ScriptNames::name(std::uint32_t attempt) const {
-  const std::string name = text(attempt);
-  const bool isFromDefine = attempt < 2;
-  if (isFromDefine && (stem_.empty() || !isUsable(name) || !isReadAsWritten(name))) {
+  std::string file = text(attempt);
+  if (attempt < 2 && (!isGood(text(0)) || !isGood(file))) {
     return {};
   }
-  return {.inScript = name, .onDisk = isWav_ ? openedName(name) : name};
+  std::string opened = isWav_ ? openedName(file) : file;
+  return {.inScript = std::move(file), .onDisk = std::move(opened)};
+}
+
+bool ScriptNames::isGood(const std::string& file) const {
+  return !stem_.empty() && isUsable(file) && isReadAsWritten(file);
 }
 
 /// Returns true unless the name makes the tool read a wave as one of another format.
 bool ScriptNames::isReadAsWritten(const std::string& name) const {
   FileName file(name.c_str());
-  return (!isWav_ && !isAiff_) || isAiffExtension(textOf(file.getExtensionOnly()).c_str()) == isAiff_;
+  return (!isWav_ && !isAiff_) ||
+         isAiffExtension(textOf(file.getExtensionOnly()).c_str()) == isAiff_;
 }
 
 bool isScriptWord(std::string_view word) {

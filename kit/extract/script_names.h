@@ -29,6 +29,7 @@ class ScriptNames {
 
  private:
   [[nodiscard]] std::string text(std::uint32_t attempt) const;
+  [[nodiscard]] bool isGood(const std::string& file) const;
   [[nodiscard]] bool isReadAsWritten(const std::string& name) const;
 
   std::string stem_;

@@ -103,8 +103,11 @@ ScriptPlace scriptPlace(const NamedBank& bank, const ExtractionRequest& request,
   const fs::path folder = wholePath(folderOf(path));
   const fs::path files = wholePath(request.folder.empty() ? "." : request.folder);
   place.folder = folderInScript(folder, files);
+  if (wholePath(path) == files) {
+    throw Failure(fmt::format("can't write {}: it is the folder of the files", path));
+  }
   std::error_code ignored;
-  if (wholePath(path) == files || (folder != files && !fs::is_directory(folder, ignored))) {
+  if (folder != files && !fs::is_directory(folder, ignored)) {
     throw Failure(fmt::format("can't write {}: there is no such folder", path));
   }
   if (isSameFile((folder / place.bankName).string(), bank.file.path)) {

@@ -61,8 +61,8 @@ std::vector<ScriptAsset> planAssets(const ScriptContext& context,
     if (asset) {
       assets.push_back(std::move(*asset));
     } else {
-      notes.push_back(
-          fmt::format("{} is left out: no statement makes it", label(context.bank, id)));
+      notes.push_back(fmt::format("{} is left out: no statement of a script makes it",
+                                  label(context.bank, id)));
     }
   }
   return assets;

@@ -34,7 +34,8 @@ void Progress::advance(std::uint64_t amount) {
   done_ += amount;
   const Clock::time_point now = Clock::now();
   if (now >= nextLine_) {
-    show(fmt::format("\r{:3}%", 100 * done_ / std::max<std::uint64_t>(total_, 1)).c_str());
+    const std::uint64_t done = std::min(done_, total_);  // some work is found on the way
+    show(fmt::format("\r{:3}%", 100 * done / std::max<std::uint64_t>(total_, 1)).c_str());
     hasLine_ = true;
     nextLine_ = now + kInterval;
   }

@@ -1,0 +1,279 @@
+// Banks that are extracted with a script, and packed from it again by the tool.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "compiler/run_driver.h"
+#include "kit/frame/captured_console.h"
+#include "kit/frame/command_line.h"
+#include "tests/support/bank_builder.h"
+#include "tests/support/packed_script.h"
+#include "tests/support/script_generator.h"
+#include "tests/support/temporary_directory.h"
+
+namespace tavrel::kit {
+namespace {
+
+namespace fs = std::filesystem;
+using test::BankAsset;
+using test::Bytes;
+using testing::HasSubstr;
+
+/// What a bank and its header have of an asset: the blob, the record without its offset, the
+/// define.
+std::vector<std::string> contents(const std::string& bytes, const std::string& header) {
+  tavrel_bank bank;
+  EXPECT_EQ(tavrel_bank_open(&bank, bytes.data(), bytes.size()), TAVREL_OK);
+  std::vector<std::string> assets;
+  for (std::uint32_t id = 0; id < bank.count; ++id) {
+    tavrel_asset asset;
+    tavrel_bank_asset(&bank, id, &asset);
+    std::smatch define;
+    std::regex_search(header, define,
+                      std::regex("#define\t\t(.*)\t\t\t" + std::to_string(id) + "\n"));
+    assets.push_back(define[1].str() + bytes.substr(4 + 44 * id, 4) +
+                     bytes.substr(4 + 44 * id + 8, 36) +
+                     std::string(asset.bytes, asset.bytes + asset.size));
+  }
+  return assets;
+}
+
+class ExtractScriptTest : public testing::Test {
+ protected:
+  ExtractScriptTest() { fs::current_path(folder_.path()); }
+  ~ExtractScriptTest() override { fs::current_path(fs::temp_directory_path()); }
+
+  int extract(const std::vector<std::string>& arguments) {
+    output_ = {};
+    std::vector<std::string> all{"extract"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    return runCommandLine(all, output_);
+  }
+
+  /// Makes an empty folder out, and a folder was with a bank and its header.
+  void pack(const std::vector<BankAsset>& assets, const std::vector<std::string>& defines) {
+    for (const char* folder : {"was", "out", "files"}) {
+      fs::remove_all(folder);
+    }
+    fs::create_directory("was");
+    fs::create_directory("out");
+    folder_.write("was/sfx.tvb", test::bankOf(assets));
+    folder_.write("was/sfx.h", test::headerOf(defines));
+  }
+
+  static bool run(std::vector<const char*> arguments) {
+    const CapturedConsole silence;
+    arguments.insert(arguments.begin(), "tavrel");
+    arguments.push_back(nullptr);
+    return runTavrel(static_cast<int>(arguments.size() - 1), arguments.data()) == 0;
+  }
+
+  /// Packs out/s.txt as its comment says.
+  bool packAgain() {
+    std::smatch prefix;
+    const std::string text = folder_.read("out/s.txt");
+    fs::current_path(folder_.path("out"));
+    const bool isPacked = std::regex_search(text, prefix, std::regex("\n;.* HeaderPrefix (.*)\n"))
+                              ? run({"s.txt", "HeaderPrefix", prefix[1].str().c_str()})
+                              : run({"s.txt"});
+    fs::current_path(folder_.path());
+    return isPacked;
+  }
+
+  /// Returns a header without its time stamp.
+  [[nodiscard]] std::string header(const std::string& name) const {
+    return std::regex_replace(folder_.read(name), std::regex("// Rev:.*"), "");
+  }
+
+  /// Extracts a bank and packs it again. Expects that nothing differs but what was named, and
+  /// that what was named differs.
+  void judge(const std::string& bank, const std::string& headerName) {
+    ASSERT_EQ(extract({"was/" + bank, "-o", "out/files", "--script", "out/s.txt"}), 0)
+        << output_.messages;
+    SCOPED_TRACE(output_.messages + folder_.read("out/s.txt"));
+    ASSERT_TRUE(packAgain());
+    const std::string before = folder_.read("was/" + bank);
+    const std::string after = folder_.read("out/" + bank);
+    const auto old = contents(before, header("was/" + headerName));
+    const auto now = contents(after, header("out/" + headerName));
+    ASSERT_EQ(now.size(), old.size());
+    bool isSame = true;
+    for (std::size_t id = 0; id < old.size(); ++id) {
+      const bool isNamed =
+          output_.messages.find("(asset " + std::to_string(id) + ") can't") != std::string::npos;
+      EXPECT_EQ(old[id] != now[id], isNamed) << "asset " << id;
+      isSame = isSame && !isNamed;
+    }
+    if (isSame) {
+      EXPECT_TRUE(before == after);
+      EXPECT_EQ(header("was/" + headerName), header("out/" + headerName));
+      ++same_;
+    }
+  }
+
+  test::TemporaryDirectory folder_;
+  Output output_;
+  int same_ = 0;
+};
+
+constexpr std::uint32_t wave = 1;
+constexpr std::uint32_t userAsset = 6;
+
+TEST_F(ExtractScriptTest, WritesFilesAndStatementsForAllThatAScriptCanState) {
+  const std::string song = test::midi().track(test::events().tempo(0, 500000).endOfTrack());
+  pack({{wave, "abcdef", {22050, 1, 16, 0, 1, 0x7FFFFFFF}},
+        {wave, "\x80\x01", {-1, 1, 8, 5, 0, 2}},
+        {wave, "abc", {1, 0, 16}},
+        {wave, "", {1, 0, 4}},
+        {wave, "abc", {1, 1, 4, 0, 0, 6}},
+        {wave, "abc", {1, 0, 12}},
+        {2, song, {96, 1, 2, 3, 0, 500000}},
+        {3, "tone", {1}},
+        {4, "four"},
+        {5, ""},
+        {userAsset, "y", {0, -2147483647 - 1, 0, 0, 0, 0, 0, 7}}},
+       {"BELL_AIF", "A_B_WAV", "LONG_WAVE", "E_D.WAV", "L_WAV", "PLAIN_", "S_MIDI", "M_MTB",
+        "T_DOTS.", "F_EXTEN", "USER_"});
+  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/s.txt"}), 0);
+  EXPECT_EQ(output_.messages, "tavkit: a_b.wav: a sample rate of -1 becomes 22050 Hz\n");
+  EXPECT_EQ(folder_.read("out/s.txt"),
+            "; Packs sfx.tvb from its extracted files. Run tavrel in the folder of this script:\n"
+            ";   tavrel s.txt\n\nBankFileName sfx.tvb\n\n"
+            "WaveFile ..\\files\\bell.aif\n  SampleRate 22050\n  Loop 1\nAssetEnd\n\n"
+            "WaveFile ..\\files\\a_b.wav\n  RandomPitchAmount 5\n  SampleRate -1\n  Loop 1\n"
+            "AssetEnd\n\nWaveFile ..\\files\\long.wave\n  SampleRate 1\nAssetEnd\n\n"
+            "WaveFile ..\\files\\e.d.wav\n  SampleRate 1\n  Adpcm 1\nAssetEnd\n\n"
+            "WaveFile ..\\files\\l.wav\n  SampleRate 1\n  Loop 1\nAssetEnd\n\n"
+            "WaveFile ..\\files\\plain\n  SampleRate 1\nAssetEnd\n\n"
+            "MidiFileType0 ..\\files\\s.midi\n  Volume 1\n  Loop 3\n  GmMode 2\nAssetEnd\n\n"
+            "MidiToneBank ..\\files\\m.mtb\n  BankType Melodic\nAssetEnd\n\n"
+            "FxProgramBank ..\\files\\t.dots.bin\nAssetEnd\n\n"
+            "FxOutputBank ..\\files\\f.exten\nAssetEnd\n\n"
+            "UserAsset ..\\files\\user\n  Parameter1 -2147483648\n  Parameter7 7\nAssetEnd\n\n"
+            "ScriptEnd\n");
+  EXPECT_EQ(folder_.read("files/a_b.wav").substr(44, 2), std::string("\0\x81", 2));
+  EXPECT_EQ(folder_.read("files/long.wav").substr(44, 3), "abc");
+  const std::string bell = folder_.read("files/bell.aif");
+  EXPECT_EQ(bell.substr(bell.size() - 6), "badcfe");
+  ASSERT_TRUE(packAgain());
+  EXPECT_TRUE(folder_.read("out/sfx.tvb") == folder_.read("was/sfx.tvb"));
+  EXPECT_TRUE(contents(folder_.read("out/sfx.tvb"), header("out/sfx.h")) ==
+              contents(folder_.read("was/sfx.tvb"), header("was/sfx.h")));
+}
+
+TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
+  const struct {
+    const char* define;
+    BankAsset asset;
+    const char* note;
+    bool isLeftOut = false;
+  } rows[] = {
+      {"A_DAT", {77, "x"}, "SFX_A_DAT (asset 0) is left out: no statement of a script", true},
+      {"A_WAV", {wave, "", {1, 0, 16}}, "is left out", true},
+      {"A_WAV", {wave, "abc", {1, 1, 16, 0, 1, 2}}, "is left out", true},
+      {"A_WAV", {wave, "ab", {1, 2, 16}}, "is left out", true},
+      {"A_WAV", {wave, "ab", {1, 0, 16, 0, 0, 1}}, "is left out", true},
+      {"A_WAV", {wave, "ab", {1, 0, -1}}, "is left out", true},
+      {"A_MTB", {3, "x", {2}}, "is left out", true},
+      {"A_FXO", {5, "x", {1}}, "is left out", true},
+      {"A_MID", {2, "MThd", {96, 127, 1}}, "is left out", true},
+      {"A_WAV", {wave, "abcd", {1, 1, 16, 0, 1, 2}}, "its define becomes SFX_A_AIF"},
+      {"A_AIF", {wave, "abc", {1, 0, 24}}, "its define becomes SFX_A_WAV"},
+      {"A;B_DAT", {userAsset, "x"}, "its define becomes SFX_0000_DAT"},
+      {"CON_DAT", {userAsset, "x"}, "its define becomes SFX_0000_DAT"},
+      {"a_DAT", {userAsset, "x"}, "its define becomes SFX_A_DAT"},
+      {"S_TXT", {userAsset, "x"}, "its define becomes SFX_S_0_TXT"},
+      {"SFX_H", {userAsset, "x"}, "its define becomes SFX_SFX_0_H"},
+      {"A_WAV", {wave, "\x77\x77\x77\x77", {1, 0, 4}}, "its compressed bytes differ: samples"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.note);
+    pack({row.asset, {userAsset, "z"}}, {row.define, "Z_DAT"});
+    ASSERT_EQ(extract({"was/sfx.tvb", "-o", "out", "--script", "out/s.txt"}), 0);
+    EXPECT_THAT(output_.messages, HasSubstr(row.note));
+    EXPECT_THAT(output_.messages, Not(HasSubstr("asset 1")));
+    ASSERT_TRUE(packAgain());
+    EXPECT_EQ(contents(folder_.read("out/sfx.tvb"), "").size(), row.isLeftOut ? 1 : 2);
+  }
+}
+
+TEST_F(ExtractScriptTest, AssetsWithOneDefineShareAFileThatServesThem) {
+  const std::string silence(32, '\0');  // compressed, each pair of samples is 0x80
+  pack({{wave, std::string(8, '\x80'), {1, 0, 4}},
+        {wave, silence, {22050, 0, 16}},
+        {wave, silence, {22050, 0, 16, 9}},
+        {wave, "differs!", {22050, 0, 16}}},
+       {"A_WAV", "A_WAV", "A_WAV", "A_WAV"});
+  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/s.txt"}), 0);
+  EXPECT_EQ(output_.messages,
+            "tavkit: SFX_A_WAV (asset 3) can't come out the same: its define becomes "
+            "SFX_A_3_WAV\n");
+  EXPECT_EQ(std::distance(fs::directory_iterator("files"), {}), 2);
+  ASSERT_TRUE(packAgain());
+  EXPECT_TRUE(folder_.read("out/sfx.tvb") == folder_.read("was/sfx.tvb"));
+}
+
+TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* message;
+  } rows[] = {
+      {{"--raw", "--script", "out/s.txt"}, "--script doesn't go with --raw"},
+      {{"-o", "a b", "--script", "out/s.txt"}, "can't name files in"},
+      {{"-o", "a;b", "--script", "out/s.txt"}, "can't name files in"},
+      {{"-o", "files", "--script", "was/s.txt"}, "would replace was/sfx.tvb"},
+      {{"-o", "files", "--script", "gone/s.txt"}, "no such folder"},
+      {{"-o", "files", "--script", "files"}, "it is the folder of the files"},
+      {{"-o", "files", "--script", "out/old.txt"}, "out/old.txt exists already; --force replaces"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.message);
+    pack({{userAsset, "x"}}, {"A_DAT"});
+    folder_.write("out/old.txt", "old");
+    std::vector<std::string> arguments{"was/sfx.tvb"};
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    EXPECT_EQ(extract(arguments), 2);
+    EXPECT_THAT(output_.messages, HasSubstr(row.message));
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 2);
+    EXPECT_EQ(std::distance(fs::directory_iterator("out"), {}), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator("was"), {}), 2);
+  }
+  fs::rename("was/sfx.tvb", "was/s fx.tvb");
+  EXPECT_EQ(extract({"was/s fx.tvb", "-o", "files", "--script", "out/s.txt"}), 2);
+  EXPECT_THAT(output_.messages, HasSubstr("no script can name a bank s fx.tvb"));
+}
+
+TEST_F(ExtractScriptTest, RandomBanksComeOutTheSame) {
+  fs::create_directory("sub");
+  const test::SoundFiles files = test::soundFiles();
+  for (const auto& [name, file] : files) {
+    folder_.write(name, file.bytes);
+  }
+  const char* number = std::getenv("TAVREL_PROMISE_PROJECTS");
+  const int count = number != nullptr ? std::atoi(number) : 100;
+  test::ScriptGenerator generator(11, files);
+  for (int i = 0; i < count && !HasFailure(); ++i) {
+    for (const auto& [name, statement] : test::kDamagedFiles) {
+      folder_.write(name, generator.damaged(name));
+    }
+    const std::string script = generator.script();
+    const std::string prefix = generator.prefix();
+    SCOPED_TRACE(testing::PrintToString(script) + " under the prefix " + prefix);
+    for (const char* folder : {"was", "out"}) {
+      fs::remove_all(folder);
+      fs::create_directory(folder);
+    }
+    folder_.write("s.txt", script);
+    const test::Wanted wanted = test::wantedBy(script);
+    const bool isOdd = wanted.bank == wanted.header() || wanted.bank.find('/') != std::string::npos;
+    if (run({"s.txt", "HeaderPrefix", prefix.c_str(), "bankPath", "was/", "headerPath", "was/"}) &&
+        !isOdd) {
+      judge(wanted.bank, wanted.header());
+    }
+  }
+  EXPECT_GT(same_, count / 5);
+}
+
+}  // namespace
+}  // namespace tavrel::kit

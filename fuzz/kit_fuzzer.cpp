@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "compiler/run_driver.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
 #include "fuzz/require.h"
@@ -22,7 +23,7 @@ namespace {
 
 using kit::ExitCode;
 
-const std::array<std::vector<std::string>, 9> kCommands{{
+const std::array<std::vector<std::string>, 10> kCommands{{
     {"list", "b.tvb"},
     {"list", "b.tvb", "--json"},
     {"verify", "b.tvb", "--header", "b.h"},
@@ -32,6 +33,7 @@ const std::array<std::vector<std::string>, 9> kCommands{{
     {"diff", "--ids", "b.tvb", "b.tvb"},
     {"extract", "b.tvb", "-o", "out", "--channels", "2"},
     {"extract", "b.tvb", "-o", "out", "--raw", "--force"},
+    {"extract", "b.tvb", "-o", "out", "--script", "out/s.txt", "--force"},
 }};
 
 void run(const std::vector<std::string>& arguments) {
@@ -41,6 +43,16 @@ void run(const std::vector<std::string>& arguments) {
   require(code != kit::exitFailed || (output.results.empty() && !output.messages.empty()));
   if (code != kit::exitFailed && arguments.back() == "--json") {
     require(nlohmann::json::accept(output.results));
+  }
+}
+
+/// Requires that the tool packs the script that was extracted, if there is one.
+void packScript() {
+  if (std::filesystem::exists("out/s.txt")) {
+    std::filesystem::current_path("out");
+    const std::array<const char*, 3> arguments{"tavrel", "s.txt", nullptr};
+    require(runTavrel(2, arguments.data()) == 0);
+    std::filesystem::current_path("..");
   }
 }
 
@@ -72,6 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   for (const std::vector<std::string>& arguments : fuzz::kCommands) {
     fuzz::run(arguments);
   }
+  fuzz::packScript();
   fuzz::checkFolder();
   return 0;
 }

@@ -31,7 +31,7 @@ by_ffprobe() {
     -show_entries stream=sample_rate,channels,bits_per_sample,duration_ts | paste -sd ' '
 }
 by_sndfile() {
-  sndfile-info "$1" | awk '/^Sample Rate/ { r = $4 } /^Channels/ { c = $3 } /Bit Width/ { b = $4 }
+  sndfile-info "$1" | awk '/^Sample Rate/ { r = $4 } /^Channels/ { c = $3 } /Bit Width|Sample Size/ { b = $NF }
     /^Frames/ { f = $3 } END { print r, c, b, f }'
 }
 # The streams of ADPCM are filled up to a multiple of 8 samples.
@@ -47,6 +47,17 @@ samples() { sox "$1" -t raw - | sha256sum; }
 expect "blip.wav" "$(samples blip.wav)" "$(samples out/blip.wav)"
 expect "engine.wav" "$(sox engine.aif -L -t raw - | sha256sum)" "$(samples out/engine.wav)"
 expect "loop" "441 4850" "$(sndfile-info out/engine.wav | awk '/Cue ID/ { print $10, $13 }')"
+
+# With a script the looped sound is an AIFF file again, and the tool packs the same bank.
+"$tavkit" extract demo.tvb -o again --script again/demo.txt
+for reader in soxi ffprobe sndfile; do
+  expect "engine.aif by $reader" "22050 1 16 5292" "$("by_$reader" again/engine.aif)"
+done
+expect "engine.aif" "$(samples engine.aif)" "$(samples again/engine.aif)"
+expect "markers" "441 4851" "$(sndfile-info again/engine.aif | awk '/Position/ { print $3 }' | paste -sd ' ')"
+(cd again && "$tavrel" demo.txt >/dev/null)
+expect "bank" "$(sha256sum <demo.tvb)" "$(sha256sum <again/demo.tvb)"
+expect "header" "$(grep -v '^// Rev' demo.h)" "$(grep -v '^// Rev' again/demo.h)"
 
 # wind.wav doesn't fit, nor does boom.wav, the first file of all.
 for row in "1 2 3:blip.wav engine.wav" ":no folder"; do

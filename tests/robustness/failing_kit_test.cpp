@@ -50,16 +50,19 @@ class FailingKit : public testing::Test {
 };
 
 TEST_F(FailingKit, AnswersRightOrNotAtAll) {
-  const std::vector<std::string> commands[] = {{"list", "demo.tvb"},
-                                               {"verify", "demo.tvb"},
-                                               {"verify", "demo.tvb", "--script", "demo.txt"},
-                                               {"quality", "demo.txt"},
-                                               {"extract", "demo.tvb", "-o", "out"},
-                                               {"diff", "demo.tvb", "demo.tvb"},
-                                               {"show", "boom.wav"},
-                                               {"show", "engine.aif"},
-                                               {"show", "theme.mid"},
-                                               {"deps", "demo.txt"}};
+  const std::vector<std::string> commands[] = {
+      {"list", "demo.tvb"},
+      {"verify", "demo.tvb"},
+      {"verify", "demo.tvb", "--script", "demo.txt"},
+      {"quality", "demo.txt"},
+      {"extract", "demo.tvb", "-o", "out"},
+      {"extract", "demo.tvb", "-o", "out", "--script", "out/demo.txt"},
+      {"diff", "demo.tvb", "demo.tvb"},
+      {"show", "boom.wav"},
+      {"show", "engine.aif"},
+      {"show", "theme.mid"},
+      {"deps", "demo.txt"},
+  };
   for (const std::vector<std::string>& command : commands) {
     auto whole = run(command);
     ASSERT_EQ(code_, kit::exitYes);

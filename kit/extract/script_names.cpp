@@ -24,18 +24,11 @@ std::string joined(const std::string& stem, const std::string& extension) {
   return extension.empty() ? stem : stem + '.' + extension;
 }
 
-std::string textOf(const char* text) {
-  if (text == nullptr) {
-    throw std::bad_alloc();
-  }
-  return text;
-}
-
 /// Returns the name of the asset made from a file, as the tool names it; nothing if it is too long.
 std::optional<std::string> assetOfFile(const std::string& name) {
-  FileName file(name.c_str());
+  const SplitName parts = splitName(name);
   AssetData::Name asset{};
-  if (!assetName(textOf(file.getNameOnly()), textOf(file.getExtensionOnly()), asset)) {
+  if (!assetName(parts.stem, parts.extension, asset)) {
     return std::nullopt;
   }
   return asset.data();
@@ -120,9 +113,17 @@ bool ScriptNames::isGood(const std::string& file) const {
 
 /// Returns true unless the name makes the tool read a wave as one of another format.
 bool ScriptNames::isReadAsWritten(const std::string& name) const {
+  return (!isWav_ && !isAiff_) || isAiffExtension(splitName(name).extension.c_str()) == isAiff_;
+}
+
+SplitName splitName(const std::string& name) {
   FileName file(name.c_str());
-  return (!isWav_ && !isAiff_) ||
-         isAiffExtension(textOf(file.getExtensionOnly()).c_str()) == isAiff_;
+  const char* stem = file.getNameOnly();
+  const char* extension = file.getExtensionOnly();
+  if (!file.name || stem == nullptr || extension == nullptr) {
+    throw std::bad_alloc();
+  }
+  return {.stem = stem, .extension = extension};
 }
 
 bool isScriptWord(std::string_view word) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <new>
 
 #include "compiler/bank_script.h"
 #include "compiler/names.h"
@@ -66,8 +65,7 @@ std::string folderInScript(const fs::path& from, const fs::path& files) {
 std::string bankNameInScript(const std::string& bankPath) {
   const std::string name = fs::path(hostPath(bankPath.c_str())).filename().string();
   Guard guard{};
-  const std::string header = headerName(bankPath);
-  if (!isScriptPath(name) || !guardName(header.substr(0, header.find('.')), guard)) {
+  if (!isScriptPath(name) || !guardName(splitName(headerName(bankPath)).stem, guard)) {
     throw Failure(fmt::format("no script can name a bank {}", name));
   }
   return name;
@@ -75,12 +73,8 @@ std::string bankNameInScript(const std::string& bankPath) {
 
 /// Returns the prefix that the tool takes from a bank's name.
 std::string ownPrefix(const std::string& bankName) {
-  FileName name(bankName.c_str());
   BankScript script("");
-  if (name.getNameOnly() == nullptr) {
-    throw std::bad_alloc();
-  }
-  script.setHeaderPrefix(name.getNameOnly());
+  script.setHeaderPrefix(splitName(bankName).stem.c_str());
   return script.prefix();
 }
 

@@ -13,33 +13,54 @@ _tavkit() {
   local current=$2 previous=$3 command=${COMP_WORDS[1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _tavkit_words 'list verify extract diff check explain -h --help --version'
+    _tavkit_words 'list verify extract diff show quality check explain deps -h --help --version'
     return
   fi
   case $command:$previous in
     list:--header) _tavkit_files ''; return ;;
     verify:--header) _tavkit_files ''; return ;;
+    verify:--script) _tavkit_files '!*.txt'; return ;;
+    verify:-C) _tavkit_files '*'; return ;;
+    verify:--prefix) :; return ;;
+    verify:--bank-dir) _tavkit_files '*'; return ;;
+    verify:--header-dir) _tavkit_files '*'; return ;;
     extract:-o | extract:--output) _tavkit_files '*'; return ;;
     extract:--channels) :; return ;;
+    extract:--script) _tavkit_files ''; return ;;
     extract:--header) _tavkit_files ''; return ;;
     diff:--old-header) _tavkit_files ''; return ;;
     diff:--new-header) _tavkit_files ''; return ;;
+    quality:-C) _tavkit_files '*'; return ;;
+    quality:--prefix) :; return ;;
+    quality:--bank-dir) _tavkit_files '*'; return ;;
+    quality:--header-dir) _tavkit_files '*'; return ;;
+    quality:--below) :; return ;;
     check:-C) _tavkit_files '*'; return ;;
     check:--prefix) :; return ;;
     check:--bank-dir) _tavkit_files '*'; return ;;
     check:--header-dir) _tavkit_files '*'; return ;;
     check:--format) _tavkit_words 'text json sarif'; return ;;
     check:--allow) :; return ;;
+    check:--below) :; return ;;
     check:--max-bytes) :; return ;;
+    deps:-C) _tavkit_files '*'; return ;;
+    deps:--prefix) :; return ;;
+    deps:--bank-dir) _tavkit_files '*'; return ;;
+    deps:--header-dir) _tavkit_files '*'; return ;;
+    deps:--target) :; return ;;
+    deps:-o | deps:--output) _tavkit_files ''; return ;;
   esac
   if [[ $current == -* ]]; then
     case $command in
       list) _tavkit_words '--header --no-header --json -h --help --version' ;;
-      verify) _tavkit_words '--header --no-header --json -h --help --version' ;;
-      extract) _tavkit_words '-o --output --raw --channels --force --header --no-header -h --help --version' ;;
+      verify) _tavkit_words '--header --no-header --script -C --prefix --bank-dir --header-dir --json -h --help --version' ;;
+      extract) _tavkit_words '-o --output --raw --channels --script --force --header --no-header -h --help --version' ;;
       diff) _tavkit_words '--old-header --new-header --no-header --ids --json -h --help --version' ;;
-      check) _tavkit_words '-C --prefix --bank-dir --header-dir --format --json --werror --allow --max-bytes --list-codes -h --help --version' ;;
+      show) _tavkit_words '-h --help --version' ;;
+      quality) _tavkit_words '-C --prefix --bank-dir --header-dir --below --json -h --help --version' ;;
+      check) _tavkit_words '-C --prefix --bank-dir --header-dir --format --json --werror --allow --below --max-bytes --list-codes -h --help --version' ;;
       explain) _tavkit_words '-h --help --version' ;;
+      deps) _tavkit_words '-C --prefix --bank-dir --header-dir --target -o --output -h --help --version' ;;
     esac
     return
   fi
@@ -48,8 +69,11 @@ _tavkit() {
     verify) _tavkit_files '!*.tvb' ;;
     extract) _tavkit_files '!*.tvb' ;;
     diff) _tavkit_files '!*.tvb' ;;
+    show) _tavkit_files '' ;;
+    quality) _tavkit_files '!*.txt' ;;
     check) _tavkit_files '!*.txt' ;;
     explain) : ;;
+    deps) _tavkit_files '!*.txt' ;;
   esac
 }
 

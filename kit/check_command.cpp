@@ -1,38 +1,30 @@
 // tavkit check: the linter of build scripts.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
+#include <set>
 
 #include "kit/check/check_script.h"
 #include "kit/check/report_formats.h"
 #include "kit/commands.h"
 #include "kit/frame/colour.h"
 #include "kit/frame/failure.h"
-#include "kit/frame/nearest.h"
 #include "kit/frame/output.h"
 #include "kit/frame/text_table.h"
 #include "kit/quality/quality_limit.h"
+#include "platform/file_identity.h"
+#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace {
 
-std::vector<std::string> codeNames() {
-  std::vector<std::string> names;
-  for (const Code& code : codes()) {
-    names.emplace_back(code.name);
-  }
-  return names;
-}
-
 /// Checks a code that --allow names.
-const std::string& allowable(const std::string& name) {
-  const Code* code = findCode(name);
-  if (code == nullptr) {
-    throw Failure(fmt::format("there is no code {}{}", name, didYouMean(name, codeNames())));
-  }
-  if (code->severity == Severity::error) {
+std::string allowable(std::string name) {
+  if (codeNamed(name).severity == Severity::error) {
     throw Failure(fmt::format("{} is an error, which can't be allowed", name));
   }
   return name;
@@ -46,15 +38,20 @@ std::uint64_t byteCount(const std::string& text) {
   const std::string_view unit(result.ptr, static_cast<std::size_t>(end - result.ptr));
   const unsigned shift = unit == "K" ? 10 : unit == "M" ? 20 : 0;
   if (result.ec != std::errc() || (shift == 0 && !unit.empty()) || number > UINT64_MAX >> shift) {
-    throw Failure(fmt::format("--max-bytes takes a number of bytes, 64K or 8M, not {}", text));
+    throw Failure(
+        fmt::format("--max-bytes takes a number of bytes, such as 65536, 64K or 8M, not {}", text));
   }
   return number << shift;
 }
 
 CheckOptions checkOptions(const Arguments& arguments) {
   CheckOptions options;
-  for (const std::string& name : arguments.values("--allow")) {
-    options.allowed.push_back(allowable(name));
+  for (const std::string& list : arguments.values("--allow")) {
+    for (std::size_t start = 0; start <= list.size();) {
+      const std::size_t end = std::min(list.find(',', start), list.size());
+      options.allowed.push_back(allowable(list.substr(start, end - start)));
+      start = end + 1;
+    }
   }
   if (const auto limit = arguments.value("--max-bytes")) {
     options.mostBytes = byteCount(*limit);
@@ -63,8 +60,18 @@ CheckOptions checkOptions(const Arguments& arguments) {
   return options;
 }
 
+/// Returns the form that the options ask for.
+std::string formOf(const Arguments& arguments) {
+  const bool isJson = arguments.has("--json");
+  std::string form = arguments.value("--format").value_or(isJson ? "json" : "text");
+  if (isJson && form != "json") {
+    throw Failure(fmt::format("--json contradicts --format {}", form));
+  }
+  return form;
+}
+
 std::string listOfCodes(const Arguments& arguments) {
-  if (arguments.has("--json") || arguments.value("--format").value_or("text") != "text") {
+  if (formOf(arguments) != "text") {
     throw Failure("--list-codes prints text only");
   }
   TextTable table({{"code"}, {"severity"}, {"meaning"}});
@@ -74,14 +81,30 @@ std::string listOfCodes(const Arguments& arguments) {
   return table.text();
 }
 
-std::string formatted(const std::vector<CheckedScript>& scripts, const Arguments& arguments) {
-  const std::string format =
-      arguments.value("--format").value_or(arguments.has("--json") ? "json" : "text");
+std::string formatted(const std::vector<CheckedScript>& scripts, const std::string& format) {
   if (format == "json") {
     return problemsAsJson(scripts);
   }
   return format == "sarif" ? problemsAsSarif(scripts)
                            : problemsAsText(scripts, showsColours(stdout));
+}
+
+/// Returns the scripts, each once, however often or under how many names it is given.
+std::vector<std::string> differentScripts(const std::vector<std::string>& scripts) {
+  std::vector<std::string> different;
+  std::set<FileIdentity> known;
+  for (const std::string& script : scripts) {
+    const auto identity = fileIdentity(hostPath(script.c_str()).c_str());
+    if (!identity || known.insert(*identity).second) {
+      different.push_back(script);
+    }
+  }
+  return different;
+}
+
+/// Returns a script's path as whoever runs the command finds it, outside the folder of -C.
+std::string pathForUser(const std::string& script, const Arguments& arguments) {
+  return (std::filesystem::path(arguments.value("-C").value_or("")) / script).string();
 }
 
 int runCheck(const Arguments& arguments, Output& output) {
@@ -93,12 +116,14 @@ int runCheck(const Arguments& arguments, Output& output) {
     throw Failure("no script to check", "Usage: tavkit check [OPTION ...] SCRIPT ...\n");
   }
   const CheckOptions options = checkOptions(arguments);
+  const std::string form = formOf(arguments);
   changeDirectory(arguments);
   std::vector<CheckedScript> scripts;
-  for (const std::string& script : arguments.operands) {
+  for (const std::string& script : differentScripts(arguments.operands)) {
     scripts.push_back(checkScript(planFor(script, arguments), options));
+    scripts.back().path = pathForUser(script, arguments);
   }
-  output.results = formatted(scripts, arguments);
+  output.results = formatted(scripts, form);
   output.messages = problemCount(scripts);
   const bool hasErrors = countOf(scripts, Severity::error) > 0;
   const bool hasWarnings = countOf(scripts, Severity::warning) > 0;
@@ -121,22 +146,26 @@ Command checkCommand() {
           "silently leaves out is an error.\n\n"
           "Warnings can be allowed: by --allow, by a comment \"; tavkit: allow CODE, CODE\" on the "
           "line on which a statement begins, for that statement, or by such a comment among the "
-          "first lines of the script, for the whole script.",
+          "first lines of the script, for the whole script.\n\n"
+          "Paths in the report start from the folder in which tavkit was started, also with -C, so "
+          "that editors find the files. Commands in it are for the folder of -C.",
       .example = "tavkit check sounds.txt",
-      .options = joined(
-          scriptOptions(),
-          {{.names = "--format",
-            .value = "FORM",
-            .help = "Print text, which editors parse, json or sarif",
-            .words = {"text", "json", "sarif"}},
-           {.names = "--json", .help = "Print one JSON document: --format json"},
-           {.names = "--werror", .help = "Exit with 1 for warnings too"},
-           {.names = "--allow", .value = "CODE", .help = "Don't report warnings with this code"},
-           belowOption("Warn of compressed sounds with a ratio below DB decibels"),
-           {.names = "--max-bytes",
-            .value = "N",
-            .help = "Report a bank longer than N bytes, 64K or 8M, as an error"},
-           {.names = "--list-codes", .help = "List the codes of all problems"}}),
+      .options =
+          joined(scriptOptions(),
+                 {{.names = "--format",
+                   .value = "FORM",
+                   .help = "Print text, which editors parse, json or sarif",
+                   .words = {"text", "json", "sarif"}},
+                  {.names = "--json", .help = "Print one JSON document: --format json"},
+                  {.names = "--werror", .help = "Exit with 1 for warnings too"},
+                  {.names = "--allow",
+                   .value = "CODE",
+                   .help = "Don't report warnings with this code, or with these: CODE,CODE"},
+                  belowOption("Warn of compressed sounds with a ratio below DB decibels"),
+                  {.names = "--max-bytes",
+                   .value = "N",
+                   .help = "Report a bank longer than N bytes as an error; N may be 64K or 8M"},
+                  {.names = "--list-codes", .help = "List the codes of all problems"}}),
       .run = runCheck,
   };
 }

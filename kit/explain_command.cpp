@@ -6,23 +6,11 @@
 #include "kit/commands.h"
 #include "kit/frame/arguments.h"
 #include "kit/frame/failure.h"
-#include "kit/frame/nearest.h"
 #include "kit/frame/output.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-const Code& codeNamed(const std::string& name) {
-  if (const Code* code = findCode(name)) {
-    return *code;
-  }
-  std::vector<std::string> names;
-  for (const Code& code : codes()) {
-    names.emplace_back(code.name);
-  }
-  throw Failure(fmt::format("there is no code {}{}", name, didYouMean(name, names)));
-}
 
 /// Returns text broken into lines of at most 80 characters.
 std::string filled(std::string_view text) {
@@ -37,6 +25,9 @@ std::string filled(std::string_view text) {
 }
 
 int runExplain(const Arguments& arguments, Output& output) {
+  if (arguments.operands.empty()) {
+    throw Failure("no code to explain", kCodesAdvice);
+  }
   const Code& code = codeNamed(arguments.operands.front());
   output.results =
       fmt::format("{} ({})\n{}.\n\n{}\n{}", code.name, severityName(code.severity), code.summary,
@@ -57,11 +48,11 @@ int runExplain(const Arguments& arguments, Output& output) {
 Command explainCommand() {
   return {
       .name = "explain",
-      .operands = {.synopsis = "CODE", .fewest = 1, .most = 1},
+      .operands = {.synopsis = "CODE", .most = 1},
       .summary = "Explain a code of check, with its fix",
       .description =
           "Prints what a code of tavkit check means, how it comes about and what to do, "
-          "with an example.",
+          "with an example. tavkit check --list-codes lists the codes.",
       .example = "tavkit explain adpcm-loop",
       .options = {},
       .run = runExplain,

@@ -21,7 +21,7 @@ struct CheckOptions {
 
 /// What was found in one script, without what is allowed.
 struct CheckedScript {
-  std::string path;  ///< as it was given
+  std::string path;  ///< for messages; as the check opens it
   SourceText text;
   std::vector<Diagnostic> diagnostics;  ///< in the order of their places
 

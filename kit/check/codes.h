@@ -3,6 +3,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace tavrel::kit {
@@ -23,5 +24,11 @@ std::span<const Code> codes();
 
 /// Returns the row of `name`, or null.
 const Code* findCode(std::string_view name);
+
+/// Returns the row of a name from the command line. Throws Failure if there is none.
+const Code& codeNamed(const std::string& name);
+
+/// Advice for whoever doesn't know the codes.
+constexpr const char* kCodesAdvice = "tavkit check --list-codes lists the codes.\n";
 
 }  // namespace tavrel::kit

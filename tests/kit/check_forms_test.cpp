@@ -42,18 +42,21 @@ class CheckFormsTest : public testing::Test {
 };
 
 TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
-  EXPECT_EQ(run({"check", "a b.txt", "bad.txt"}), 1);
+  const std::string place = std::filesystem::path(directory_.path()) / "";
+  EXPECT_EQ(run({"check", "a b.txt", "bad.txt", "./a b.txt"}), 1);
   EXPECT_EQ(output_.results,
-            "a b.txt:1:14: warning: a.bin: A_FILENAME in the header will be a.tvb [bank-name]\n"
-            "BankFileName a.bin ; \xC3\xA9\n"
-            "             ^\n"
-            "  Name the bank a.tvb\n"
-            "bad.txt:2:22: error: level.dat: Lop is no option of UserAsset [unknown-word]\n"
-            " UserAsset level.dat Lop 1 AssetEnd\n"
-            "                     ^\n");
+            place +
+                "a b.txt:1:14: warning: a.bin: A_FILENAME in the header will be a.tvb [bank-name]\n"
+                "BankFileName a.bin ; \xC3\xA9\n"
+                "             ^\n"
+                "  Name the bank a.tvb\n" +
+                place +
+                "bad.txt:2:22: error: level.dat: Lop isn't an option of UserAsset [unknown-word]\n"
+                " UserAsset level.dat Lop 1 AssetEnd\n"
+                "                     ^\n");
   EXPECT_EQ(output_.messages, "1 error, 1 warning\n");
   run({"check", "a b.txt", "--format", "sarif"});
-  EXPECT_THAT(output_.results, HasSubstr(R"("uri": "a%20b.txt")"));
+  EXPECT_THAT(output_.results, HasSubstr(R"(/a%20b.txt")"));
 }
 
 TEST_F(CheckFormsTest, ExitCodes) {
@@ -69,6 +72,9 @@ TEST_F(CheckFormsTest, ExitCodes) {
            Row{{"check", "here.txt", "all.txt"}, 0, "0 errors, 0 warnings\n"},
            Row{{"check", "blank.txt"}, 0, "0 errors, 1 warning\n"},
            Row{{"check", "error.txt"}, 0, "0 errors, 1 warning\n"},
+           Row{{"check", "--allow", "unaligned,bank-name", "a b.txt"}, 0, "0 errors, 0"},
+           Row{{"check", "--allow", "bank-name,", "a b.txt"}, 2, "tavkit: there is no code"},
+           Row{{"check", "--json", "--format", "sarif", "a b.txt"}, 2, "tavkit: --json contra"},
            Row{{"check", "--max-bytes", "1K", "all.txt"}, 0, "0 errors"},
            Row{{"check", "--max-bytes", "1G", "all.txt"}, 2, "tavkit: --max-bytes takes"},
            Row{{"check", "--max-bytes", "18446744073709551615K", "all.txt"}, 2, "tavkit: --max"},
@@ -99,6 +105,8 @@ TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
     EXPECT_THAT(output_.results, StartsWith(code + " ("));
   }
   EXPECT_EQ(count, 54U);  // 27 errors and 27 warnings
+  EXPECT_EQ(runCommandLine({"explain"}, output_ = {}), 2);
+  EXPECT_THAT(output_.messages, HasSubstr("check --list-codes"));
   EXPECT_EQ(runCommandLine({"explain", "adpcm-lop"}, output_ = {}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("did you mean adpcm-loop?"));
 }

@@ -47,10 +47,10 @@ void reportFault(const AiffFile& file, const std::string& name, FolderNames& fol
 void checkChannels(const LoadedSound& sound, BlockFindings& findings) {
   if (sound.channels > 1) {
     findings.addAtFile("stereo-aiff",
-                       fmt::format("the file has {} channels, and the tool stores only as many "
+                       fmt::format("the file has {} channels, and tavrel stores only as many "
                                    "samples as one of them has, {} bytes",
                                    sound.channels, sound.size),
-                       soxCommand(findings.fileName(), fixOf(sound, kExtension)));
+                       soxCommand(findings.fileName(), fixOf(sound, kExtension, findings)));
   }
 }
 
@@ -60,7 +60,7 @@ void checkChunks(const AiffFile& file, BlockFindings& findings) {
                     [](const IffChunk& chunk) { return chunk.id == bigFourCc("SSND"); });
   if (file.sound.offset != 0) {
     findings.addAtFile("damaged-sound",
-                       fmt::format("the samples begin at an offset of {} bytes, and the tool "
+                       fmt::format("the samples begin at an offset of {} bytes, and tavrel "
                                    "stores what is before them",
                                    file.sound.offset),
                        "Export the sound again");
@@ -68,7 +68,7 @@ void checkChunks(const AiffFile& file, BlockFindings& findings) {
   if (sounds > 1) {
     findings.addAtFile(
         "damaged-sound",
-        fmt::format("the file has {} SSND chunks, and the tool stores the first one alone", sounds),
+        fmt::format("the file has {} SSND chunks, and tavrel stores the first one alone", sounds),
         "Export the sound again");
   }
 }
@@ -80,9 +80,9 @@ void reportEmpty(const LoadedSound& sound, BlockFindings& findings) {
   }
   findings.addAtFile(
       "empty-sound",
-      fmt::format("the tool takes no samples of {} bits from AIFF files, only 8 and 16 bits",
+      fmt::format("tavrel takes no samples of {} bits from AIFF files, only 8 and 16 bits",
                   sound.bits),
-      soxCommand(findings.fileName(), fixOf(sound, kExtension)));
+      soxCommand(findings.fileName(), fixOf(sound, kExtension, findings)));
 }
 
 /// Returns false if the markers have the numbers 1, 2, 3 in the order of the file. Sets `numbers`
@@ -105,7 +105,7 @@ void checkMarkers(const AiffFile& file, BlockFindings& findings) {
   std::string numbers;
   if (findings.valueOf(waveLoop) != 0 && isRenumbered(file.markerList, numbers)) {
     findings.addAtFile("loop-markers",
-                       fmt::format("the markers have the numbers {}, and the tool counts them from "
+                       fmt::format("the markers have the numbers {}, and tavrel counts them from "
                                    "1 in this order",
                                    numbers),
                        "Number the markers 1, 2, 3 in the order of the file");
@@ -137,7 +137,7 @@ bool checkSustainLoop(const AiffFile& file, LoadedSound& sound, BlockFindings& f
     return true;
   }
   findings.addAtFile("broken-loop",
-                     "the file's loop is between markers that it doesn't have, and the tool "
+                     "the file's loop is between markers that it doesn't have, and tavrel "
                      "refuses the file",
                      "Set the loop in a sound editor");
   return false;

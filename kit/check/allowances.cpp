@@ -93,7 +93,7 @@ void Allowances::reportUnknown(std::string_view name, const Code* code, Findings
   }
   findings.add("unknown-code", offset,
                fmt::format("{} {}{}", name,
-                           code == nullptr ? "is no code" : "is an error, which can't be allowed",
+                           code == nullptr ? "isn't a code" : "is an error, which can't be allowed",
                            code == nullptr ? didYouMean(name, warningNames()) : ""),
                "tavkit check --list-codes");
 }

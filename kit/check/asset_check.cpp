@@ -79,7 +79,7 @@ void checkCut(const CheckedAsset& asset, std::string_view name, std::string_view
   const bool isDefineCut =
       extension.size() > used.size() && extension.find('/') == std::string_view::npos;
   if (asset.openedName != findings.fileName() && !isMissing(asset.openedName)) {
-    findings.addAtFile("name-cut", fmt::format("the tool reads {} instead", asset.openedName),
+    findings.addAtFile("name-cut", fmt::format("tavrel reads {} instead", asset.openedName),
                        fmt::format("Write {}", asset.openedName));
   } else if (isDefineCut) {
     findings.addAtFile("name-cut",

@@ -83,17 +83,18 @@ void checkBankName(const BankNames& names, Findings& findings) {
   }
 }
 
-/// Returns the end of a sentence that names the largest assets: "; the largest assets are a.wav (20
+/// Returns the end of a sentence that names the largest assets: "; its largest assets: a.wav (20
 /// bytes), b.wav (10 bytes)". Returns nothing for a bank without assets.
 std::string largestAssets(StoredAssets assets) {
   constexpr std::size_t kNamed = 5;
   std::stable_sort(assets.begin(), assets.end(),
                    [](const CheckedAsset* a, const CheckedAsset* b) { return a->size > b->size; });
   assets.resize(std::min(kNamed, assets.size()));
+  const char* const label = assets.size() == 1 ? "; its only asset:" : "; its largest assets:";
   std::string list;
   for (const CheckedAsset* asset : assets) {
-    list += fmt::format("{} {} ({} bytes)", list.empty() ? "; the largest assets are" : ",",
-                        asset->block->file->text, asset->size);
+    list += fmt::format("{} {} ({} bytes)", list.empty() ? label : ",", asset->block->file->text,
+                        asset->size);
   }
   return list;
 }

@@ -37,7 +37,7 @@ Findings findProblems(const SourceText& text, const RunPlan& plan, const CheckOp
     // After a file that is missing, it was taken for the rest of the name.
     if (block.strayWord && !assets.back().isMissing) {
       findings.add("unknown-word", block.strayWord->offset,
-                   fmt::format("{}: {} is no option of {}", block.title(), block.strayWord->text,
+                   fmt::format("{}: {} isn't an option of {}", block.title(), block.strayWord->text,
                                block.row->keyword));
     }
   }

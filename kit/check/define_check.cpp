@@ -8,6 +8,7 @@
 #include "compiler/names.h"
 #include "kit/bank/c_identifier.h"
 #include "kit/check/bank_checks.h"
+#include "kit/check/word_hints.h"
 
 namespace tavrel::kit {
 
@@ -46,13 +47,17 @@ std::string faultOfBankName(const BankNames& names) {
         names.define(kFileNameDefine), names.baseName, kBankExtension);
   }
   if (guardName(names.baseName, guard) && !isIdentifier(guard.data())) {
-    return fmt::format("the guard of the header, {}, is no C identifier", guard.data());
+    return fmt::format("the guard of the header, {}, isn't a C identifier", guard.data());
   }
   return "";
 }
 
-/// Returns a bank's name that spoils nothing.
-std::string betterBankName(const std::string& name) {
+/// Returns how to name the bank so that it spoils nothing.
+std::string betterBankName(std::string name) {
+  if (name == "=") {
+    return equalsSignHint(name);
+  }
+  name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
   const std::string file = withoutFolder(name);
   return file.size() == name.size()
              ? fmt::format("Name the bank {}", cleaned(name))
@@ -70,7 +75,7 @@ void checkPrefixAndGuard(const BankNames& names, Findings& findings) {
   const bool isReported = !fault.empty() && names.prefix == names.baseName;
   if (!isFinePrefix(names.prefix) && !isReported) {
     findings.add("define-invalid", names.word->offset,
-                 fmt::format("{}: all defines begin with {}, so they are no C identifiers",
+                 fmt::format("{}: all defines begin with {}, so they aren't C identifiers",
                              names.word->text, names.define("")),
                  "Set another prefix with HeaderPrefix or --prefix");
   }
@@ -100,7 +105,7 @@ void checkIdentifiers(const BankNames& names, const StoredAssets& assets, Findin
     const ScriptWord& file = *asset->block->file;
     if (!isFineAfterPrefix(asset->name)) {
       findings.add("define-invalid", file.offset,
-                   fmt::format("{}: its define, {}, is no C identifier", file.text,
+                   fmt::format("{}: its define, {}, isn't a C identifier", file.text,
                                names.define(asset->name)),
                    betterFileName(file.text));
     }

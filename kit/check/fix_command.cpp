@@ -76,7 +76,7 @@ std::string shellWord(std::string_view word) {
 }
 
 std::string renameCommand(const std::string& from, const std::string& to) {
-  return fmt::format("mv -n {} {}", fileWord(from), fileWord(to));
+  return fmt::format("mv -n {} {}  # and write {} in the script", fileWord(from), fileWord(to), to);
 }
 
 std::string soxCommand(const std::string& name, const SoundFix& fix) {

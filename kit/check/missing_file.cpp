@@ -8,6 +8,8 @@
 #include "foundation/text_utilities.h"
 #include "foundation/token_file.h"
 #include "kit/check/fix_command.h"
+#include "kit/check/unreadable_file.h"
+#include "kit/check/word_hints.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -69,6 +71,17 @@ void reportSplit(const std::string& file, BlockFindings& findings) {
       renameCommand(file, joinedName(file)));
 }
 
+/// Reports a name with a long extension, of which tavrel uses a part.
+void reportCut(const std::string& openedName, BlockFindings& findings) {
+  const std::string& written = findings.fileName();
+  const FileKind& kind = kindOfFile(written);
+  findings.addAtFile(
+      "missing-file",
+      fmt::format("of an extension three characters are used, and {} isn't there{}", openedName,
+                  kind.name.empty() ? "" : fmt::format("; this is {}", kind.name)),
+      isWave(kind) ? renameCommand(written, openedName) : conversionHint(written, kind, findings));
+}
+
 /// Returns what is said of a name that is near to the one in the script.
 std::string suggestion(const std::string& wanted, const std::string& found) {
   if (found.empty()) {
@@ -86,17 +99,14 @@ void reportMissing(const std::string& openedName, FolderNames& folders, BlockFin
   const std::string& written = findings.fileName();
   const std::string meant = fileAtStart(block.wholeName);
   if (openedName != written && isThere(written)) {
-    findings.addAtFile(
-        "missing-file",
-        fmt::format("of an extension three characters are used, and {} isn't there", openedName),
-        renameCommand(written, openedName));
+    reportCut(openedName, findings);
   } else if (!meant.empty()) {
     reportSplit(meant, findings);
   } else if (block.strayWord) {
     findings.addAtFile("missing-file",
                        fmt::format("there is no such file; a space ends the name, if {} was meant",
                                    block.wholeName),
-                       "Names of files have no spaces");
+                       written == "=" ? equalsSignHint(written) : "Names of files have no spaces");
   } else {
     const std::string found = folders.nearestName(openedName);
     findings.addAtFile("missing-file", "there is no such file" + suggestion(openedName, found),

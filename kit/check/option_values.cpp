@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "kit/check/word_hints.h"
 #include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
@@ -47,7 +48,7 @@ void checkNumber(const ScriptBlock& block, const Option& option, const ScriptWor
     findings.add("number-text", value.offset,
                  fmt::format("{}: {} {} is read as {}", block.title(), option.keyword, text,
                              readAs(value.text, &TokenFile::readNumber)),
-                 "Write decimal digits alone");
+                 text == "=" ? equalsSignHint(text) : "Write decimal digits alone");
     return;
   }
   constexpr std::int64_t kLowest = std::numeric_limits<std::int32_t>::min();

@@ -44,19 +44,15 @@ std::string coloured(const std::string& text, bool isColoured) {
   return isColoured ? fmt::format("{}{}{}", kRed, text, kPlain) : text;
 }
 
+/// Returns a problem without its hint.
 std::string problemAsText(const CheckedScript& script, const Diagnostic& diagnostic,
                           bool isColoured) {
   const Position place = script.text.positionOf(diagnostic.offset);
   const Excerpt excerpt = excerptOf(script.text.line(place.line), place.column);
-  std::string text =
-      fmt::format("{}:{}:{}: {}: {} [{}]\n{}\n{}^\n", displayText(script.path), place.line,
-                  place.column, coloured(severityName(diagnostic.code->severity), isColoured),
-                  displayText(diagnostic.message), diagnostic.code->name, excerpt.text,
-                  std::string(excerpt.column - 1, ' '));
-  if (!diagnostic.hint.empty()) {
-    text += fmt::format("  {}\n", displayText(diagnostic.hint));
-  }
-  return text;
+  return fmt::format("{}:{}:{}: {}: {} [{}]\n{}\n{}^\n", displayText(script.path), place.line,
+                     place.column, coloured(severityName(diagnostic.code->severity), isColoured),
+                     displayText(diagnostic.message), diagnostic.code->name, excerpt.text,
+                     std::string(excerpt.column - 1, ' '));
 }
 
 std::string plural(std::size_t count, std::string_view noun) {
@@ -84,8 +80,13 @@ std::string problemCount(const std::vector<CheckedScript>& scripts) {
 std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isColoured) {
   std::string text;
   for (const CheckedScript& script : scripts) {
+    std::string_view last;  // one command may fix several problems of a file
     for (const Diagnostic& diagnostic : script.diagnostics) {
       text += problemAsText(script, diagnostic, isColoured);
+      if (!diagnostic.hint.empty() && diagnostic.hint != last) {
+        text += fmt::format("  {}\n", displayText(diagnostic.hint));
+      }
+      last = diagnostic.hint;
     }
   }
   return text;

@@ -4,18 +4,21 @@
 
 #include <algorithm>
 
+#include "kit/check/file_kind.h"
 #include "kit/check/option_values.h"
 #include "kit/check/script_keywords.h"
 #include "kit/check/script_model.h"
 #include "kit/check/script_words.h"
+#include "kit/check/word_hints.h"
 #include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
 
 namespace {
 
-std::string suggestion(const std::string& meant) {
-  return meant.empty() ? "" : fmt::format("Did you mean {}?", meant);
+/// Returns true for text of 16-bit characters, whose first word is never a keyword for the tool.
+bool isUtf16(std::string_view text) {
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 
 class ScriptReader {
@@ -26,11 +29,13 @@ class ScriptReader {
   ScriptModel read();
 
  private:
+  bool reportOtherFile();
   void readStatements();
   std::string unknownStatement();
   void readStatement(const std::string& keyword);
   void readBankName();
   void readBlock(const Statement& statement);
+  [[nodiscard]] bool endsFileName(const ScriptBlock& block) const;
   void readFileName(ScriptBlock& block);
   void readOptions(ScriptBlock& block);
   void readOption(ScriptBlock& block, const Option& row);
@@ -46,13 +51,35 @@ class ScriptReader {
 };
 
 ScriptModel ScriptReader::read() {
+  if (isUtf16(words_.text())) {
+    findings_.add("byte-order-mark", 0, "the script is UTF-16 text, and tavrel reads single bytes",
+                  "Save it as UTF-8 without a byte order mark");
+    return {};
+  }
   words_.next();
+  if (reportOtherFile()) {
+    return {};
+  }
   readStatements();
   if (model_.bankNames.empty() && !words_.isCutShort()) {
     findings_.add("no-bank-name", 0, "the script doesn't name its bank",
                   "Begin the script with BankFileName and a name");
   }
   return std::move(model_);
+}
+
+/// Reports a file that isn't text. tavrel stops at its first word.
+bool ScriptReader::reportOtherFile() {
+  const std::string_view start = words_.text().substr(0, kKindBytes);
+  if (!words_.hasWord() || beginsStatement(word().text) ||
+      start.find('\0') == std::string_view::npos) {
+    return false;
+  }
+  const std::string_view kind = kindOf(start).name;
+  findings_.add("unknown-word", word().offset,
+                kind.empty() ? "the script isn't text" : fmt::format("the script is {}", kind),
+                "Name the file with the statements");
+  return true;
 }
 
 void ScriptReader::readStatements() {
@@ -73,9 +100,13 @@ void ScriptReader::readStatements() {
 
 /// Reports a word that begins no statement. Returns the keyword that was meant, or nothing.
 std::string ScriptReader::unknownStatement() {
-  std::string meant = nearest(word().text, statementKeywords());
-  findings_.add("unknown-word", word().offset, fmt::format("{} is no statement", word().text),
-                suggestion(meant));
+  const std::vector<std::string> keywords = statementKeywords();
+  findings_.add("unknown-word", word().offset, fmt::format("{} isn't a statement", word().text),
+                wordHint(word().text, keywords));
+  std::string meant = meantKeyword(word().text, keywords);
+  if (!meant.empty()) {
+    words_.readAs(meant);
+  }
   return meant;
 }
 
@@ -123,6 +154,14 @@ void ScriptReader::readBlock(const Statement& statement) {
   model_.blocks.push_back(std::move(block));
 }
 
+/// Returns true if the current word is no part of the file name. Right after the name a mistyped
+/// keyword is seen as one. After a stray word nothing more is reported until a word is known.
+bool ScriptReader::endsFileName(const ScriptBlock& block) const {
+  return block.strayWord
+             ? isNoValue(*block.row, word().text)
+             : isOption(word().text) || !nearest(word().text, blockKeywords(*block.row)).empty();
+}
+
 /// Reads the file name. Words after it that mean nothing may be the rest of a name that a space or
 /// a semicolon has split.
 void ScriptReader::readFileName(ScriptBlock& block) {
@@ -132,8 +171,7 @@ void ScriptReader::readFileName(ScriptBlock& block) {
   if (end < text.size() && text[end] == ';') {
     end = std::min(text.find_first_of(" \t\r\n", end), text.size());
   }
-  const std::vector<std::string> keywords = blockKeywords(*block.row);
-  while (words_.next() && !isOption(word().text) && nearest(word().text, keywords).empty()) {
+  while (words_.next() && !endsFileName(block)) {
     if (!block.strayWord) {
       block.strayWord = word();
     }
@@ -162,10 +200,10 @@ void ScriptReader::readOption(ScriptBlock& block, const Option& row) {
                                         return findOption(*block.row, earlier.keyword.text) == &row;
                                       });
   if (isRepeated) {
-    findings_.add("repeated-option", word().offset,
-                  fmt::format("{}: {} is there a second time; the last one counts", block.title(),
-                              row.keyword),
-                  "Remove one of them");
+    findings_.add(
+        "repeated-option", word().offset,
+        fmt::format("{}: {} appears twice; the last one counts", block.title(), row.keyword),
+        "Remove one of them");
   }
   if (!words_.next() || isNoValue(*block.row, word().text)) {
     reportMissing(option.keyword,
@@ -181,16 +219,19 @@ void ScriptReader::readOption(ScriptBlock& block, const Option& row) {
 /// Reads on after a word that is no option: as the nearest one, if it is mistyped, else up to the
 /// next word that is known.
 void ScriptReader::readUnknownOption(ScriptBlock& block) {
-  const std::string meant = nearest(word().text, blockKeywords(*block.row));
+  const std::vector<std::string> keywords = blockKeywords(*block.row);
   findings_.add(
       "unknown-word", word().offset,
-      fmt::format("{}: {} is no option of {}", block.title(), word().text, block.row->keyword),
-      suggestion(meant));
-  if (isKeyword(meant, kAssetEnd) || beginsStatement(meant)) {
-    words_.readAs(meant);  // the caller reads on with it
-    return;
-  }
+      fmt::format("{}: {} isn't an option of {}", block.title(), word().text, block.row->keyword),
+      wordHint(word().text, keywords));
+  const std::string meant = meantKeyword(word().text, keywords);
   ScriptOption option{.row = findOption(*block.row, meant), .keyword = word()};
+  if (!meant.empty()) {
+    words_.readAs(meant);
+  }
+  if (isKeyword(meant, kAssetEnd) || beginsStatement(meant)) {
+    return;  // the caller reads on with it
+  }
   while (words_.next() && !isNoValue(*block.row, word().text)) {
     if (!option.value) {
       option.value = word();

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "compiler/script_language.h"
 
@@ -15,6 +16,10 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 }  // namespace
 
 bool ScriptWords::next() {
+  if (!split_.text.empty()) {
+    word_ = std::exchange(split_, {});
+    return true;
+  }
   hasWord_ = end_ == End::none && (script_.readToken() || takeUnreadWord());
   if (!hasWord_) {
     return false;
@@ -28,13 +33,21 @@ bool ScriptWords::next() {
   return !word_.text.empty() || next();
 }
 
+void ScriptWords::readAs(const std::string& keyword) {
+  const std::size_t sign = word_.text.find('=');
+  if (sign != std::string::npos) {
+    split_ = {word_.text.substr(sign + 1), word_.offset + sign + 1};
+  }
+  word_.text = keyword;
+}
+
 std::optional<std::size_t> ScriptWords::skipToNext() {
   script_.readToken();
   const std::size_t start = script_.tokenStart();
   return start < text().size() ? std::optional(start) : std::nullopt;
 }
 
-/// Judges a word that the tool doesn't read. One without a line end after it is taken all the same.
+/// Judges a word that the tool doesn't read. One without a newline after it is taken all the same.
 bool ScriptWords::takeUnreadWord() {
   const std::size_t start = script_.tokenStart();
   const std::string_view rest = text().substr(start);
@@ -48,11 +61,11 @@ bool ScriptWords::takeUnreadWord() {
   end_ = End::beforeLastWord;
   std::copy(rest.begin(), rest.end(), script_.token.begin());
   script_.token[rest.size()] = '\0';
-  if (!script_.isToken(kScriptEnd)) {  // which needs no line end
+  if (!script_.isToken(kScriptEnd)) {  // which needs no newline
     findings_.add(
         "last-word", start,
-        fmt::format("{} has no line end after it, so tavrel doesn't read it", script_.token.data()),
-        "End the last line with a line end");
+        fmt::format("{} has no newline after it, so tavrel doesn't read it", script_.token.data()),
+        "End the last line with a newline");
   }
   return true;
 }

@@ -15,7 +15,7 @@ class ScriptWords {
   /// Borrows both. The script must be loaded.
   ScriptWords(TokenFile& script, Findings& findings) : script_(script), findings_(findings) {}
 
-  /// Moves to the next word. Returns false at the end. A last word without a line end after it is
+  /// Moves to the next word. Returns false at the end. A last word without a newline after it is
   /// a word here, and is reported. A word that is too long is reported, and ends the script.
   bool next();
 
@@ -28,8 +28,9 @@ class ScriptWords {
   /// Returns the current word. At the end it is the last one.
   [[nodiscard]] const ScriptWord& current() const { return word_; }
 
-  /// Replaces the text of the current word by the keyword that is meant.
-  void readAs(const std::string& keyword) { word_.text = keyword; }
+  /// Replaces the text of the current word by the keyword that is meant. What follows a "=" in it
+  /// becomes the next word.
+  void readAs(const std::string& keyword);
 
   /// Returns true if a word that is too long has ended the script: nothing is known of what
   /// follows, so nothing is missing.
@@ -48,6 +49,7 @@ class ScriptWords {
   TokenFile& script_;
   Findings& findings_;
   ScriptWord word_;
+  ScriptWord split_;  ///< the next word, if it was split off the current one; else empty
   bool hasWord_ = false;
   End end_ = End::none;
 };

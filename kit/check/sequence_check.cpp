@@ -27,7 +27,7 @@ bool checkHeaders(MidiAssetFile& file, BlockFindings& findings) {
   } else if (file.format != 0) {
     findings.addAtFile(
         "sequence-type",
-        fmt::format("the file is of type {}, and the tool leaves it out", file.format),
+        fmt::format("the file is of type {}, and tavrel leaves it out", file.format),
         "Save it as type 0 in its editor, or " + sequenceCommand(findings.fileName()));
   } else if (file.trackValid == 0) {
     findings.addAtFile("sequence-broken", "no track follows the header directly",
@@ -92,7 +92,7 @@ void checkSequence(CheckedAsset& asset, FolderNames& folders, BlockFindings& fin
   asset.isStored = checkTempo(file, findings);
   asset.size = file.assetSize;
   if (!asset.isStored && isWhole) {
-    findings.addAtFile("sequence-no-tempo", "without a tempo event the tool leaves the file out",
+    findings.addAtFile("sequence-no-tempo", "without a tempo event tavrel leaves the file out",
                        "Put a tempo at the start of the sequence");
   }
 }

@@ -45,10 +45,7 @@ void checkWidth(const LoadedSound& sound, std::string_view extension, BlockFindi
         fmt::format("Adpcm is ignored because the samples have {} bits; {} bytes are stored "
                     "uncompressed",
                     sound.bits, sound.size),
-        soxCommand(findings.fileName(), {.oldBits = sound.bits,
-                                         .toMono = sound.channels > 1,
-                                         .to16Bits = true,
-                                         .extension = extension}));
+        soxCommand(findings.fileName(), fixOf(sound, extension, findings)));
   }
 }
 
@@ -82,10 +79,12 @@ void checkLoop(const LoadedSound& sound, bool isPlayable, BlockFindings& finding
 
 }  // namespace
 
-SoundFix fixOf(const LoadedSound& sound, std::string_view extension) {
+SoundFix fixOf(const LoadedSound& sound, std::string_view extension,
+               const BlockFindings& findings) {
+  const bool isFine8Bits = sound.bits == 8 && !isOn(kNotStored, findings);
   return {.oldBits = sound.bits,
           .toMono = sound.channels > 1,
-          .to16Bits = sound.bits != 8 && sound.bits != 16,
+          .to16Bits = !isFine8Bits && sound.bits != 16,
           .extension = extension};
 }
 

@@ -22,8 +22,8 @@ struct LoadedSound {
   std::uint32_t loopEnd = 0;
 };
 
-/// Returns what a conversion of the sound must do.
-SoundFix fixOf(const LoadedSound& sound, std::string_view extension);
+/// Returns what a conversion of the sound must do to fix all that is wrong with its form.
+SoundFix fixOf(const LoadedSound& sound, std::string_view extension, const BlockFindings& findings);
 
 /// Checks what can be seen without the file. `asset` has its size if it is stored.
 void checkSoundOptions(const CheckedAsset& asset, BlockFindings& findings);

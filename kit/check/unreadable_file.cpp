@@ -34,7 +34,10 @@ void requireMemoryFor(const std::string& name) {
   }
 }
 
-std::string hintFor(const std::string& name, const FileKind& kind, const BlockFindings& findings) {
+}  // namespace
+
+std::string conversionHint(const std::string& name, const FileKind& kind,
+                           const BlockFindings& findings) {
   const bool isSound = findings.block().row->kind == kindWave;
   if (kind.pattern == "MThd") {
     return "MidiFileType0 reads MIDI files";
@@ -47,8 +50,6 @@ std::string hintFor(const std::string& name, const FileKind& kind, const BlockFi
   }
   return "Export the file again";
 }
-
-}  // namespace
 
 void reportUnread(const std::string& openedName, FolderNames& folders, BlockFindings& findings) {
   const auto add = [&findings](const char* what) { findings.addAtFile("unreadable-file", what); };
@@ -87,7 +88,7 @@ void reportOtherForm(const std::string& openedName, std::string_view form,
     what = fmt::format("this isn't {}", form);
   }
   findings.addAtFile("unreadable-file", what,
-                     kind.name == form ? "" : hintFor(openedName, kind, findings));
+                     kind.name == form ? "" : conversionHint(openedName, kind, findings));
 }
 
 }  // namespace tavrel::kit

@@ -9,17 +9,16 @@ namespace {
 
 constexpr std::array<Code, 27> kWarnings{{
     {"number-text", Severity::warning, "A number has other characters in it",
-     "The tool reads a number up to the first character that is no digit, and takes 0 where there "
-     "is "
-     "none: 22,050 is 22, 0x10 is 0.",
+     "tavrel reads a number up to the first character that isn't a digit, and takes 0 where there "
+     "is none: 22,050 is 22, 0x10 is 0.",
      "Write decimal digits alone.", "WaveFile boom.wav SampleRate 22,050 AssetEnd\n"},
     {"number-range", Severity::warning, "A number doesn't fit",
-     "Numbers are stored in 32 bits. The tool drops the bits beyond them.",
+     "Numbers are stored in 32 bits. tavrel drops the bits beyond them.",
      "Write a number from -2147483648 to 2147483647; the parameters of a user asset go up to "
      "4294967295.",
      "UserAsset level.dat Parameter0 5000000000 AssetEnd\n"},
     {"flag-text", Severity::warning, "A flag has more than one character",
-     "The tool looks at the first character of a flag alone: 10 is on, and so is 1st.",
+     "tavrel looks at the first character of a flag alone: 10 is on, and so is 1st.",
      "Write 0 or 1.", "WaveFile boom.wav SampleRate 22050 Loop 10 AssetEnd\n"},
     {"adpcm-loop", Severity::warning, "Adpcm is ignored because of Loop",
      "Looped sounds are never compressed: a decoder can't jump back to the start of a loop.",
@@ -32,10 +31,10 @@ constexpr std::array<Code, 27> kWarnings{{
      "Compression takes pairs of samples.", "Make the number of samples even where it matters.",
      "WaveFile 101_samples.wav SampleRate 22050 Adpcm 1 AssetEnd\n"},
     {"sample-rate-missing", Severity::warning, "A sound has no SampleRate",
-     "The tool doesn't take the rate from the file: without SampleRate the bank says 0.",
+     "tavrel doesn't take the rate from the file: without SampleRate the bank says 0.",
      "Add SampleRate with the rate of the file.", "WaveFile boom.wav AssetEnd\n"},
     {"sample-rate-differs", Severity::warning, "SampleRate isn't the rate of the file",
-     "The tool doesn't resample: the bank's rate is that of the script, and a game plays the sound "
+     "tavrel doesn't resample: the bank's rate is that of the script, and a game plays the sound "
      "faster or slower.",
      "Write the rate of the file, or resample it. Ignore this where another pitch is meant.",
      "WaveFile boom.wav SampleRate 11025 AssetEnd\n"},
@@ -45,11 +44,10 @@ constexpr std::array<Code, 27> kWarnings{{
      "Mix the sound down to one channel, or have the game play it as it is.",
      "WaveFile stereo.wav SampleRate 22050 AssetEnd\n"},
     {"raw-width", Severity::warning, "Samples have another width than 4, 8 or 16 bits",
-     "The tool stores such samples as bytes, without knowing them, and games seldom play them.",
+     "tavrel stores such samples as bytes, without knowing them, and games seldom play them.",
      "Convert the sound to 16 bits.", "WaveFile 24_bits.wav SampleRate 22050 AssetEnd\n"},
     {"loop-ignored", Severity::warning, "The file has a loop that the bank won't hold",
-     "Of a WAV file the tool takes no loop points: Loop 1 loops the whole sound. Of an AIFF file "
-     "it "
+     "Of a WAV file tavrel takes no loop points: Loop 1 loops the whole sound. Of an AIFF file it "
      "takes the sustain loop, if Loop 1 asks for it, and plays a ping-pong loop forward.",
      "Save the sound as AIFF and write Loop 1, or cut it to its loop.",
      "WaveFile with_smpl_chunk.wav SampleRate 22050 AssetEnd\n"},
@@ -59,14 +57,13 @@ constexpr std::array<Code, 27> kWarnings{{
      "Move the loop points to zero crossings of the same direction, or crossfade.",
      "WaveFile engine.aif SampleRate 22050 Loop 1 AssetEnd\n"},
     {"loop-markers", Severity::warning, "AIFF markers aren't numbered in the order of the file",
-     "A loop names its markers by number, but the tool counts markers from 1 in the order of the "
+     "A loop names its markers by number, but tavrel counts markers from 1 in the order of the "
      "file: it takes other points.",
      "Number the markers 1, 2, 3 in the order of the file; most editors do when they save anew.",
      "WaveFile markers_7_and_9.aif SampleRate 22050 Loop 1 AssetEnd\n"},
     {"unaligned", Severity::warning, "An asset follows one that isn't padded",
      "Tone banks, FX program banks and FX output banks aren't padded to 4 bytes. What follows one "
-     "of "
-     "another size begins at an offset from which some machines can't read numbers directly.",
+     "of another size begins at an offset from which some machines can't read numbers directly.",
      "List the assets that aren't padded last, or make their sizes multiples of 4.",
      "FxOutputBank 5_bytes.fxo AssetEnd\nUserAsset level.dat AssetEnd\n"},
     {"empty-asset", Severity::warning, "A file has 0 bytes", "The bank gets an asset of size 0.",
@@ -84,15 +81,15 @@ constexpr std::array<Code, 27> kWarnings{{
      "says. A game that opens the file by it doesn't find the bank.",
      "Name the bank with one dot and the extension tvb.", "BankFileName sfx.bank\n"},
     {"after-end", Severity::warning, "There are words after ScriptEnd",
-     "The tool stops at ScriptEnd and ignores what follows.",
-     "Move the statements before ScriptEnd.", "ScriptEnd\nUserAsset level.dat AssetEnd\n"},
+     "tavrel stops at ScriptEnd and ignores what follows.", "Move the statements before ScriptEnd.",
+     "ScriptEnd\nUserAsset level.dat AssetEnd\n"},
     {"no-script-end", Severity::warning, "The script has no ScriptEnd",
      "It isn't needed, but without it nobody sees when the end of the script has been lost.",
      "End the script with ScriptEnd.", "BankFileName sfx.tvb\nUserAsset level.dat AssetEnd\n"},
     {"second-bank-name", Severity::warning, "The bank is named a second time",
      "The last name counts for the files, the first one for the prefix of the defines.",
      "Remove one of them.", "BankFileName a.tvb\nBankFileName b.tvb\n"},
-    {"repeated-option", Severity::warning, "An option stands twice in one block",
+    {"repeated-option", Severity::warning, "An option appears twice in one block",
      "The last one counts.", "Remove one of them.",
      "WaveFile boom.wav SampleRate 22050 SampleRate 11025 AssetEnd\n"},
     {"same-file-twice", Severity::warning, "A file is listed twice", "The bank holds it twice.",

@@ -49,18 +49,18 @@ const Encoding* findEncoding(std::uint16_t tag) {
 }
 
 /// Returns how to make PCM of 16 bits from a sound of another encoding.
-std::string pcmFix(std::uint16_t tag, const LoadedSound& sound, const std::string& name) {
+std::string pcmFix(std::uint16_t tag, const LoadedSound& sound, const BlockFindings& findings) {
   const Encoding* row = findEncoding(tag);
   if (row == nullptr || row->reader == Converter::none) {
     return "Export the sound again as PCM of 16 bits";
   }
   if (row->reader == Converter::ffmpeg) {
-    return convertCommand(name,
+    return convertCommand(findings.fileName(),
                           {.pattern = "", .name = "", .extension = "", .converter = row->reader});
   }
-  SoundFix fix = fixOf(sound, kExtension);
+  SoundFix fix = fixOf(sound, kExtension, findings);
   fix.to16Bits = fix.toPcm = true;
-  return soxCommand(name, fix);
+  return soxCommand(findings.fileName(), fix);
 }
 
 /// Of an AIFF file whose extension isn't aif the tool would read a WAV file with a shorter name.
@@ -78,7 +78,7 @@ const char* damageOf(WaveFault fault, const WaveChunks& chunks) {
       return "the file ends in its format (the fmt chunk)";
     case WaveFault::noData:
       return chunks.hasDataBeforeFormat
-                 ? "the samples are before the format, and the tool looks for them after it"
+                 ? "the samples are before the format, and tavrel looks for them after it"
                  : "the file has no samples (a data chunk)";
     default:
       return "the file ends before the last of its samples";
@@ -107,7 +107,7 @@ void checkChunks(const WaveChunks& chunks, BlockFindings& findings) {
   if (chunks.dataCount > 1) {
     findings.addAtFile(
         "damaged-sound",
-        fmt::format("the file has {} data chunks, and the tool stores the first one after the "
+        fmt::format("the file has {} data chunks, and tavrel stores the first one after the "
                     "format alone",
                     chunks.dataCount),
         "Export the sound again");
@@ -131,7 +131,7 @@ bool checkEncoding(std::uint16_t tag, const LoadedSound& sound, BlockFindings& f
       tag == kPcm ? "a game would take samples of 4 bits for ADPCM"
                   : fmt::format("the samples are {}, and a game plays what the bank holds as noise",
                                 encodingName(tag)),
-      pcmFix(tag, sound, findings.fileName()));
+      pcmFix(tag, sound, findings));
   return false;
 }
 
@@ -141,13 +141,13 @@ void checkForm(const LoadedSound& sound, BlockFindings& findings) {
                        fmt::format("the samples of {} channels alternate, and the bank doesn't say "
                                    "how many there are",
                                    sound.channels),
-                       soxCommand(findings.fileName(), fixOf(sound, kExtension)));
+                       soxCommand(findings.fileName(), fixOf(sound, kExtension, findings)));
   }
   if (sound.bits != 4 && sound.bits != 8 && sound.bits != 16) {
     findings.addAtFile(
         "raw-width",
         fmt::format("samples of {} bits are stored as they are, {} bytes", sound.bits, sound.size),
-        soxCommand(findings.fileName(), fixOf(sound, kExtension)));
+        soxCommand(findings.fileName(), fixOf(sound, kExtension, findings)));
   }
 }
 

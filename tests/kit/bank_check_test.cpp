@@ -63,6 +63,7 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
            Row{bank("b.tvb") + asset("a-b.dat"), "define-invalid 2:11"},
            Row{bank("b.tvb") + asset("in/x.dat"), "define-invalid 2:11"},
            Row{bank("b.tvb") + asset("in\\x.dat"), ""},
+           Row{bank("b.tvb") + asset("four.dat foo Paramter0 5"), "unknown-word 2:20"},
            Row{bank("a-b.tvb") + asset("four.dat") + asset("five.dat"), "define-invalid 1:14"},
            Row{bank("a-b.tvb") + asset("four.dat"), "define-invalid 1:14", {"--prefix", "P"}},
            Row{bank("2b.tvb") + asset("four.dat"), "define-invalid 1:14"},

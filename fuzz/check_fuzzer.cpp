@@ -1,5 +1,6 @@
 // Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, and
-// the bank passes verify. The other commands that read scripts and assets must answer.
+// the bank passes verify. A fixed script has nothing left to fix. The other commands that read
+// scripts and assets must answer.
 //
 // | Content | Goes to |
 // |---|---|
@@ -22,7 +23,8 @@
 #include "fuzz/require.h"
 #include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
-#include "kit/check/check_script.h"
+#include "kit/check/script_fix.h"
+#include "kit/check/unified_diff.h"
 #include "kit/frame/command_line.h"
 #include "tests/support/packed_script.h"
 
@@ -55,6 +57,15 @@ void runOtherCommands() {
   }
 }
 
+/// Fixes a script. Nothing must be left to fix, and a good script must stay good.
+void requireFixed(const kit::RunPlan& plan, bool isGood) {
+  const kit::FixedScript fixed = kit::fixScript(plan, {});
+  kit::writeFixed(plan, fixed);
+  require(kit::fixScript(plan, {}).fixCount == 0);
+  require(kit::unifiedDiff("s.txt", fixed.text).empty() == (fixed.fixCount == 0));
+  require(!isGood || fixed.left.count(kit::Severity::error) == 0);
+}
+
 }  // namespace
 
 }  // namespace tavrel::fuzz
@@ -78,12 +89,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
   kit::Output output;
   const int quality = kit::runCommandLine({"quality", "s.txt"}, output);
-  const kit::CheckedScript checked =
-      kit::checkScript({.scriptPath = "s.txt"}, {.lowestQuality = 40});
-  if (checked.count(kit::Severity::error) == 0) {
+  const kit::RunPlan plan{.scriptPath = "s.txt"};
+  const bool isGood =
+      kit::checkScript(plan, {.lowestQuality = 40}).count(kit::Severity::error) == 0;
+  if (isGood) {
     fuzz::requirePacked(script);
     fuzz::require(quality == kit::exitYes);
   }
   fuzz::runOtherCommands();
+  fuzz::requireFixed(plan, isGood);
   return 0;
 }

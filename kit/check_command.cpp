@@ -9,6 +9,8 @@
 
 #include "kit/check/check_script.h"
 #include "kit/check/report_formats.h"
+#include "kit/check/script_fix.h"
+#include "kit/check/unified_diff.h"
 #include "kit/commands.h"
 #include "kit/frame/colour.h"
 #include "kit/frame/failure.h"
@@ -107,6 +109,40 @@ std::string pathForUser(const std::string& script, const Arguments& arguments) {
   return (std::filesystem::path(arguments.value("-C").value_or("")) / script).string();
 }
 
+std::vector<CheckedScript> checkScripts(const std::vector<std::string>& names,
+                                        const CheckOptions& options, const Arguments& arguments) {
+  std::vector<CheckedScript> scripts;
+  for (const std::string& name : names) {
+    scripts.push_back(checkScript(planFor(name, arguments), options));
+    scripts.back().path = pathForUser(name, arguments);
+  }
+  return scripts;
+}
+
+bool isDry(const Arguments& arguments) { return arguments.value("--fix") == "dry"; }
+
+/// Fixes all scripts before it writes the first one. Returns what is left.
+std::vector<CheckedScript> fixScripts(const std::vector<std::string>& names,
+                                      const CheckOptions& options, const Arguments& arguments,
+                                      Output& output) {
+  std::vector<FixedScript> fixed;
+  for (const std::string& name : names) {
+    fixed.push_back(fixScript(planFor(name, arguments), options));
+    fixed.back().left.path = pathForUser(name, arguments);
+  }
+  std::vector<CheckedScript> left;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (isDry(arguments)) {
+      output.results += unifiedDiff(fixed[i].left.path, fixed[i].text);
+    } else {
+      writeFixed(planFor(names[i], arguments), fixed[i]);
+      output.messages += fixCount(fixed[i]);
+    }
+    left.push_back(std::move(fixed[i].left));
+  }
+  return left;
+}
+
 int runCheck(const Arguments& arguments, Output& output) {
   if (arguments.has("--list-codes")) {
     output.results = listOfCodes(arguments);
@@ -117,14 +153,20 @@ int runCheck(const Arguments& arguments, Output& output) {
   }
   const CheckOptions options = checkOptions(arguments);
   const std::string form = formOf(arguments);
-  changeDirectory(arguments);
-  std::vector<CheckedScript> scripts;
-  for (const std::string& script : differentScripts(arguments.operands)) {
-    scripts.push_back(checkScript(planFor(script, arguments), options));
-    scripts.back().path = pathForUser(script, arguments);
+  if (isDry(arguments) && form != "text") {
+    throw Failure("--fix=dry prints a diff, which has no other form");
   }
-  output.results = formatted(scripts, form);
-  output.messages = problemCount(scripts);
+  changeDirectory(arguments);
+  const std::vector<std::string> names = differentScripts(arguments.operands);
+  std::vector<CheckedScript> scripts = arguments.has("--fix")
+                                           ? fixScripts(names, options, arguments, output)
+                                           : checkScripts(names, options, arguments);
+  if (isDry(arguments)) {
+    output.messages += problemsAsText(scripts, showsColours(stderr));
+  } else {
+    output.results = formatted(scripts, form);
+  }
+  output.messages += problemCount(scripts);
   const bool hasErrors = countOf(scripts, Severity::error) > 0;
   const bool hasWarnings = countOf(scripts, Severity::warning) > 0;
   return hasErrors || (hasWarnings && arguments.has("--werror")) ? exitNo : exitYes;
@@ -148,24 +190,33 @@ Command checkCommand() {
           "line on which a statement begins, for that statement, or by such a comment among the "
           "first lines of the script, for the whole script.\n\n"
           "Paths in the report start from the folder in which tavkit was started, also with -C, so "
-          "that editors find the files. Commands in it are for the folder of -C.",
+          "that editors find the files. Commands in it are for the folder of -C.\n\n"
+          "With --fix the script is replaced by one in which these are fixed: the end of its last "
+          "line, a byte order mark, a missing ScriptEnd, the case of a file name, a / in a file "
+          "name that spoils its define, and a missing SampleRate, which becomes that of the file. "
+          "Nothing else in the script changes, and what is left is reported. Problems that are "
+          "allowed aren't fixed. The diff of --fix=dry is for patch -p0.",
       .example = "tavkit check sounds.txt",
-      .options =
-          joined(scriptOptions(),
-                 {{.names = "--format",
-                   .value = "FORM",
-                   .help = "Print text, which editors parse, json or sarif",
-                   .words = {"text", "json", "sarif"}},
-                  {.names = "--json", .help = "Print one JSON document: --format json"},
-                  {.names = "--werror", .help = "Exit with 1 for warnings too"},
-                  {.names = "--allow",
-                   .value = "CODE",
-                   .help = "Don't report warnings with this code, or with these: CODE,CODE"},
-                  belowOption("Warn of compressed sounds with a ratio below DB decibels"),
-                  {.names = "--max-bytes",
-                   .value = "N",
-                   .help = "Report a bank longer than N bytes as an error; N may be 64K or 8M"},
-                  {.names = "--list-codes", .help = "List the codes of all problems"}}),
+      .options = joined(
+          scriptOptions(),
+          {{.names = "--format",
+            .value = "FORM",
+            .help = "Print text, which editors parse, json or sarif",
+            .words = {"text", "json", "sarif"}},
+           {.names = "--json", .help = "Print one JSON document: --format json"},
+           {.names = "--werror", .help = "Exit with 1 for warnings too"},
+           {.names = "--allow",
+            .value = "CODE",
+            .help = "Don't report warnings with this code, or with these: CODE,CODE"},
+           belowOption("Warn of compressed sounds with a ratio below DB decibels"),
+           {.names = "--max-bytes",
+            .value = "N",
+            .help = "Report a bank longer than N bytes as an error; N may be 64K or 8M"},
+           {.names = "--fix",
+            .help =
+                "Fix what has one safe fix; with =dry print the change as a diff and write nothing",
+            .words = {"dry"}},
+           {.names = "--list-codes", .help = "List the codes of all problems"}}),
       .run = runCheck,
   };
 }

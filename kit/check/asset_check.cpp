@@ -91,8 +91,11 @@ void checkCut(const CheckedAsset& asset, std::string_view name, std::string_view
 void checkCase(const CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   const std::string spelling = folders.spelling(asset.openedName);
   if (spelling != asset.openedName) {
+    const ScriptWord& file = *findings.block().file;
+    const bool isWholeName = asset.openedName == file.text;
     findings.addAtFile("case-differs", fmt::format("the file is called {}", spelling),
-                       fmt::format("Write {}", spelling));
+                       fmt::format("Write {}", spelling),
+                       isWholeName ? std::optional(file.replacedBy(spelling)) : std::nullopt);
   }
 }
 

@@ -8,12 +8,14 @@
 namespace tavrel::kit {
 
 void BlockFindings::add(std::string_view code, std::size_t offset, std::string_view what,
-                        std::string hint) {
-  findings_.add(code, offset, fmt::format("{}: {}", fileName(), what), std::move(hint));
+                        std::string hint, std::optional<Edit> edit) {
+  findings_.add(code, offset, fmt::format("{}: {}", fileName(), what), std::move(hint),
+                std::move(edit));
 }
 
-void BlockFindings::addAtFile(std::string_view code, std::string_view what, std::string hint) {
-  add(code, block_.file->offset, what, std::move(hint));
+void BlockFindings::addAtFile(std::string_view code, std::string_view what, std::string hint,
+                              std::optional<Edit> edit) {
+  add(code, block_.file->offset, what, std::move(hint), std::move(edit));
 }
 
 void BlockFindings::addAtOption(std::string_view code, int parameter, std::string_view what,

@@ -1,6 +1,7 @@
 // What is found out about one block. Puts each problem at its place and names the asset in it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,8 @@ class BlockFindings {
       : block_(block), findings_(findings) {}
 
   /// Adds a problem at the file name. The message is the name, as the script has it, and `what`.
-  void addAtFile(std::string_view code, std::string_view what, std::string hint = {});
+  void addAtFile(std::string_view code, std::string_view what, std::string hint = {},
+                 std::optional<Edit> edit = {});
 
   /// Adds one at the keyword of an option that has a value.
   void addAtOption(std::string_view code, int parameter, std::string_view what,
@@ -37,7 +39,8 @@ class BlockFindings {
   [[nodiscard]] const std::string& fileName() const { return block_.file->text; }
 
  private:
-  void add(std::string_view code, std::size_t offset, std::string_view what, std::string hint);
+  void add(std::string_view code, std::size_t offset, std::string_view what, std::string hint,
+           std::optional<Edit> edit = {});
 
   const ScriptBlock& block_;
   Findings& findings_;

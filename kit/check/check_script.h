@@ -28,6 +28,9 @@ struct CheckedScript {
   [[nodiscard]] std::size_t count(Severity severity) const;
 };
 
+/// Checks a script whose text is in memory.
+CheckedScript checkText(std::string text, const RunPlan& plan, const CheckOptions& options);
+
 /// Checks a script. Throws Failure if it can't be read.
 CheckedScript checkScript(const RunPlan& plan, const CheckOptions& options);
 

@@ -5,10 +5,14 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "compiler/asset_data.h"
 #include "compiler/names.h"
+#include "foundation/file_name.h"
 #include "kit/bank/c_identifier.h"
 #include "kit/check/bank_checks.h"
 #include "kit/check/word_hints.h"
+#include "platform/file_identity.h"
+#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
@@ -91,25 +95,22 @@ void checkGuardLength(const BankNames& names, Findings& findings) {
   }
 }
 
-/// Returns how to give an asset a define that is an identifier.
-std::string betterFileName(const std::string& name) {
-  std::string withBackslashes = name;
-  std::replace(withBackslashes.begin(), withBackslashes.end(), '/', '\\');
-  const bool hasSlash = withBackslashes != name;
-  return fmt::format("{} {}", hasSlash ? "Write" : "Rename the file to",
-                     hasSlash ? withBackslashes : cleaned(name));
+std::string withBackslashes(std::string name) {
+  std::replace(name.begin(), name.end(), '/', '\\');
+  return name;
 }
 
-void checkIdentifiers(const BankNames& names, const StoredAssets& assets, Findings& findings) {
-  for (const CheckedAsset* asset : assets) {
-    const ScriptWord& file = *asset->block->file;
-    if (!isFineAfterPrefix(asset->name)) {
-      findings.add("define-invalid", file.offset,
-                   fmt::format("{}: its define, {}, isn't a C identifier", file.text,
-                               names.define(asset->name)),
-                   betterFileName(file.text));
-    }
-  }
+/// Returns true if the host finds one file under two names.
+bool isSameFile(const std::string& first, const std::string& second) {
+  const auto identity = fileIdentity(hostPath(first.c_str()).c_str());
+  return identity && identity == fileIdentity(hostPath(second.c_str()).c_str());
+}
+
+/// Returns how to give an asset a define that is an identifier.
+std::string betterFileName(const std::string& name) {
+  const std::string better = withBackslashes(name);
+  return better != name ? fmt::format("Write {}", better)
+                        : fmt::format("Rename the file to {}", cleaned(name));
 }
 
 /// Returns the defines that are there before those of the assets, each with whose it is.
@@ -125,6 +126,39 @@ std::unordered_map<std::string, std::string> ownDefines(const BankNames& names) 
     }
   }
   return owners;
+}
+
+/// Returns the edit that writes an asset's file name with backslashes, if the file is found under
+/// it and its define is an identifier that isn't in `taken`, where it is added.
+std::optional<Edit> backslashEdit(const BankNames& names, const CheckedAsset& asset,
+                                  std::unordered_map<std::string, std::string>& taken) {
+  const ScriptWord& file = *asset.block->file;
+  const std::string written = withBackslashes(file.text);
+  FileName parts;
+  parts.splitNameAndPath(written.c_str());
+  AssetData::Name name{};
+  const bool isFine = written != file.text &&
+                      assetName(parts.getNameOnly(), parts.getExtensionOnly(), name) &&
+                      isFineAfterPrefix(name.data()) &&
+                      isSameFile(asset.openedName, withBackslashes(asset.openedName)) &&
+                      taken.emplace(names.define(name.data()), file.text).second;
+  return isFine ? std::optional(file.replacedBy(written)) : std::nullopt;
+}
+
+void checkIdentifiers(const BankNames& names, const StoredAssets& assets, Findings& findings) {
+  auto taken = ownDefines(names);
+  for (const CheckedAsset* asset : assets) {
+    taken.emplace(names.define(asset->name), asset->block->file->text);
+  }
+  for (const CheckedAsset* asset : assets) {
+    const ScriptWord& file = *asset->block->file;
+    if (!isFineAfterPrefix(asset->name)) {
+      findings.add("define-invalid", file.offset,
+                   fmt::format("{}: its define, {}, isn't a C identifier", file.text,
+                               names.define(asset->name)),
+                   betterFileName(file.text), backslashEdit(names, *asset, taken));
+    }
+  }
 }
 
 void checkDuplicates(const BankNames& names, const StoredAssets& assets, Findings& findings) {

@@ -5,11 +5,11 @@
 
 namespace tavrel::kit {
 
-void Findings::add(std::string_view code, std::size_t offset, std::string message,
-                   std::string hint) {
+void Findings::add(std::string_view code, std::size_t offset, std::string message, std::string hint,
+                   std::optional<Edit> edit) {
   const Code* row = findCode(code);
   assert(row != nullptr);
-  diagnostics_.push_back({row, offset, std::move(message), std::move(hint)});
+  diagnostics_.push_back({row, offset, std::move(message), std::move(hint), std::move(edit)});
 }
 
 std::vector<Diagnostic> Findings::sorted() const {

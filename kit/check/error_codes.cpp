@@ -32,7 +32,9 @@ constexpr std::array<Code, 27> kErrors{{
     {"last-word", Severity::error, "The last word has no newline after it",
      "tavrel reads a word only if a blank, a newline or a semicolon follows. The last word of the "
      "script is silently not there, and a block that it would end is dropped.",
-     "End the last line with a newline.", "FxOutputBank stereo.fxo AssetEnd"},
+     "End the last line with a newline. tavkit check --fix does, unless the word would be an "
+     "error.",
+     "FxOutputBank stereo.fxo AssetEnd"},
     {"long-word", Severity::error, "A word has more than 1,024 characters",
      "tavrel stops there. Often a file that isn't text was taken for a script.",
      "Shorten the word, or give the right file.", "UserAsset <1,025 characters> AssetEnd\n"},
@@ -40,12 +42,15 @@ constexpr std::array<Code, 27> kErrors{{
      "Some editors begin text with the three bytes EF BB BF. For tavrel they are part of the first "
      "word, which then isn't a keyword. The marks FF FE and FE FF begin UTF-16 text, of which it "
      "reads nothing.",
-     "Save the script as UTF-8 without a byte order mark.", "<EF BB BF>BankFileName sfx.tvb\n"},
+     "Save the script as UTF-8 without a byte order mark. tavkit check --fix removes the mark EF "
+     "BB BF.",
+     "<EF BB BF>BankFileName sfx.tvb\n"},
     {"missing-file", Severity::error, "An asset's file isn't there",
      "tavrel looks for the file from the current folder, under the name as the script has it. It "
      "takes neither quotes nor spaces in a name: a space or a semicolon ends it. The asset is "
      "dropped, or the run fails.",
-     "Correct the name, run from the right folder, or rename the file so that it has no spaces.",
+     "Correct the name, run from the right folder, or rename the file so that it has no spaces. "
+     "tavkit check --fix corrects the case of a name.",
      "WaveFile door slam.wav SampleRate 22050 AssetEnd\n"},
     {"unreadable-file", Severity::error, "A file isn't what its statement reads",
      "A statement has one reader, chosen by its keyword and the file's extension: WaveFile reads "
@@ -96,7 +101,9 @@ constexpr std::array<Code, 27> kErrors{{
      "The header names each asset after its file: the prefix, the name and the extension, in upper "
      "case. Only letters, digits and _ make an identifier, and a digit can't be first. The header "
      "doesn't compile, or defines something else.",
-     "Rename the file, or set a prefix with HeaderPrefix.", "UserAsset level-1.dat AssetEnd\n"},
+     "Rename the file, or set a prefix with HeaderPrefix. Where a / spoils the define, write a \\; "
+     "tavkit check --fix does, unless the new define is taken.",
+     "UserAsset level-1.dat AssetEnd\n"},
     {"define-duplicate", Severity::error, "Two defines would have the same name",
      "The header names assets after their files without the folder, so boom.wav in two folders is "
      "one name, and so are boom.wav and BOOM.WAV. The bank's own defines and the guard count too.",

@@ -24,6 +24,14 @@ std::string partInOtherCase(std::string_view name, const std::vector<std::string
   return found == names.end() ? "" : *found;
 }
 
+std::string onlyPartInOtherCase(std::string_view name, const std::vector<std::string>& names) {
+  const std::string wanted(name);
+  const auto count = std::count_if(names.begin(), names.end(), [&wanted](const std::string& one) {
+    return equalsIgnoringCase(one.c_str(), wanted.c_str());
+  });
+  return count == 1 ? partInOtherCase(name, names) : "";
+}
+
 /// Returns the nearest name, or one that differs only in its extension.
 std::string nearestPart(std::string_view name, const std::vector<std::string>& names) {
   std::string best = nearest(name, names);
@@ -84,6 +92,11 @@ std::string FolderNames::replaceParts(const std::string& name, Choose choose) {
 
 std::string FolderNames::nearestName(const std::string& name) {
   std::string found = replaceParts(name, nearestPart);
+  return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
+}
+
+std::string FolderNames::onlyOtherCase(const std::string& name) {
+  std::string found = replaceParts(name, onlyPartInOtherCase);
   return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
 }
 

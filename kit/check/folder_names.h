@@ -16,6 +16,10 @@ class FolderNames {
   /// none.
   std::string nearestName(const std::string& name);
 
+  /// Returns the only name of a file that differs from `name`, which isn't there, in nothing but
+  /// case. Returns the empty string if there is none or more than one.
+  std::string onlyOtherCase(const std::string& name);
+
   /// Returns `name`, whose file is there, as the folders spell it. Differs from `name` only where
   /// the file system ignores case.
   std::string spelling(const std::string& name);

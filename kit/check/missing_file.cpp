@@ -92,6 +92,15 @@ std::string suggestion(const std::string& wanted, const std::string& found) {
              : fmt::format("; did you mean {}?", found);
 }
 
+/// Returns the edit that corrects the case of the name, if one file alone can be meant.
+std::optional<Edit> caseEdit(const std::string& openedName, FolderNames& folders,
+                             const BlockFindings& findings) {
+  const std::string found = folders.onlyOtherCase(openedName);
+  return found.empty() || openedName != findings.fileName()
+             ? std::nullopt
+             : std::optional(findings.block().file->replacedBy(found));
+}
+
 }  // namespace
 
 void reportMissing(const std::string& openedName, FolderNames& folders, BlockFindings& findings) {
@@ -111,7 +120,8 @@ void reportMissing(const std::string& openedName, FolderNames& folders, BlockFin
     const std::string found = folders.nearestName(openedName);
     findings.addAtFile("missing-file", "there is no such file" + suggestion(openedName, found),
                        found.empty() ? "Files are found from the current folder, or from that of -C"
-                                     : fmt::format("Write {}", found));
+                                     : fmt::format("Write {}", found),
+                       caseEdit(openedName, folders, findings));
   }
 }
 

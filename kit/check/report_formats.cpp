@@ -77,6 +77,12 @@ std::string problemCount(const std::vector<CheckedScript>& scripts) {
                      plural(countOf(scripts, Severity::warning), "warning"));
 }
 
+std::string fixCount(const FixedScript& script) {
+  return script.fixCount == 0 ? ""
+                              : fmt::format("{}: {} fixed\n", displayText(script.left.path),
+                                            plural(script.fixCount, "problem"));
+}
+
 std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isColoured) {
   std::string text;
   for (const CheckedScript& script : scripts) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "kit/check/check_script.h"
+#include "kit/check/script_fix.h"
 
 namespace tavrel::kit {
 
@@ -20,6 +21,10 @@ std::string problemsAsSarif(const std::vector<CheckedScript>& scripts);
 
 /// Returns how many problems there are: "1 error, 2 warnings".
 std::string problemCount(const std::vector<CheckedScript>& scripts);
+
+/// Returns how many problems have been fixed, or nothing if there were none: "sounds.txt: 2
+/// problems fixed".
+std::string fixCount(const FixedScript& script);
 
 /// Returns how many problems of a severity there are.
 std::size_t countOf(const std::vector<CheckedScript>& scripts, Severity severity);

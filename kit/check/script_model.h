@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "compiler/script_language.h"
@@ -16,6 +17,12 @@ namespace tavrel::kit {
 struct ScriptWord {
   std::string text;
   std::size_t offset = 0;  ///< of its first character in the script
+  std::size_t size = 0;    ///< in the script, where the word may go on after a NUL
+
+  /// Returns the edit that replaces the word.
+  [[nodiscard]] Edit replacedBy(std::string replacement) const {
+    return {offset, size, std::move(replacement)};
+  }
 };
 
 /// An option of a block, as it was written.
@@ -36,6 +43,16 @@ struct ScriptBlock {
   std::string wholeName{};  ///< the file name with these words, or with what follows after a ";"
   std::vector<ScriptOption> options{};
   bool isFinished = false;  ///< it has its AssetEnd
+  /// Inserts an option between the file name and the next word when the option is put between
+  /// `optionStart` and `optionEnd`, at `optionPlace`.
+  std::size_t optionPlace = 0;
+  std::string optionStart{};
+  std::string optionEnd{};
+
+  /// Returns the edit that adds an option with its value.
+  [[nodiscard]] Edit withOption(std::string_view option) const {
+    return {optionPlace, 0, optionStart + std::string(option) + optionEnd};
+  }
 
   /// Returns what messages call the block: its file name, or the statement's keyword.
   [[nodiscard]] std::string title() const { return file ? file->text : row->keyword; }

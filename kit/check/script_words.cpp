@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "compiler/script_language.h"
+#include "kit/check/source_text.h"
 
 namespace tavrel::kit {
 
@@ -14,6 +15,12 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
+
+std::size_t ScriptWords::wordSize(std::size_t start) const {
+  const std::string_view rest = text().substr(start);
+  return static_cast<std::size_t>(std::find_if(rest.begin(), rest.end(), TokenFile::isDelimiter) -
+                                  rest.begin());
+}
 
 bool ScriptWords::next() {
   if (!split_.text.empty()) {
@@ -24,19 +31,21 @@ bool ScriptWords::next() {
   if (!hasWord_) {
     return false;
   }
-  word_ = {script_.token.data(), script_.tokenStart()};
+  word_ = {script_.token.data(), script_.tokenStart(), wordSize(script_.tokenStart())};
   if (word_.offset > 0 || !word_.text.starts_with(kByteOrderMark)) {
     return true;
   }
-  findings_.add("byte-order-mark", 0, "the script begins with a byte order mark");
-  word_ = {word_.text.substr(kByteOrderMark.size()), kByteOrderMark.size()};
+  findings_.add("byte-order-mark", 0, "the script begins with a byte order mark",
+                "Save it without a byte order mark", Edit{.length = kByteOrderMark.size()});
+  word_ = {word_.text.substr(kByteOrderMark.size()), kByteOrderMark.size(),
+           word_.size - kByteOrderMark.size()};
   return !word_.text.empty() || next();
 }
 
 void ScriptWords::readAs(const std::string& keyword) {
   const std::size_t sign = word_.text.find('=');
   if (sign != std::string::npos) {
-    split_ = {word_.text.substr(sign + 1), word_.offset + sign + 1};
+    split_ = {word_.text.substr(sign + 1), word_.offset + sign + 1, word_.size - sign - 1};
   }
   word_.text = keyword;
 }
@@ -65,9 +74,15 @@ bool ScriptWords::takeUnreadWord() {
     findings_.add(
         "last-word", start,
         fmt::format("{} has no newline after it, so tavrel doesn't read it", script_.token.data()),
-        "End the last line with a newline");
+        "End the last line with a newline", Edit{text().size(), 0, lineEndOf(text())});
   }
   return true;
+}
+
+void ScriptWords::reportMissingValue(const ScriptWord& keyword, std::string message) {
+  if (!isCutShort()) {
+    findings_.add("missing-value", keyword.offset, std::move(message), "Write the value");
+  }
 }
 
 void ScriptWords::reportLongWord(std::size_t start) {

@@ -22,6 +22,9 @@ class ScriptWords {
   /// Moves to the next word without judging it. Returns its offset, or nothing at the end.
   std::optional<std::size_t> skipToNext();
 
+  /// Reports that a keyword lacks its value, unless the script is cut short.
+  void reportMissingValue(const ScriptWord& keyword, std::string message);
+
   /// Returns false at the end of the script, and before the first `next`.
   [[nodiscard]] bool hasWord() const { return hasWord_; }
 
@@ -36,6 +39,9 @@ class ScriptWords {
   /// follows, so nothing is missing.
   [[nodiscard]] bool isCutShort() const { return end_ == End::atLongWord; }
 
+  /// Returns true if the tool doesn't read the last word, which has no newline after it.
+  [[nodiscard]] bool isLastUnread() const { return end_ == End::beforeLastWord; }
+
   /// Returns the whole script.
   [[nodiscard]] std::string_view text() const { return script_.text(); }
 
@@ -43,6 +49,7 @@ class ScriptWords {
   /// How the tool ends reading.
   enum class End { none, beforeLastWord, atLongWord };
 
+  [[nodiscard]] std::size_t wordSize(std::size_t start) const;
   bool takeUnreadWord();
   void reportLongWord(std::size_t start);
 

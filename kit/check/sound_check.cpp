@@ -94,8 +94,11 @@ void checkSoundOptions(const CheckedAsset& asset, BlockFindings& findings) {
       block.options.begin(), block.options.end(),
       [](const ScriptOption& option) { return option.row->parameter == waveSampleRate; });
   if (!namesRate && block.isFinished) {
-    findings.addAtFile("sample-rate-missing", "without SampleRate the bank would say 0 Hz",
-                       asset.fileRate == 0 ? "" : fmt::format("SampleRate {}", asset.fileRate));
+    const std::string rate =
+        asset.fileRate == 0 ? "" : fmt::format("SampleRate {}", asset.fileRate);
+    const bool canFix = isPlainNumber(std::to_string(asset.fileRate)) && !rate.empty();
+    findings.addAtFile("sample-rate-missing", "without SampleRate the bank would say 0 Hz", rate,
+                       canFix ? std::optional(block.withOption(rate)) : std::nullopt);
   }
   if (isOn(waveLoop, findings) && isOn(kNotStored, findings)) {
     findings.addAtOption(

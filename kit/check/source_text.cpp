@@ -6,6 +6,11 @@
 
 namespace tavrel::kit {
 
+std::string lineEndOf(std::string_view text) {
+  const std::string_view first = text.substr(std::min(text.find_first_of("\r\n"), text.size()), 2);
+  return first == "\r\n" ? "\r\n" : first.starts_with('\r') ? "\r" : "\n";
+}
+
 SourceText::SourceText(std::string wholeText)
     : text_(std::move(wholeText)), lineStarts_{0}, marks_{{0, {}}} {
   constexpr std::size_t kBetweenMarks = 1024;

@@ -9,6 +9,9 @@
 
 namespace tavrel::kit {
 
+/// Returns the line end that a script uses.
+std::string lineEndOf(std::string_view text);
+
 struct Position {
   std::size_t line = 1;
   std::size_t column = 1;

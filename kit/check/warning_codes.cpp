@@ -32,7 +32,8 @@ constexpr std::array<Code, 27> kWarnings{{
      "WaveFile 101_samples.wav SampleRate 22050 Adpcm 1 AssetEnd\n"},
     {"sample-rate-missing", Severity::warning, "A sound has no SampleRate",
      "tavrel doesn't take the rate from the file: without SampleRate the bank says 0.",
-     "Add SampleRate with the rate of the file.", "WaveFile boom.wav AssetEnd\n"},
+     "Add SampleRate with the rate of the file, as tavkit check --fix does.",
+     "WaveFile boom.wav AssetEnd\n"},
     {"sample-rate-differs", Severity::warning, "SampleRate isn't the rate of the file",
      "tavrel doesn't resample: the bank's rate is that of the script, and a game plays the sound "
      "faster or slower.",
@@ -70,7 +71,7 @@ constexpr std::array<Code, 27> kWarnings{{
      "Export the file again, or remove the block.", "UserAsset 0_bytes.dat AssetEnd\n"},
     {"case-differs", Severity::warning, "The file's name has another case",
      "This file system ignores case, and others don't: there the file is missing.",
-     "Write the name as the file has it.",
+     "Write the name as the file has it, as tavkit check --fix does.",
      "WaveFile Boom.wav SampleRate 22050 AssetEnd  ; the file is boom.wav\n"},
     {"name-cut", Severity::warning, "A name is cut",
      "Of a WAV file's extension three characters are used, and of any extension the define takes "
@@ -85,7 +86,8 @@ constexpr std::array<Code, 27> kWarnings{{
      "ScriptEnd\nUserAsset level.dat AssetEnd\n"},
     {"no-script-end", Severity::warning, "The script has no ScriptEnd",
      "It isn't needed, but without it nobody sees when the end of the script has been lost.",
-     "End the script with ScriptEnd.", "BankFileName sfx.tvb\nUserAsset level.dat AssetEnd\n"},
+     "End the script with ScriptEnd, as tavkit check --fix does.",
+     "BankFileName sfx.tvb\nUserAsset level.dat AssetEnd\n"},
     {"second-bank-name", Severity::warning, "The bank is named a second time",
      "The last name counts for the files, the first one for the prefix of the defines.",
      "Remove one of them.", "BankFileName a.tvb\nBankFileName b.tvb\n"},

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "compiler/run_driver.h"
-#include "kit/check/check_script.h"
+#include "kit/check/script_fix.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/command_line.h"
 #include "tests/support/packed_script.h"
@@ -60,6 +60,23 @@ class CheckPromiseTest : public testing::Test {
       const bool hasSeparator = wanted.bank.find('/') != std::string::npos;
       EXPECT_TRUE(mayBeFalseAlarms(errors, hasSeparator)) << PrintToString(errors);
     }
+    restore(wanted.bank);
+    restore(wanted.header());
+    if (loss.empty()) {
+      judgeFixes(script, prefix);
+    }
+  }
+
+  /// Fixes a script that is packed whole. It must still be, and leave nothing to fix.
+  void judgeFixes(const std::string& script, const std::string& prefix) {
+    const RunPlan plan{.scriptPath = "s.txt", .prefix = prefix};
+    folder_.write("s.txt", script);
+    const FixedScript fixed = fixScript(plan, {});
+    const std::string text(fixed.left.text.text());
+    folder_.write("s.txt", text);
+    EXPECT_EQ(fixScript(plan, {}).fixCount, 0U);
+    const test::Wanted wanted = test::wantedBy(text);
+    EXPECT_EQ(fixed.fixCount > 0 ? pack(wanted, prefix) : "", "") << PrintToString(text);
     restore(wanted.bank);
     restore(wanted.header());
   }

@@ -79,7 +79,7 @@ void checkBankName(const BankNames& names, Findings& findings) {
     findings.add("bank-name", names.word->offset,
                  fmt::format("{}: {} in the header will be {}", names.word->text,
                              names.define(kFileNameDefine), inHeader),
-                 fmt::format("Name the bank {}", inHeader));
+                 betterBankName(names.word->text == "=" ? "=" : inHeader));
   }
 }
 

@@ -1,6 +1,7 @@
 // The parts of the check of the whole bank. Each adds what is wrong to `findings`.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "kit/check/asset_check.h"
@@ -14,6 +15,9 @@ using StoredAssets = std::vector<const CheckedAsset*>;
 
 /// Checks that all defines, the guard too, are identifiers of C, and that each is there once.
 void checkDefines(const BankNames& names, const StoredAssets& assets, Findings& findings);
+
+/// Returns how to name the bank so that it spoils nothing, from a name that is near.
+std::string betterBankName(std::string name);
 
 /// Checks that the bank, its header, the script and the assets are different files. `assets` are
 /// those of all blocks: a file that can't be stored can still be overwritten.

@@ -56,19 +56,6 @@ std::string faultOfBankName(const BankNames& names) {
   return "";
 }
 
-/// Returns how to name the bank so that it spoils nothing.
-std::string betterBankName(std::string name) {
-  if (name == "=") {
-    return equalsSignHint(name);
-  }
-  name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
-  const std::string file = withoutFolder(name);
-  return file.size() == name.size()
-             ? fmt::format("Name the bank {}", cleaned(name))
-             : fmt::format("Name the bank {}, and give its folder with bankPath or --bank-dir",
-                           cleaned(file));
-}
-
 /// Checks what the bank's name and the prefix do to all defines. Each of them is reported once.
 void checkPrefixAndGuard(const BankNames& names, Findings& findings) {
   const std::string fault = faultOfBankName(names);
@@ -176,6 +163,18 @@ void checkDuplicates(const BankNames& names, const StoredAssets& assets, Finding
 }
 
 }  // namespace
+
+std::string betterBankName(std::string name) {
+  if (name == "=") {
+    return equalsSignHint(name);
+  }
+  name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
+  const std::string file = withoutFolder(name);
+  return file.size() == name.size()
+             ? fmt::format("Name the bank {}", cleaned(name))
+             : fmt::format("Name the bank {}, and give its folder with bankPath or --bank-dir",
+                           cleaned(file));
+}
 
 void checkDefines(const BankNames& names, const StoredAssets& assets, Findings& findings) {
   if (names.word != nullptr) {

@@ -47,10 +47,11 @@ std::size_t EditedText::apply(std::vector<Edit> edits) {
     size += after(line).size();
   }
   // From the last edit on, so that the places of the others stay right.
-  for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
-    const auto next = std::upper_bound(starts.begin(), starts.end(), edit->offset);
+  std::reverse(edits.begin(), edits.end());
+  for (const Edit& edit : edits) {
+    const auto next = std::upper_bound(starts.begin(), starts.end(), edit.offset);
     const auto line = static_cast<std::size_t>(next - starts.begin()) - 1;
-    replace(line, edit->offset - starts[line], *edit);
+    replace(line, edit.offset - starts[line], edit);
   }
   return edits.size();
 }

@@ -43,8 +43,8 @@ struct ScriptBlock {
   std::string wholeName{};  ///< the file name with these words, or with what follows after a ";"
   std::vector<ScriptOption> options{};
   bool isFinished = false;  ///< it has its AssetEnd
-  /// Inserts an option between the file name and the next word when the option is put between
-  /// `optionStart` and `optionEnd`, at `optionPlace`.
+
+  // Where an option can be added after the file name, and what is put before and after it.
   std::size_t optionPlace = 0;
   std::string optionStart{};
   std::string optionEnd{};

@@ -2,6 +2,8 @@
 // meaning is known.
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "kit/check/block_reader.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/script_keywords.h"
@@ -17,6 +19,15 @@ namespace {
 /// Returns true for text of 16-bit characters, whose first word is never a keyword for the tool.
 bool isUtf16(std::string_view text) {
   return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
+constexpr std::string_view kControlsOfText = "\t\n\v\f\r\x1A";
+
+/// Returns true if there are control characters that text doesn't have.
+bool isBinary(std::string_view bytes) {
+  return std::any_of(bytes.begin(), bytes.end(), [](char c) {
+    return static_cast<unsigned char>(c) < ' ' && kControlsOfText.find(c) == std::string_view::npos;
+  });
 }
 
 class ScriptReader {
@@ -64,8 +75,7 @@ ScriptModel ScriptReader::read() {
 /// Reports a file that isn't text. tavrel stops at its first word.
 bool ScriptReader::reportOtherFile() {
   const std::string_view start = words_.text().substr(0, kKindBytes);
-  if (!words_.hasWord() || beginsStatement(word().text) ||
-      start.find('\0') == std::string_view::npos) {
+  if (!words_.hasWord() || beginsStatement(word().text) || !isBinary(start)) {
     return false;
   }
   const std::string_view kind = kindOf(start).name;

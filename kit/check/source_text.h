@@ -34,7 +34,7 @@ class SourceText {
  private:
   /// A place whose position is known, so that finding one near it needs no look at the whole line.
   struct Mark {
-    std::size_t offset;
+    std::size_t offset = 0;
     Position position;
   };
 

@@ -65,7 +65,7 @@ TEST(ScriptReaderTest, FindsWhatIsWrongWithTheWords) {
       {"no-bank-name 1:1", {"", "; a comment\r\n" + end}},
       {"byte-order-mark 1:1",
        {"\xEF\xBB\xBF" + name + end, "\xEF\xBB\xBF\n" + name + end, "\xFE\xFF B \n"}},
-      {"unknown-word 1:1", {std::string("RIFF\0 a\n", 8) + name}},
+      {"unknown-word 1:1", {std::string("RIFF\0 a\n", 8) + name, "\x7F\xFF \x01"}},
       {"unknown-word 1:1 unknown-word 2:13",
        {"BankFileName=a.tvb\nUserAsset x Parameter0=1 AssetEnd\n" + end}},
       {"last-word 3:1 unknown-word 3:1", {name + "FxOutputBank s.fxo AssetEnd\nScriptEn"}},

@@ -78,7 +78,7 @@ void reportCut(const std::string& openedName, BlockFindings& findings) {
   findings.addAtFile(
       "missing-file",
       fmt::format("of an extension three characters are used, and {} isn't there{}", openedName,
-                  kind.name.empty() ? "" : fmt::format("; this is {}", kind.name)),
+                  kind.name.empty() || isWave(kind) ? "" : fmt::format("; this is {}", kind.name)),
       isWave(kind) ? renameCommand(written, openedName) : conversionHint(written, kind, findings));
 }
 

@@ -66,13 +66,14 @@ TEST_F(ShowTest, Waves) {
               "loop: forwards and backwards, 0-2, 3 times\n\n"
               "channel peak dBFS RMS dBFS DC offset %\n"
               " 1 -6.02 -6.02 0.000\n 2 -inf -inf 0.000\n");
-  expectShown("long.wave", wav().fmt(mono, 8, 4).data("\xC0\x80"), 1,
-              "a WAV file, 46 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
-              " error: long.wave: of an extension three characters are used, and long.wav isn't "
-              "there [missing-file]\n mv -n long.wave long.wav\n\n"
-              "chunk offset bytes\nfmt 20 16\ndata 44 2\n\n"
-              "format: PCM, 1 channel, 4 Hz, 8 bits, 2 frames, 0:00.500\n\n"
-              "channel peak dBFS RMS dBFS DC offset %\n 1 -6.02 -9.03 25.000\n");
+  expectShown(
+      "long.wave", wav().fmt(mono, 8, 4).data("\xC0\x80"), 1,
+      "a WAV file, 46 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
+      " error: long.wave: of an extension three characters are used, and long.wav isn't "
+      "there [missing-file]\n mv -n long.wave long.wav # and write long.wav in the script\n\n"
+      "chunk offset bytes\nfmt 20 16\ndata 44 2\n\n"
+      "format: PCM, 1 channel, 4 Hz, 8 bits, 2 frames, 0:00.500\n\n"
+      "channel peak dBFS RMS dBFS DC offset %\n 1 -6.02 -9.03 25.000\n");
   expectShown("cut.wav", wav().fmt(mono, 16, 2).data(samples).claimDataSize(0xFFFFFFFF), 1,
               "a WAV file, 52 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
               " error: cut.wav: the file ends before the last of its samples [damaged-sound]\n"
@@ -129,7 +130,7 @@ TEST_F(ShowTest, Sequences) {
                   shown + " 2:2: 1 Meta - EndOfTrack\n");
   expectShown("smpte.mid", midi(0xE728, 1).track(""), 1,
               "a MIDI file, 22 bytes\nin a bank: nothing, MidiFileType0 leaves the file out\n"
-              " error: smpte.mid: the file is of type 1, and the tool leaves it out "
+              " error: smpte.mid: the file is of type 1, and tavrel leaves it out "
               "[sequence-type]\n Save it as type 0 in its editor, or");
   expectShown("cut.mid", midi().track(track), 1,
               "a MIDI file, 55 bytes\nin a bank: a sequence, 55 bytes, by MidiFileType0\n"

@@ -157,7 +157,7 @@ LoadedSound soundOf(const AiffFile& file) {
 }
 
 void checkAiff(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
-  AiffFile file(asset.openedName.c_str());
+  AiffFile file(asset.openedPath.c_str());
   if (!file.load()) {
     return reportFault(file, asset.openedName, folders, findings);
   }
@@ -167,6 +167,7 @@ void checkAiff(CheckedAsset& asset, FolderNames& folders, BlockFindings& finding
   if (sound.size == 0) {
     return reportEmpty(sound, findings);
   }
+  asset.fileLoops = file.getSustainLoopMode() != 0;
   asset.isStored = checkSustainLoop(file, sound, findings);
   if (asset.isStored) {
     checkSound(sound, sound.channels <= 1, kExtension, asset, findings);

@@ -16,6 +16,7 @@
 #include "kit/check/wave_check.h"
 #include "kit/frame/required_text.h"
 #include "platform/host_path.h"
+#include "samples/wave_file.h"
 
 namespace tavrel::kit {
 
@@ -26,7 +27,7 @@ bool isMissing(const std::string& name) {
 }
 
 void checkOpaque(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
-  DiskFile disk(modeRead, asset.openedName.c_str(), "");
+  DiskFile disk(modeRead, asset.openedPath.c_str(), "");
   ByteBlock bytes;
   std::uint32_t size = 0;
   switch (disk.readImage(bytes, size)) {
@@ -42,6 +43,14 @@ void checkOpaque(CheckedAsset& asset, FolderNames& folders, BlockFindings& findi
   if (size == 0) {
     findings.addAtFile("empty-asset", "the file has 0 bytes");
   }
+}
+
+/// Sets under which name the tool opens the file, and where that is.
+void findFile(CheckedAsset& asset, bool isAiff) {
+  if (asset.block->row->kind == kindWave && !isAiff) {
+    asset.openedName = requiredText(WaveFile(asset.openedName.c_str()).openedName());
+  }
+  asset.openedPath = hostPath(asset.openedName.c_str());
 }
 
 void checkFile(CheckedAsset& asset, bool isAiff, FolderNames& folders, BlockFindings& findings) {
@@ -107,7 +116,9 @@ CheckedAsset checkAsset(const ScriptBlock& block, FolderNames& folders, Findings
   FileName name;
   name.splitNameAndPath(block.file->text.c_str());
   const std::string extension = requiredText(name.getExtensionOnly());
-  checkFile(asset, isAiffExtension(extension.c_str()), folders, blockFindings);
+  const bool isAiff = isAiffExtension(extension.c_str());
+  findFile(asset, isAiff);
+  checkFile(asset, isAiff, folders, blockFindings);
   asset.isMissing = !asset.isStored && isMissing(block.file->text) && isMissing(asset.openedName);
   checkCut(asset, requiredText(name.name.get()), extension, blockFindings);
   checkCase(asset, folders, blockFindings);

@@ -123,6 +123,8 @@ const FileKind& kindOfFile(const std::string& name) {
 
 bool isAiff(const FileKind& kind) { return kind.pattern == kAiffKind.pattern; }
 
+bool isSequence(const FileKind& kind) { return kind.pattern == "MThd"; }
+
 bool isWave(const FileKind& kind) { return kind.pattern == kWaveKind.pattern; }
 
 }  // namespace tavrel::kit

@@ -33,6 +33,7 @@ constexpr std::size_t kKindBytes = 512;
 
 /// The kinds that have readers in the tool.
 bool isAiff(const FileKind& kind);
+bool isSequence(const FileKind& kind);
 bool isWave(const FileKind& kind);
 
 }  // namespace tavrel::kit

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "foundation/text_utilities.h"
+#include "kit/frame/display_text.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -26,6 +27,21 @@ bool isAmbiguous(std::string_view path) {
 std::string fileWord(const std::string& name) {
   const std::string path = hostPath(name.c_str());
   return shellWord(isAmbiguous(path) ? "./" + path : path);
+}
+
+/// Returns a word with bytes that can't be in a line of text, or would be shown as others, as
+/// escapes of the shell.
+std::string escapedWord(std::string_view word) {
+  std::string quoted = "$'";
+  for (const char c : word) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    if (byte < 0x20 || byte >= 0x7F) {
+      quoted += fmt::format("\\{:03o}", byte);
+    } else {
+      quoted += c == '\'' || c == '\\' ? std::string{'\\', c} : std::string{c};
+    }
+  }
+  return quoted + "'";
 }
 
 struct NameParts {
@@ -68,6 +84,9 @@ std::string shellWord(std::string_view word) {
   if (!word.empty() && word.find_first_not_of(kPlain) == std::string_view::npos) {
     return std::string(word);
   }
+  if (displayText(word) != word) {
+    return escapedWord(word);
+  }
   std::string quoted = "'";
   for (const char c : word) {
     quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -77,6 +96,10 @@ std::string shellWord(std::string_view word) {
 
 std::string renameCommand(const std::string& from, const std::string& to) {
   return fmt::format("mv -n {} {}  # and write {} in the script", fileWord(from), fileWord(to), to);
+}
+
+std::string moveCommand(const std::string& from, const std::string& to) {
+  return fmt::format("mv -n {} {}", fileWord(from), fileWord(to));
 }
 
 std::string soxCommand(const std::string& name, const SoundFix& fix) {

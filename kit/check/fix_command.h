@@ -16,6 +16,9 @@ std::string shellWord(std::string_view word);
 /// Returns the command that renames a file. A comment after it says that the script must follow.
 std::string renameCommand(const std::string& from, const std::string& to);
 
+/// Returns the command that moves a file or folder to where nothing is.
+std::string moveCommand(const std::string& from, const std::string& to);
+
 /// What is wrong with a sound that sox can convert.
 struct SoundFix {
   std::string_view inputType{};  ///< for sox, if the file's extension doesn't show it

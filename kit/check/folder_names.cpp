@@ -44,6 +44,10 @@ std::string nearestPart(std::string_view name, const std::vector<std::string>& n
   return sameStem == names.end() ? "" : *sameStem;
 }
 
+std::string noOtherPart(std::string_view /*name*/, const std::vector<std::string>& /*names*/) {
+  return "";
+}
+
 /// Returns true if the host finds the same file under a name whose letters have the other case.
 bool ignoresCase(const std::string& path) {
   std::string exchanged = path;
@@ -100,7 +104,16 @@ std::string FolderNames::onlyOtherCase(const std::string& name) {
   return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
 }
 
+bool FolderNames::has(const std::string& name) {
+  const std::vector<std::string>& names = namesIn("");
+  return std::binary_search(names.begin(), names.end(), name);
+}
+
 std::string FolderNames::spelling(const std::string& name) {
+  // Most names are right, and looking into folders that are listed already takes no system call.
+  if (replaceParts(name, noOtherPart) == name) {
+    return name;
+  }
   if (!ignoresCase(hostPath(name.c_str()))) {
     return name;
   }

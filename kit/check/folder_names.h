@@ -20,6 +20,9 @@ class FolderNames {
   /// case. Returns the empty string if there is none or more than one.
   std::string onlyOtherCase(const std::string& name);
 
+  /// Returns true if the current folder has an entry of this very name.
+  bool has(const std::string& name);
+
   /// Returns `name`, whose file is there, as the folders spell it. Differs from `name` only where
   /// the file system ignores case.
   std::string spelling(const std::string& name);

@@ -21,8 +21,7 @@ struct RunFile {
   std::optional<FileIdentity> identity;  ///< none while it isn't there
 };
 
-RunFile runFile(const std::string& name) {
-  std::string path = hostPath(name.c_str());
+RunFile runFile(std::string path) {
   const auto identity = fileIdentity(path.c_str());
   return {.path = std::move(path), .identity = identity};
 }
@@ -113,14 +112,14 @@ void checkFiles(const BankNames& names, const RunPlan& plan,
   std::vector<RunFile> files;
   files.reserve(assets.size());
   for (const CheckedAsset& asset : assets) {
-    files.push_back(runFile(asset.openedName));
+    files.push_back(runFile(asset.openedPath));
   }
   checkRepeats(assets, files, findings);
   if (names.word != nullptr) {
     checkOverlaps(*names.word,
-                  {{{"the bank", runFile(names.bankPath)},
-                    {"the header", runFile(names.headerPath)},
-                    {"the script", runFile(plan.scriptPath)}}},
+                  {{{"the bank", runFile(hostPath(names.bankPath.c_str()))},
+                    {"the header", runFile(hostPath(names.headerPath.c_str()))},
+                    {"the script", runFile(hostPath(plan.scriptPath.c_str()))}}},
                   assets, files, findings);
   }
 }

@@ -76,7 +76,7 @@ bool checkTempo(MidiAssetFile& file, BlockFindings& findings) {
 }  // namespace
 
 void checkSequence(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
-  MidiAssetFile file(asset.openedName.c_str(), 0);
+  MidiAssetFile file(asset.openedPath.c_str(), 0);
   if (!file.loadImage()) {
     return reportUnread(asset.openedName, folders, findings);
   }

@@ -116,6 +116,7 @@ void checkSound(const LoadedSound& sound, bool isPlayable, std::string_view exte
   const bool isAdpcm = isCompressed(sound.bits, loops, isOn(kNotStored, findings));
   asset.size = isAdpcm ? adpcmStreamSize(sound.size) : sound.size;
   asset.fileRate = sound.rate;
+  asset.fileBits = sound.bits;
   checkRate(sound, findings);
   checkWidth(sound, extension, findings);
   if (sound.bits == 16 && sound.size < 2) {

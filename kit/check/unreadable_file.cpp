@@ -39,7 +39,7 @@ void requireMemoryFor(const std::string& name) {
 std::string conversionHint(const std::string& name, const FileKind& kind,
                            const BlockFindings& findings) {
   const bool isSound = findings.block().row->kind == kindWave;
-  if (kind.pattern == "MThd") {
+  if (isSequence(kind)) {
     return "MidiFileType0 reads MIDI files";
   }
   if (!isSound && (isWave(kind) || isAiff(kind))) {

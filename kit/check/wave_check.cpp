@@ -169,13 +169,13 @@ LoadedSound soundOf(const WaveFile& file) {
 }
 
 void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
-  WaveFile file(findings.fileName().c_str());
-  asset.openedName = requiredText(file.openedName());
+  WaveFile file(asset.openedPath.c_str());
   if (!file.load()) {
     return reportFault(file.fault(), asset.openedName, folders, findings);
   }
-  const WaveChunks chunks = readWaveChunks(asset.openedName.c_str());
+  const WaveChunks chunks = readWaveChunks(asset.openedPath.c_str());
   checkChunks(chunks, findings);
+  asset.fileLoops = !chunks.loops.empty();
   const LoadedSound sound = soundOf(file);
   if (sound.size == 0) {
     findings.addAtFile("empty-sound", "the file has no samples", "Export the sound again");

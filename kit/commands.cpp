@@ -5,7 +5,7 @@ namespace tavrel::kit {
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
       listCommand(),    verifyCommand(), extractCommand(), diffCommand(), showCommand(),
-      qualityCommand(), checkCommand(),  explainCommand(), depsCommand(),
+      qualityCommand(), checkCommand(),  explainCommand(), newCommand(),  depsCommand(),
   };
   return kCommands;
 }

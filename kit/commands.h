@@ -16,6 +16,7 @@ Command extractCommand();
 Command listCommand();
 Command showCommand();
 Command qualityCommand();
+Command newCommand();
 Command verifyCommand();
 Command checkCommand();
 Command explainCommand();

@@ -1,0 +1,152 @@
+#include "kit/new/new_block.h"
+
+#include <algorithm>
+#include <array>
+
+#include "compiler/wave_rules.h"
+#include "foundation/file_name.h"
+#include "kit/check/block_findings.h"
+#include "kit/check/file_kind.h"
+#include "kit/check/unreadable_file.h"
+#include "kit/new/script_name.h"
+#include "kit/new/single_read.h"
+
+namespace tavrel::kit {
+
+namespace {
+
+// Warnings that the choice of files prevents.
+constexpr std::array<std::string_view, 3> kAvoided{"name-cut", "case-differs", "same-file-twice"};
+
+// Problems that another name solves.
+constexpr std::array<std::string_view, 4> kOfNames{"name-cut", "define-invalid", "define-duplicate",
+                                                   "long-name"};
+
+template <std::size_t count>
+bool contains(const std::array<std::string_view, count>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// What a file should be that shows nothing of its kind.
+struct UsualExtension {
+  const char* extension;
+  AssetType type;
+};
+
+constexpr std::array<UsualExtension, 5> kUsualExtensions{{
+    {"wav", typeWave},
+    {"aif", typeWave},
+    {"aiff", typeWave},
+    {"mid", typeMidi},
+    {"midi", typeMidi},
+}};
+
+/// Returns the type of a file whose content is unknown. A damaged sound isn't an opaque asset.
+AssetType typeByName(const std::string& name) {
+  FileName parts;
+  parts.splitNameAndPath(name.c_str());
+  const std::string extension = parts.getExtensionOnly();
+  const auto* const row = std::find_if(
+      kUsualExtensions.begin(), kUsualExtensions.end(), [&extension](const UsualExtension& one) {
+        return equalsIgnoringCase(one.extension, extension.c_str());
+      });
+  return row == kUsualExtensions.end() ? typeUserAsset : row->type;
+}
+
+/// Returns true for a sound that no statement reads, but that can be converted.
+bool isForeignSound(const FileKind& kind) {
+  return kind.converter != Converter::none && kind.converter != Converter::rename;
+}
+
+/// Returns the type of the asset that a file is meant to be.
+AssetType typeOf(const FileKind& kind, const std::string& name) {
+  if (isSequence(kind)) {
+    return typeMidi;
+  }
+  return isWave(kind) || isAiff(kind) || isForeignSound(kind) ? typeWave : typeByName(name);
+}
+
+void addOption(ScriptBlock& block, int parameter, std::int32_t value) {
+  const auto row =
+      std::find_if(block.row->options.begin(), block.row->options.end(),
+                   [parameter](const Option& option) { return option.parameter == parameter; });
+  const std::size_t offset = block.keyword.offset;
+  block.options.push_back({.row = &*row,
+                           .keyword = {row->keyword, offset},
+                           .value = ScriptWord{std::to_string(value), offset}});
+}
+
+void judgeAll(NewBlock& entry, const Findings& findings) {
+  for (const Diagnostic& problem : findings.sorted()) {
+    entry.judge(problem);
+  }
+}
+
+void checkBlock(NewBlock& entry, FolderNames& folders) {
+  Findings findings;
+  entry.asset = checkAsset(entry.block, folders, findings);
+  judgeAll(entry, findings);
+  if (entry.asset.isMissing) {
+    entry.reason = "this is a link to a file that isn't there";
+    entry.fix.clear();
+  }
+}
+
+void rejectForeignSound(NewBlock& entry) {
+  Findings findings;
+  BlockFindings blockFindings(entry.block, findings);
+  reportOtherForm(entry.file.name, "a WAV file", blockFindings);
+  judgeAll(entry, findings);
+}
+
+/// Adds what the script must say of a sound. Compression takes pairs of samples.
+void addSoundOptions(NewBlock& entry, bool wantsAdpcm) {
+  constexpr std::uint64_t kPairBytes = 4;
+  const CheckedAsset& sound = entry.asset;
+  addOption(entry.block, waveSampleRate, static_cast<std::int32_t>(sound.fileRate));
+  if (sound.fileLoops) {
+    addOption(entry.block, waveLoop, 1);
+  }
+  if (isCompressed(sound.fileBits, sound.fileLoops, wantsAdpcm) && sound.size >= kPairBytes) {
+    addOption(entry.block, kNotStored, 1);
+  }
+}
+
+}  // namespace
+
+void NewBlock::judge(const Diagnostic& problem) {
+  const std::string_view code = problem.code->name;
+  if (isListed() && (problem.code->severity == Severity::error || contains(kAvoided, code))) {
+    reason = problem.message.substr(file.name.size() + std::string_view(": ").size());
+    fix = code == "same-file-twice" ? "" : problem.hint;
+    lacksName = contains(kOfNames, code);
+  }
+}
+
+void makeBlock(NewBlock& entry, std::size_t offset, bool wantsAdpcm, FolderNames& folders) {
+  const SingleRead read(entry.file.path);
+  const FileKind& kind = kindOfFile(entry.file.path);
+  const Statement& statement = statementOf(typeOf(kind, entry.file.name));
+  entry.block = {.row = &statement,
+                 .keyword = {statement.keyword, offset},
+                 .file = ScriptWord{entry.file.name, offset},
+                 .isFinished = true};
+  entry.reason =
+      entry.file.fault.empty() ? faultOfName(entry.file, statement, folders) : entry.file.fault;
+  entry.lacksName = entry.file.fault.empty() && !entry.isListed();
+  if (!entry.isListed()) {
+    return;
+  }
+  if (isForeignSound(kind)) {
+    return rejectForeignSound(entry);
+  }
+  checkBlock(entry, folders);
+  if (entry.isListed() && statement.type == typeWave) {
+    addSoundOptions(entry, wantsAdpcm);
+    if (entry.block.options.size() > 1) {
+      checkBlock(entry, folders);
+    }
+  }
+}
+
+}  // namespace tavrel::kit

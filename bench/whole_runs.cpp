@@ -172,6 +172,11 @@ void runAll(const std::string& tavrel) {
            packed("small"),
            1.0,
            20});
+  compare({"New script for 2,000 small WAVs / cat",
+           {{tavkit, "new", "small", "-o", "new.txt"}, "/dev/null", {"new.txt"}},
+           joined(small),
+           1.0,
+           20});
   const Cost opaqueRun =
       compare({"Pack 1 GiB of opaque assets / cat", packed("opaque"), joined(opaque), 1.4, 8});
   compare({"30,000 blocks / 15,000 blocks", packed("blocks30000"), packed("blocks15000"), 2.2, 20});

@@ -1,6 +1,6 @@
 // Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, and
-// the bank passes verify. A fixed script has nothing left to fix. The other commands that read
-// scripts and assets must answer.
+// the bank passes verify. A fixed script has nothing left to fix, and a script that tavkit makes
+// for all the files has no errors. The other commands that read scripts and assets must answer.
 //
 // | Content | Goes to |
 // |---|---|
@@ -66,6 +66,16 @@ void requireFixed(const kit::RunPlan& plan, bool isGood) {
   require(!isGood || fixed.left.count(kit::Severity::error) == 0);
 }
 
+/// Requires that a script for the files has no errors.
+void checkNewScript() {
+  kit::Output output;
+  const int code = kit::runCommandLine({"new", ".", "-o", "new.txt", "--adpcm"}, output);
+  require(output.results.empty());
+  if (code != kit::exitFailed) {
+    require(kit::checkScript({.scriptPath = "new.txt"}, {}).count(kit::Severity::error) == 0);
+  }
+}
+
 }  // namespace
 
 }  // namespace tavrel::fuzz
@@ -98,5 +108,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   }
   fuzz::runOtherCommands();
   fuzz::requireFixed(plan, isGood);
+  fuzz::checkNewScript();
   return 0;
 }

@@ -13,6 +13,7 @@
 #include "kit/frame/output_file.h"
 #include "kit/frame/source_file.h"
 #include "kit/new/listing.h"
+#include "kit/new/script_name.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -21,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kBankAdvice = "--bank NAME names the bank differently.\n";
+constexpr const char* kBankAdvice = "Give the bank another name with --bank NAME.\n";
 
 /// Where the script and what belongs to it are. Its folder is the current one.
 struct Target {
@@ -57,28 +58,24 @@ Target enterTarget(const Arguments& arguments) {
   return target;
 }
 
-/// Returns the name of a new script's bank.
+/// Returns the name of a new script's bank. Throws Failure if a script can't have it.
 std::string bankName(const Target& target, const Arguments& arguments) {
   const auto given = arguments.value("--bank");
   FileName script(target.plan.scriptPath.c_str());
   std::string name = given ? *given : script.getNameOnly();
-  if (given && name.find('.') != std::string::npos) {
-    return name;
-  }
-  return name + kBankExtension;
-}
-
-/// Throws Failure if a word of a script can't be the name, or the tool can't make defines of it.
-void checkBankName(const std::string& name, const TargetScript& script, const RunPlan& plan) {
-  const std::vector<ScriptWord>& names = script.model().bankNames;
-  if (names.empty() || names.front().text != name || name.front() == '.') {
+  if (name.empty() || name.front() == '.' || std::any_of(name.begin(), name.end(), isForbidden)) {
     throw Failure(fmt::format("a bank can't be called {}", name), kBankAdvice);
   }
+  return given && name.find('.') != std::string::npos ? name : name + kBankExtension;
+}
+
+/// Throws Failure if the tool can't make defines of the bank's name, or a file is in its way.
+void checkNames(const TargetScript& script, const RunPlan& plan) {
   Findings findings;
   checkBank(script.model(), {}, plan, {}, findings);
   for (const Diagnostic& problem : findings.sorted()) {
     if (problem.code->severity == Severity::error) {
-      throw Failure(problem.message, kBankAdvice);
+      throw Failure(fmt::format("{}. {}", problem.message, problem.hint), kBankAdvice);
     }
   }
 }
@@ -88,10 +85,9 @@ TargetScript newScript(const Target& target, const Arguments& arguments) {
   if (fs::exists(fs::symlink_status(target.plan.scriptPath, isMissing))) {
     throw Failure(fmt::format("{} exists already; --add adds to it", target.shownName));
   }
-  const std::string bank = bankName(target, arguments);
-  TargetScript script(target.shownName,
-                      fmt::format("{} {}\n{}\n", kBankFileName, bank, kScriptEnd));
-  checkBankName(bank, script, target.plan);
+  TargetScript script(target.shownName, fmt::format("{} {}\n{}\n", kBankFileName,
+                                                    bankName(target, arguments), kScriptEnd));
+  checkNames(script, target.plan);
   return script;
 }
 
@@ -122,9 +118,9 @@ int runNew(const Arguments& arguments, Output& output) {
       code = exitNo;
     }
   }
-  if (!adds || !entries.empty()) {
-    write(script.with(entries), target.plan.scriptPath,
-          adds ? Existing::followLink : Existing::refuse);
+  const std::string text = script.with(entries);
+  if (!adds || text != script.text()) {
+    write(text, target.plan.scriptPath, adds ? Existing::followLink : Existing::refuse);
   }
   return code;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <new>
 
 #include "foundation/disk_file.h"
 #include "kit/frame/display_text.h"
@@ -111,7 +112,7 @@ const FileKind& kindOfFile(const std::string& name) {
   DiskFile file(modeRead, name.c_str(), "");
   std::array<char, kKindBytes> start{};
   if (!file.open()) {
-    return kUnknown;
+    return file.error == FileName::kOutOfMemory ? throw std::bad_alloc() : kUnknown;
   }
   std::uint32_t size = kKindBytes;  // of a file that is too long for `getSize`
   file.getSize(size);

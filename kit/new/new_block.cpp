@@ -41,16 +41,27 @@ constexpr std::array<UsualExtension, 5> kUsualExtensions{{
     {"midi", typeMidi},
 }};
 
-/// Returns the type of a file whose content is unknown. A damaged sound isn't an opaque asset.
-AssetType typeByName(const std::string& name) {
+std::string extensionOf(const std::string& name) {
   FileName parts;
   parts.splitNameAndPath(name.c_str());
-  const std::string extension = parts.getExtensionOnly();
+  return parts.getExtensionOnly();
+}
+
+/// Returns the type of a file whose content is unknown. A damaged sound isn't an opaque asset.
+AssetType typeByName(const std::string& name) {
+  const std::string extension = extensionOf(name);
   const auto* const row = std::find_if(
       kUsualExtensions.begin(), kUsualExtensions.end(), [&extension](const UsualExtension& one) {
         return equalsIgnoringCase(one.extension, extension.c_str());
       });
   return row == kUsualExtensions.end() ? typeUserAsset : row->type;
+}
+
+/// Returns true for a sound that the tool's reader for this name doesn't read, or doesn't find.
+bool needsOtherExtension(const NewBlock& entry, const FileKind& kind) {
+  const bool isSound = isWave(kind) || isAiff(kind);
+  return isSound && (isAiff(kind) != isAiffExtension(extensionOf(entry.file.name).c_str()) ||
+                     entry.asset.openedName != entry.file.name);
 }
 
 /// Returns true for a sound that no statement reads, but that can be converted.
@@ -141,6 +152,7 @@ void makeBlock(NewBlock& entry, std::size_t offset, bool wantsAdpcm, FolderNames
     return rejectForeignSound(entry);
   }
   checkBlock(entry, folders);
+  entry.lacksName = !entry.isListed() && (entry.lacksName || needsOtherExtension(entry, kind));
   if (entry.isListed() && statement.type == typeWave) {
     addSoundOptions(entry, wantsAdpcm);
     if (entry.block.options.size() > 1) {

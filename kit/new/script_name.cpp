@@ -24,11 +24,6 @@ bool isHostSeparator(char c) {
 
 bool isControl(char c) { return (c >= '\0' && c < ' ') || c == '\x7F'; }
 
-/// Returns true for a character that can't be in a name, of a folder or a file.
-bool isForbidden(char c) {
-  return (c == '\\' && !isHostSeparator(c)) || isControl(c) || TokenFile::isDelimiter(c);
-}
-
 std::string faultOfCharacter(char c) {
   if (isControl(c)) {
     return "a script can't have the control character in its name";
@@ -86,6 +81,10 @@ std::string betterExtension(const FoundFile& file, const std::string& extension)
 }
 
 }  // namespace
+
+bool isForbidden(char c) {
+  return (c == '\\' && !isHostSeparator(c)) || isControl(c) || TokenFile::isDelimiter(c);
+}
 
 std::string faultOfName(const FoundFile& file, const Statement& statement, FolderNames& folders) {
   const auto bad = std::find_if(file.path.begin(), file.path.end(), isForbidden);

@@ -11,6 +11,9 @@
 
 namespace tavrel::kit {
 
+/// Returns true for a character that can't be in a name in a script, of a folder or a file.
+bool isForbidden(char c);
+
 /// Returns why a statement can't name this file, or the empty string if it can.
 std::string faultOfName(const FoundFile& file, const Statement& statement, FolderNames& folders);
 

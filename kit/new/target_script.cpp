@@ -59,18 +59,19 @@ std::size_t TargetScript::insertionPoint() const {
 }
 
 std::string TargetScript::with(const std::deque<NewBlock>& entries) const {
+  std::string added;
+  for (const NewBlock& entry : entries) {
+    const std::string text = entry.isListed() ? blockOf(entry) : commentOf(entry);
+    added += added.empty() || text.empty() ? text : lineEnd_ + text;
+  }
+  if (added.empty()) {
+    return text_;
+  }
   const std::size_t point = insertionPoint();
   std::string result = text_.substr(0, point);
   result += endsLine(result) ? "" : lineEnd_;
-  std::string separator = result.empty() || result.ends_with(lineEnd_ + lineEnd_) ? "" : lineEnd_;
-  for (const NewBlock& entry : entries) {
-    const std::string added = entry.isListed() ? blockOf(entry) : commentOf(entry);
-    if (!added.empty()) {
-      result += separator + added;
-      separator = lineEnd_;
-    }
-  }
-  return model_.scriptEnd ? result + separator + text_.substr(point) : result;
+  result += result.empty() || result.ends_with(lineEnd_ + lineEnd_) ? "" : lineEnd_;
+  return result + added + (model_.scriptEnd ? lineEnd_ + text_.substr(point) : "");
 }
 
 std::string TargetScript::blockOf(const NewBlock& entry) const {

@@ -48,6 +48,9 @@ class FailingKit : public testing::Test {
     for (const auto& entry : std::filesystem::directory_iterator("out", isMissing)) {
       answer[entry.path().filename().string()] = directory_.read(entry.path().string());
     }
+    if (std::filesystem::is_regular_file("out")) {
+      answer["out"] = directory_.read("out");
+    }
     return answer;
   }
 
@@ -69,6 +72,7 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       {"show", "theme.mid"},
       {"deps", "demo.txt"},
       {"check", "--fix", "fix.txt"},
+      {"new", ".", "-o", "out"},
   };
   for (const std::vector<std::string>& command : commands) {
     auto whole = run(command);

@@ -1,0 +1,274 @@
+// Scripts that `tavkit new` writes: each block and comment, links, scripts that are there already,
+// and whether what is listed passes `tavkit check` and is packed whole.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "compiler/run_driver.h"
+#include "kit/check/check_script.h"
+#include "kit/frame/captured_console.h"
+#include "kit/frame/command_line.h"
+#include "tests/support/packed_script.h"
+#include "tests/support/temporary_directory.h"
+
+namespace tavrel::kit {
+namespace {
+
+namespace fs = std::filesystem;
+using test::mono;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string wavOf(std::size_t samples) {
+  return test::wav().fmt(mono, 16, 22050).data(std::string(2 * samples, 'x'));
+}
+
+std::string waveBlock(const std::string& name) {
+  return "WaveFile " + name + "\n    SampleRate 22050\nAssetEnd\n";
+}
+
+/// A new folder, which is the current one.
+class NewTest : public testing::Test {
+ protected:
+  NewTest() { fs::current_path(folder_.path()); }
+  ~NewTest() override { fs::current_path(fs::temp_directory_path()); }
+
+  void write(const std::string& name, const std::string& content) {
+    if (fs::path(name).has_parent_path()) {
+      fs::create_directories(fs::path(name).parent_path());
+    }
+    folder_.write(name, content);
+  }
+
+  int run(const std::vector<std::string>& arguments) {
+    output_ = {};
+    const int code = runCommandLine(arguments, output_);
+    fs::current_path(folder_.path());
+    EXPECT_EQ(output_.results, "");
+    return code;
+  }
+
+  test::TemporaryDirectory folder_;
+  Output output_;
+};
+
+TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
+  const std::string ab = test::Bytes().be16(1).be16(2);
+  const test::Loop loop{1, 1, 2};
+  write("in/b.dat", "opaque");
+  write("in/a.dat", wavOf(2));
+  write("in/sub/loop.aif",
+        test::aiff().comm(mono, 2, 16).mark({{1, 0}, {2, 2}}).inst(loop).ssnd(ab));
+  write("in/sub/plain.aif", test::aiff().comm(mono, 2, 16).ssnd(ab));
+  write("in/sub/smpl.wav", test::WavBuilder(test::wav().fmt(mono, 16, 4294967295).data(ab))
+                               .chunk("smpl", test::Bytes().fill(28).le32(1).fill(28)));
+  write("in/byte.wav", test::wav().fmt(mono, 8, 11025).data("012"));
+  write("in/one.wav", wavOf(1));
+  write("in/Theme", test::midi().track(test::events().tempo(0, 9).endOfTrack(1)));
+  fs::create_directory("to");
+  EXPECT_EQ(run({"new", "in", "in/b.dat", "-o", "to/game.txt", "--adpcm"}), 0);
+  EXPECT_EQ(output_.messages, "");
+  EXPECT_EQ(folder_.read("to/game.txt"),
+            "BankFileName game.tvb\n\n"
+            "MidiFileType0 ..\\in\\Theme\nAssetEnd\n\n"
+            "WaveFile ..\\in\\a.dat\n    SampleRate 22050\n    Adpcm 1\nAssetEnd\n\n"
+            "UserAsset ..\\in\\b.dat\nAssetEnd\n\n"
+            "WaveFile ..\\in\\byte.wav\n    SampleRate 11025\nAssetEnd\n\n"
+            "WaveFile ..\\in\\one.wav\n    SampleRate 22050\nAssetEnd\n\n"
+            "WaveFile ..\\in\\sub\\loop.aif\n    SampleRate 44100\n    Loop 1\nAssetEnd\n\n"
+            "WaveFile ..\\in\\sub\\plain.aif\n    SampleRate 44100\n    Adpcm 1\nAssetEnd\n\n"
+            "WaveFile ..\\in\\sub\\smpl.wav\n    SampleRate -1\n    Loop 1\nAssetEnd\n\n"
+            "ScriptEnd\n");
+}
+
+/// Returns a name as a comment shows it.
+std::string shown(const std::string& name) {
+  std::string result;
+  for (const char c : name) {
+    result += c == '/' ? "\\" : c == '\n' || c == '\xFF' ? "\uFFFD" : std::string(1, c);
+  }
+  return result;
+}
+
+TEST_F(NewTest, ExplainsWhyAFileIsNotListed) {
+  struct Row {
+    std::string name, content;
+    const char* reason;  // null if it is listed
+    std::string fix = {};
+  };
+  const std::string aif = test::aiff().comm(mono, 2, 16).ssnd("abcd");
+  const std::string space = "a space ends a name in a script";
+  std::vector<Row> rows{
+      {"a b.wav", wavOf(2), space.c_str(), "mv -n 'a b.wav' a_b.wav"},
+      {"c;d.aiff", aif, "a semicolon ends a name in a script", "mv -n 'c;d.aiff' c_d.aif"},
+      {"e f/g.wav", wavOf(2), space.c_str(), "mv -n 'e f' e_f"},
+      {"NAME.wav", wavOf(2), nullptr},
+      {"h/name.wav", wavOf(2), "that of NAME.wav already", "mv -n h/name.wav h/name_3.wav"},
+      {"name_2.wav", wavOf(2), nullptr},
+      {"filename", "the define ends with _", nullptr},
+      {"bank_data.size", "", "that of the bank already", "mv -n bank_data.size bank_data_2.size"},
+      {"assetend", "", "a word of the script language", "mv -n assetend assetend_2"},
+      {"i-j.wav", wavOf(2), "S_I-J_WAV", "mv -n i-j.wav i_j.wav"},
+      {"k.opaque", "", "has opaqu alone", "mv -n k.opaque k.opaqu"},
+      {"l.wave", wavOf(2), "l.wav isn't there", "mv -n l.wave l.wav"},
+      {std::string(80, 'm') + ".wav", wavOf(2), "84 characters", std::string(67, 'm') + ".wav"},
+      {"o.wav", aif, "this is an AIFF file", "mv -n o.wav o.aif"},
+      {"p.flac", "fLaC", "this is a FLAC file", "sox -t flac p.flac -b 16 p.wav"},
+      {"q.mp3", "ID3", "this is an MP3 file", "ffmpeg -i q.mp3 -c:a pcm_s16le q.wav"},
+      {"r.wav", "", "the file has 0 bytes"},
+      {"t.wav", wavOf(9).substr(0, 50), "ends before the last of its samples", "Export"},
+      {"u.mid", test::midi(96, 1).track(test::events().endOfTrack()), "of type 1", "python3 -c"},
+      {"v.aif", test::aiff().comm(mono, 2, 16).mark({{1, 2}, {2, 2}}).inst({1, 1, 2}).ssnd("abcd"),
+       "a loop from sample 2 to 2", "remove Loop 1"},
+  };
+#ifndef _WIN32
+  const std::string deep = std::string(200, 'd') + '/';
+  const std::string longName = deep + deep + deep + deep + deep + std::string(20, 'n');
+  rows.insert(rows.end(),
+              {{longName, "", "has 1025 characters", ' ' + std::string(20, 'n')},
+               {"name.wav", wavOf(2), "that of NAME.wav already", "mv -n name.wav name_4.wav"},
+               {"w\\x.wav", wavOf(2), "a backslash separates folders", "mv -n 'w\\x.wav' w_x.wav"},
+               {"y\n;'z.wav", wavOf(2), "control character", "mv -n $'y\\012;\\'z.wav' y___z.wav"},
+               {"\xFF.wav", wavOf(2), "S_\uFFFD_WAV", "mv -n $'\\377.wav' _.wav"}});
+#endif
+  for (const Row& row : rows) {
+    write(row.name, row.content);
+  }
+  EXPECT_EQ(run({"new", ".", "-o", "s.txt"}), 1);
+  const std::string script = folder_.read("s.txt");
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    if (row.reason == nullptr) {
+      EXPECT_THAT(script, HasSubstr(' ' + row.name + '\n'));
+      continue;
+    }
+    const std::size_t start = script.find("; Not listed: " + shown(row.name) + ": ");
+    ASSERT_NE(start, std::string::npos);
+    const std::string comment = script.substr(start, script.find("\n\n", start) - start);
+    EXPECT_THAT(comment, HasSubstr(row.reason));
+    EXPECT_THAT(comment, HasSubstr(row.fix));
+    EXPECT_EQ(row.fix.empty(), comment.find('\n') == std::string::npos);
+    EXPECT_THAT(output_.messages, HasSubstr("tavkit: not listed: " + shown(row.name) + ": "));
+  }
+}
+
+TEST_F(NewTest, ListsWhatPassesCheckAndIsPackedWhole) {
+  const test::SoundFiles files = test::soundFiles();
+  for (const auto& [name, file] : files) {
+    write(name, file.bytes);
+  }
+  for (const char* option : {"--adpcm", "--prefix=P"}) {
+    SCOPED_TRACE(option);
+    EXPECT_EQ(run({"new", ".", "-o", "s.txt", option}), 1);
+    const std::string script = folder_.read("s.txt");
+    for (const Diagnostic& one : checkScript({.scriptPath = "s.txt"}, {}).diagnostics) {
+      EXPECT_EQ(one.code->severity, Severity::warning) << one.message;
+      EXPECT_THAT((std::vector{"name-cut", "case-differs", "same-file-twice", "adpcm-loop",
+                               "sample-rate-missing", "sample-rate-differs", "number-range"}),
+                  Not(testing::Contains(one.code->name)));
+    }
+    const test::Wanted wanted = test::wantedBy(script);
+    EXPECT_GT(wanted.files.size(), 25);
+    const CapturedConsole silence;
+    const char* const arguments[] = {"tavrel", "s.txt", nullptr};
+    EXPECT_EQ(runTavrel(2, arguments), 0);
+    EXPECT_EQ(test::lossOfAssets(folder_.read("s.tvb"), wanted.files, files), "");
+    EXPECT_EQ(runCommandLine({"verify", "s.tvb"}, output_), 0) << output_.results;
+    for (const char* made : {"s.txt", "s.tvb", "s.h"}) {
+      EXPECT_THAT(script, Not(HasSubstr(std::string("Asset ") + made + '\n'))) << made;
+    }
+    fs::remove("s.txt");
+  }
+}
+
+TEST_F(NewTest, AddsToAScript) {
+  struct Row {
+    const char *name, *script, *result;
+    int code = 0;
+  };
+  write("a.dat", "a");
+  write("b.dat", "b");
+  for (const Row& row : std::vector<Row>{
+           {"other spelling, ScriptEnd in a comment",
+            "BankFileName s.tvb ; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n  scriptend\nrest\n",
+            "BankFileName s.tvb ; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n"
+            "UserAsset b.dat\nAssetEnd\n\n  scriptend\nrest\n"},
+           {"no ScriptEnd, no line end", "BankFileName s.tvb UserAsset sub\\..\\a.dat AssetEnd",
+            "BankFileName s.tvb UserAsset sub\\..\\a.dat AssetEnd\n\nUserAsset b.dat\nAssetEnd\n"},
+           {"CRLF", "BankFileName s.tvb\r\nUserAsset a.dat AssetEnd\r\nScriptEnd\r\n",
+            "BankFileName s.tvb\r\nUserAsset a.dat AssetEnd\r\n\r\nUserAsset b.dat\r\nAssetEnd\r\n"
+            "\r\nScriptEnd\r\n"},
+           {"one line", "BankFileName s.tvb UserAsset a.dat AssetEnd ScriptEnd",
+            "BankFileName s.tvb UserAsset a.dat AssetEnd \n\nUserAsset b.dat\nAssetEnd\n\n"
+            "ScriptEnd\n"},
+           {"nothing new", "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n",
+            "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n"},
+           {"a define that is taken",
+            "BankFileName s.tvb\nUserAsset sub\\b.dat AssetEnd\n"
+            "; Not listed: b.dat: old\nUserAsset a.dat AssetEnd\n",
+            "BankFileName s.tvb\nUserAsset sub\\b.dat AssetEnd\n"
+            "; Not listed: b.dat: old\nUserAsset a.dat AssetEnd\n",
+            1}}) {
+    SCOPED_TRACE(row.name);
+    write("sub/b.dat", "sub");
+    write("s.txt", row.script);
+    EXPECT_EQ(run({"new", "a.dat", "b.dat", "-o", "s.txt", "--add"}), row.code) << output_.messages;
+    EXPECT_EQ(folder_.read("s.txt"), row.result);
+  }
+}
+
+TEST_F(NewTest, RefusesWhatItCannotWrite) {
+  struct Row {
+    std::vector<std::string> options;
+    const char* message;
+  };
+  write("a.dat", "a");
+  write("old.txt", "old");
+  write("open.txt", "BankFileName s.tvb\nUserAsset a.dat\n");
+  for (const Row& row : std::vector<Row>{
+           {{}, "no script to write"},
+           {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},
+           {{"-o", "no/s.txt"}, "can't write no/s.txt"},
+           {{"-o", "s.txt", "none.dat"}, "none.dat: there is no such file"},
+           {{"-o", "1.txt"}, "all defines begin with 1_"},
+           {{"-o", "a-b.txt"}, "Name the bank a_b.tvb"},
+           {{"-o", ".txt"}, "a bank can't be called "},
+           {{"-o", "s.txt", "--bank", "a b"}, "a bank can't be called a b"},
+           {{"-o", "s.txt", "--bank", "x/y"}, "goes into the header"},
+           {{"-o", "s.txt", "--bank", std::string(77, 'n')}, "more than 79 characters"},
+           {{"-o", "s.h"}, "the header and the script are one file"},
+           {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
+           {{"-o", "s.txt", "--add"}, "there is no such file"},
+           {{"-o", "old.txt", "--add"}, "line 1, column 1: old is no"},
+           {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
+           {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}}) {
+    SCOPED_TRACE(row.message);
+    std::vector<std::string> arguments{"new", "a.dat"};
+    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+    EXPECT_EQ(run(arguments), 2);
+    EXPECT_THAT(output_.messages, HasSubstr(row.message));
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 3);
+  }
+  EXPECT_EQ(folder_.read("old.txt"), "old");
+}
+
+#ifndef _WIN32
+TEST_F(NewTest, WalksEachFolderOnce) {
+  write("in/real/a.wav", wavOf(2));
+  write("other/b.wav", wavOf(2));
+  const std::map<std::string, std::string> links{{"in/loop", "../in"},      {"in/up", ".."},
+                                                 {"in/real/self", "."},     {"other/back", "../in"},
+                                                 {"in/aaa", "../other"},    {"in/zzz", "../other"},
+                                                 {"in/z.wav", "real/a.wav"}};
+  for (const auto& [name, target] : links) {
+    fs::create_symlink(target, name);
+  }
+  EXPECT_EQ(run({"new", "in", "in/loop/real/self", "-o", "in/s.txt", "--bank", "x"}), 1);
+  EXPECT_EQ(folder_.read("in/s.txt"),
+            "BankFileName x.tvb\n\n" + waveBlock("aaa\\b.wav") + '\n' + waveBlock("real\\a.wav") +
+                "\n; Not listed: z.wav: the file is in the bank already, listed as real\\a.wav\n\n"
+                "ScriptEnd\n");
+}
+#endif
+
+}  // namespace
+}  // namespace tavrel::kit

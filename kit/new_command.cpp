@@ -11,6 +11,7 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"
+#include "kit/frame/required_text.h"
 #include "kit/frame/source_file.h"
 #include "kit/new/listing.h"
 #include "kit/new/script_name.h"
@@ -62,7 +63,7 @@ Target enterTarget(const Arguments& arguments) {
 std::string bankName(const Target& target, const Arguments& arguments) {
   const auto given = arguments.value("--bank");
   FileName script(target.plan.scriptPath.c_str());
-  std::string name = given ? *given : script.getNameOnly();
+  const std::string name = given ? *given : requiredText(script.getNameOnly());
   if (name.empty() || name.front() == '.' || std::any_of(name.begin(), name.end(), isForbidden)) {
     throw Failure(fmt::format("a bank can't be called {}", name), kBankAdvice);
   }
@@ -130,7 +131,7 @@ int runNew(const Arguments& arguments, Output& output) {
 Command newCommand() {
   return {
       .name = "new",
-      .operands = {.synopsis = "FILE | FOLDER ...",
+      .operands = {.synopsis = "FILE | FOLDER ... -o SCRIPT",
                    .fewest = 1,
                    .most = Operands::kAnyNumber,
                    .completion = Completion::file},

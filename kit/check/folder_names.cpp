@@ -6,6 +6,7 @@
 
 #include "foundation/text_utilities.h"
 #include "kit/frame/nearest.h"
+#include "platform/folder.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -66,12 +67,7 @@ const std::vector<std::string>& FolderNames::namesIn(const std::string& folder) 
   std::vector<std::string>& names = place->second;
   if (isNew) {
     const std::string path = folder.empty() ? "." : hostPath(folder.c_str());
-    std::error_code failed;
-    for (fs::directory_iterator entry(path, failed); !failed && entry != fs::directory_iterator();
-         entry.increment(failed)) {
-      names.push_back(entry->path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
+    listFolder(path.c_str(), names);
   }
   return names;
 }

@@ -11,6 +11,7 @@
 
 #include "kit/frame/failure.h"
 #include "platform/file_identity.h"
+#include "platform/folder.h"
 
 namespace tavrel::kit {
 
@@ -65,7 +66,7 @@ class Walk {
     if (fs::is_directory(path, ignored)) {
       folders_.push_back(path);
     } else {
-      files_.push_back({scriptName(path), path.string()});
+      addFile(path);
     }
   }
 
@@ -82,29 +83,26 @@ class Walk {
   }
 
  private:
+  void addFile(const fs::path& path, std::string fault = "") {
+    files_.push_back({scriptName(path), path.string(), std::move(fault)});
+  }
+
   void list(const fs::path& folder) {
-    std::error_code error;
-    std::vector<fs::directory_entry> entries;
-    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
-         entry.increment(error)) {
-      entries.push_back(*entry);
+    std::vector<std::string> names;
+    if (const std::error_code error = listFolder(folder.string().c_str(), names)) {
+      addFile(folder, fmt::format("the folder can't be read: {}", error.message()));
     }
-    if (error) {
-      files_.push_back({scriptName(folder), folder.string(),
-                        fmt::format("the folder can't be read: {}", error.message())});
-    }
-    std::sort(entries.begin(), entries.end());
-    for (const fs::directory_entry& entry : entries) {
-      addEntry(folder == "." ? entry.path().filename() : entry.path(), entry);
+    for (const std::string& name : names) {
+      addEntry(folder == "." ? fs::path(name) : folder / name);
     }
   }
 
   /// Links to folders come last, so that a folder is walked under its own name if that is found.
-  void addEntry(const fs::path& path, const fs::directory_entry& entry) {
-    std::error_code isMissing;
-    if (!entry.is_directory(isMissing)) {
-      files_.push_back({scriptName(path), path.string()});
-    } else if (!entry.is_symlink(isMissing)) {
+  void addEntry(const fs::path& path) {
+    std::error_code ignored;
+    if (!fs::is_directory(path, ignored)) {
+      addFile(path);
+    } else if (!fs::is_symlink(path, ignored)) {
       folders_.push_front(path);
     } else if (!leadsUp(path)) {
       folders_.push_back(path);

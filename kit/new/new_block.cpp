@@ -8,6 +8,7 @@
 #include "kit/check/block_findings.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/unreadable_file.h"
+#include "kit/frame/required_text.h"
 #include "kit/new/script_name.h"
 #include "kit/new/single_read.h"
 
@@ -44,7 +45,7 @@ constexpr std::array<UsualExtension, 5> kUsualExtensions{{
 std::string extensionOf(const std::string& name) {
   FileName parts;
   parts.splitNameAndPath(name.c_str());
-  return parts.getExtensionOnly();
+  return requiredText(parts.getExtensionOnly());
 }
 
 /// Returns the type of a file whose content is unknown. A damaged sound isn't an opaque asset.

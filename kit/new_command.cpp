@@ -145,7 +145,8 @@ Command newCommand() {
           "A file that can't be listed becomes a comment with the reason and, where there is one, "
           "the command that fixes it, to be run in the folder of SCRIPT. Such files are those with "
           "a space in their names, sounds in other forms such as MP3, sounds whose extension makes "
-          "tavrel choose another reader, and those whose define is taken or is no C identifier. A "
+          "tavrel choose another reader, and those whose define is taken or isn't a C identifier. "
+          "A file with the extension of a sound or a sequence that is neither is a damaged one. A "
           "line on standard error names each of them, and the exit code is 1. tavkit check finds "
           "no error in the rest.\n\n"
           "SCRIPT, its bank and its header are never listed. The bank is named after the script. "
@@ -156,11 +157,11 @@ Command newCommand() {
       .options = joined(
           {{.names = "-o,--output",
             .value = "SCRIPT",
-            .help = "Write the script SCRIPT, which must not exist",
+            .help = "Write the script SCRIPT, which must be new unless --add is given",
             .completion = Completion::script},
            {.names = "--bank", .value = "NAME", .help = "Name the bank NAME, not after the script"},
            {.names = "--adpcm", .help = "Compress 16-bit sounds that don't loop: Adpcm 1"},
-           {.names = "--add", .help = "Add files that aren't in SCRIPT yet, which must exist"}},
+           {.names = "--add", .help = "Add the files that aren't in SCRIPT yet to it"}},
           scriptOptions()),
       .run = runNew,
   };

@@ -102,7 +102,7 @@ TEST_F(NewTest, ExplainsWhyAFileIsNotListed) {
       {"c;d.aiff", aif, "a semicolon ends a name in a script", "mv -n 'c;d.aiff' c_d.aif"},
       {"e f/g.wav", wavOf(2), space.c_str(), "mv -n 'e f' e_f"},
       {"NAME.wav", wavOf(2), nullptr},
-      {"h/name.wav", wavOf(2), "that of NAME.wav already", "mv -n h/name.wav h/name_3.wav"},
+      {"h/name.wav", wavOf(2), "that of NAME.wav already", "name_3.wav"},
       {"name_2.wav", wavOf(2), nullptr},
       {"filename", "the define ends with _", nullptr},
       {"bank_data.size", "", "that of the bank already", "mv -n bank_data.size bank_data_2.size"},

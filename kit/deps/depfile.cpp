@@ -23,8 +23,8 @@ bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7
 /// one.
 bool isWordOfMake(std::string_view name) {
   constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ_";
-  const bool isSpecialTarget =
-      name.size() > 1 && name[0] == '.' && name.find_first_not_of(kCapitals, 1) == name.npos;
+  const bool isSpecialTarget = name.size() > 1 && name[0] == '.' &&
+                               name.find_first_not_of(kCapitals, 1) == std::string_view::npos;
   return isSpecialTarget || name == "define" || name == "undefine";
 }
 
@@ -36,17 +36,17 @@ std::string faultOf(std::string_view name, std::string_view refused) {
   if (std::any_of(name.begin(), name.end(), isControl)) {
     return "a control character";
   }
-  if (const std::size_t found = name.find_first_of(refused); found != name.npos) {
+  if (const std::size_t found = name.find_first_of(refused); found != std::string_view::npos) {
     return fmt::format("the character {}", name[found]);
   }
   if (name.front() == '~') {
     return "a ~ at its start";
   }
-  if (kRefusedAtEnd.find(name.back()) != name.npos) {
+  if (kRefusedAtEnd.find(name.back()) != std::string_view::npos) {
     return fmt::format("\"{}\" at its end", name.back());
   }
   for (std::size_t i = 0; i + 1 < name.size(); ++i) {
-    if (name[i] == '\\' && kRefusedAfterBackslash.find(name[i + 1]) != name.npos) {
+    if (name[i] == '\\' && kRefusedAfterBackslash.find(name[i + 1]) != std::string_view::npos) {
       return fmt::format("a backslash before \"{}\"", name[i + 1]);
     }
   }
@@ -82,7 +82,7 @@ std::string depfileText(const std::string& target, const std::string& script,
   for (const std::string& asset : assets) {
     const std::string name = escaped(asset);
     rule += " \\\n  " + name;
-    if (asset.find('%') == asset.npos) {
+    if (asset.find('%') == std::string::npos) {
       emptyRules += '\n' + name + ":\n";
     }
   }

@@ -42,7 +42,7 @@ std::vector<ListedChunk> listOf(const AiffFile& file) {
 /// Returns a line about a loop; `which` is its number for `getLoop`.
 std::string loopText(const AiffFile& file, std::int32_t which, const AiffLoop& loop) {
   constexpr std::array<const char*, 3> kModes{"none", "forward", "forwards and backwards"};
-  const std::string mode =
+  std::string mode =
       loop.mode < kModes.size() ? kModes[loop.mode] : fmt::format("mode {}", loop.mode);
   std::uint32_t storedMode = 0;
   std::uint32_t start = 0;
@@ -106,7 +106,8 @@ FileView aiffView(const ShownFile& file) {
     view.bits = sound.bits;
     view.text = formatText("PCM", sound, reader.common.frames) + instrumentText(reader) +
                 markersText(reader.markerList) + levelsText(sound);
-  } else if (reader.fault() == AiffFault::noMemory || reader.fault() == AiffFault::cannotRead) {
+  } else if (reader.fault() == AiffFault::noMemory ||
+             (reader.fault() == AiffFault::cannotRead && file.isHeld())) {
     throw std::bad_alloc();
   }
   view.text = chunksText(listOf(reader), reader.chunkList().size()) + view.text;

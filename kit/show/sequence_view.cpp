@@ -1,7 +1,9 @@
 // What is in a MIDI file: its header, a summary, and each event of its first track.
 #include <fmt/format.h>
 
+#include <new>
 #include <string_view>
+#include <utility>
 
 #include "foundation/console.h"
 #include "kit/bank/asset_facts.h"
@@ -138,10 +140,11 @@ std::string trackText(MidiFile& file) {
 FileView sequenceView(const ShownFile& file) {
   FileView view{.keyword = "MidiFileType0"};
   MidiFile reader(file.name().c_str());
-  if (!reader.loadImage()) {
+  const bool isLoaded = reader.loadImage();
+  if (!isLoaded && file.isHeld()) {
     throw std::bad_alloc();
   }
-  if (reader.readHeaderChunk()) {
+  if (isLoaded && reader.readHeaderChunk()) {
     view.text = headerText(reader);
     if (reader.readTrackHeader()) {
       view.text += trackText(reader) + eventsText(reader);

@@ -21,7 +21,8 @@ ShownFile::ShownFile(const std::string& name) : name_(name) {
   if (failed) {
     throw Failure(fmt::format("can't read {}: {}", name, failed.message()));
   }
-  if (size_ <= std::numeric_limits<std::uint32_t>::max()) {
+  isHeld_ = size_ <= std::numeric_limits<std::uint32_t>::max();
+  if (isHeld_) {
     hold();
   }
   const FileCache::Entry* held = cache_.find(hostPath(name.c_str()));

@@ -28,11 +28,15 @@ class ShownFile {
   [[nodiscard]] std::uint64_t size() const { return size_; }
   [[nodiscard]] const FileKind& kind() const { return *kind_; }
 
+  /// Returns true if the file is in memory. A reader that can't open it has then run out of memory.
+  [[nodiscard]] bool isHeld() const { return isHeld_; }
+
  private:
   void hold();
 
   std::string name_;
   std::uint64_t size_ = 0;
+  bool isHeld_ = false;
   const FileKind* kind_ = nullptr;
   FileCache cache_;
   FileCache* previous_ = nullptr;

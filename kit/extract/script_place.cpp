@@ -78,6 +78,12 @@ std::string ownPrefix(const std::string& bankName) {
   return script.prefix();
 }
 
+/// Returns an argument as it is typed and shown.
+std::string argument(const std::string& text) {
+  const std::string shown = displayText(text);
+  return shown.find(' ') == std::string::npos ? shown : '"' + shown + '"';
+}
+
 void choosePrefix(const NamedBank& bank, ScriptPlace& place) {
   place.prefix = ownPrefix(place.bankName);
   place.isOwnPrefix = true;
@@ -116,8 +122,8 @@ std::string scriptStart(const ScriptPlace& place) {
   return fmt::format(
       "; Packs {} from its extracted files. Run tavrel in the folder of this script:\n"
       ";   tavrel {}{}\n\n{} {}\n",
-      displayText(place.bankName), displayText(fs::path(place.path).filename().string()),
-      place.isOwnPrefix ? "" : " HeaderPrefix " + displayText(place.prefix), kBankFileName,
+      displayText(place.bankName), argument(fs::path(place.path).filename().string()),
+      place.isOwnPrefix ? "" : " HeaderPrefix " + argument(place.prefix), kBankFileName,
       place.bankName);
 }
 

@@ -47,8 +47,8 @@ bool isUsable(const std::string& name) {
   return isSafeName(name) && isScriptWord(name) && assetOfFile(name).has_value();
 }
 
-/// Returns an extension from which the tool makes `extension` in the define: it cuts them, maybe
-/// after a dot, at which no file's name should end.
+/// Returns an extension that the tool cuts to this one. It differs if the cut is after a dot, with
+/// which no file's name should end.
 std::string wholeExtension(std::string extension) {
   constexpr std::size_t kCutLength = 5;
   if (extension.size() == kCutLength && extension.back() == '.') {

@@ -173,7 +173,7 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
       {"A_WAV", {wave, "", {1, 0, 16}}, "is left out", true},
       {"A_WAV", {wave, "abc", {1, 1, 16, 0, 1, 2}}, "is left out", true},
       {"A_WAV", {wave, "ab", {1, 2, 16}}, "is left out", true},
-      {"A_WAV", {wave, "ab", {1, 0, 16, 0, 0, 1}}, "is left out", true},
+      {"A_WAV", {wave, "ab", {1, 0, 16, 0, 0, 0, 1}}, "is left out", true},
       {"A_WAV", {wave, "ab", {1, 0, -1}}, "is left out", true},
       {"A_MTB", {3, "x", {2}}, "is left out", true},
       {"A_FXO", {5, "x", {1}}, "is left out", true},

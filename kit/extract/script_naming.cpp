@@ -71,6 +71,7 @@ class FileTable {
 /// those without one, uncompressed before compressed ones.
 std::vector<ScriptAsset*> servingOrder(std::vector<ScriptAsset>& assets) {
   std::vector<ScriptAsset*> order;
+  order.reserve(assets.size());
   for (ScriptAsset& asset : assets) {
     order.push_back(&asset);
   }

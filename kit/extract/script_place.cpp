@@ -63,7 +63,7 @@ std::string folderInScript(const fs::path& from, const fs::path& files) {
 }
 
 std::string bankNameInScript(const std::string& bankPath) {
-  const std::string name = fs::path(hostPath(bankPath.c_str())).filename().string();
+  std::string name = fs::path(hostPath(bankPath.c_str())).filename().string();
   Guard guard{};
   if (!isScriptPath(name) || !guardName(splitName(headerName(bankPath)).stem, guard)) {
     throw Failure(fmt::format("no script can name a bank {}", name));

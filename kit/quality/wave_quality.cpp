@@ -98,14 +98,14 @@ SourceSound readSource(const std::string& name) {
 WaveQuality compareStream(const std::uint8_t* stream, const std::uint8_t* samples,
                           std::uint32_t codeBytes) {
   constexpr std::uint32_t kPiece = 4096;
-  std::array<std::int16_t, 2 * kPiece> decoded{};
+  std::array<std::int16_t, std::size_t{2} * kPiece> decoded{};
   Comparison comparison;
   tavrel_adpcm state;
   tavrel_adpcm_start(&state);
   while (codeBytes > 0) {
     const std::uint32_t piece = std::min(codeBytes, kPiece);
     tavrel_adpcm_decode(&state, stream, piece, decoded.data());
-    for (std::size_t i = 0; i < 2 * piece; ++i, samples += 2) {
+    for (std::uint32_t i = 0; i < 2 * piece; ++i, samples += 2) {
       comparison.add(static_cast<std::int16_t>(loadLittle16(samples)), decoded[i]);
     }
     stream += piece;

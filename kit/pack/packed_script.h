@@ -11,6 +11,7 @@
 
 #include "compiler/bank_script.h"
 #include "kit/frame/failure.h"
+#include "kit/frame/required_text.h"
 #include "kit/frame/script_options.h"
 
 namespace tavrel::kit {
@@ -45,8 +46,12 @@ class PackedScript {
   [[nodiscard]] const std::string& headerText() const { return headerText_; }
 
   // The files that the tool would write, under the names with which it would open them.
-  [[nodiscard]] std::string bankPath() { return script_.bankFileName.getNameAndPath(); }
-  [[nodiscard]] std::string headerPath() { return script_.headerFileName.getNameAndPath(); }
+  [[nodiscard]] std::string bankPath() {
+    return requiredText(script_.bankFileName.getNameAndPath());
+  }
+  [[nodiscard]] std::string headerPath() {
+    return requiredText(script_.headerFileName.getNameAndPath());
+  }
 
   /// Writes the bank to `target`, which must be able to seek: its bytes in order, then the table
   /// again. Returns false if the target fails.

@@ -15,6 +15,7 @@
 #include "foundation/file_name.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/failure.h"
+#include "kit/frame/required_text.h"
 #include "samples/aiff_file.h"
 #include "samples/wave_file.h"
 
@@ -81,7 +82,7 @@ SourceSound readSource(const std::string& name) {
   SourceSound sound;
   FileName fileName;
   fileName.splitNameAndPath(name.c_str());
-  if (isAiffExtension(fileName.getExtensionOnly())) {
+  if (isAiffExtension(requiredText(fileName.getExtensionOnly()).c_str())) {
     AiffFile file(name.c_str());
     load(file, AiffFault::noMemory, name, sound);
     sound.samples = file.getSampleData();

@@ -10,15 +10,15 @@ namespace tavrel::kit {
 /// Returns all commands in the order of the help.
 const std::vector<Command>& commands();
 
+Command checkCommand();
 Command depsCommand();
 Command diffCommand();
+Command explainCommand();
 Command extractCommand();
 Command listCommand();
-Command showCommand();
-Command qualityCommand();
 Command newCommand();
+Command qualityCommand();
+Command showCommand();
 Command verifyCommand();
-Command checkCommand();
-Command explainCommand();
 
 }  // namespace tavrel::kit

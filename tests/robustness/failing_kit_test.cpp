@@ -74,9 +74,6 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       {"check", "--fix", "fix.txt"},
       {"new", ".", "-o", "out"},
   };
-      {"extract", "demo.tvb", "-o", "out"},
-      {"extract", "demo.tvb", "-o", "out", "--script", "out/demo.txt"},
-      {"diff", "demo.tvb", "demo.tvb"}};
   for (const std::vector<std::string>& command : commands) {
     auto whole = run(command);
     ASSERT_EQ(code_, kit::exitYes);

@@ -12,7 +12,6 @@
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/wave_chunks.h"
-#include "kit/frame/required_text.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 

@@ -139,10 +139,10 @@ void makeBlock(NewBlock& entry, std::size_t offset, bool wantsAdpcm, FolderNames
   const SingleRead read(entry.file.path);
   const FileKind& kind = kindOfFile(entry.file.path);
   const Statement& statement = statementOf(typeOf(kind, entry.file.name));
-  entry.block = {.row = &statement,
-                 .keyword = {statement.keyword, offset},
-                 .file = ScriptWord{entry.file.name, offset},
-                 .isFinished = true};
+  entry.block.row = &statement;
+  entry.block.keyword = {statement.keyword, offset};
+  entry.block.file = ScriptWord{entry.file.name, offset};
+  entry.block.isFinished = true;
   entry.reason =
       entry.file.fault.empty() ? faultOfName(entry.file, statement, folders) : entry.file.fault;
   entry.lacksName = entry.file.fault.empty() && !entry.isListed();

@@ -13,14 +13,6 @@ namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
 
-std::string lineEndOf(std::string_view text) {
-  const std::size_t first = text.find_first_of(kLineEnds);
-  if (first == std::string_view::npos) {
-    return "\n";
-  }
-  return std::string(text.substr(first, text.substr(first).starts_with("\r\n") ? 2 : 1));
-}
-
 bool endsLine(std::string_view text) {
   return text.empty() || kLineEnds.find(text.back()) != std::string_view::npos;
 }

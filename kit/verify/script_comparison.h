@@ -1,4 +1,4 @@
-// A bank beside what its script packs now.
+// Comparison of a bank with what its script packs now.
 #pragma once
 
 #include <cstdint>

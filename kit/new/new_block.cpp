@@ -107,7 +107,8 @@ void checkBlock(NewBlock& entry, FolderNames& folders) {
 void rejectForeignSound(NewBlock& entry) {
   Findings findings;
   BlockFindings blockFindings(entry.block, findings);
-  reportOtherForm(entry.file.name, "a WAV file", blockFindings);
+  const bool isNamedAiff = isAiffExtension(extensionOf(entry.file.name).c_str());
+  reportOtherForm(entry.file.name, isNamedAiff ? "an AIFF file" : "a WAV file", blockFindings);
   judgeAll(entry, findings);
 }
 

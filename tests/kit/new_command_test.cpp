@@ -238,7 +238,7 @@ TEST_F(NewTest, RefusesWhatItCannotWrite) {
            {{"-o", "s.h"}, "the header and the script are one file"},
            {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
            {{"-o", "s.txt", "--add"}, "there is no such file"},
-           {{"-o", "old.txt", "--add"}, "line 1, column 1: old is no"},
+           {{"-o", "old.txt", "--add"}, "line 1, column 1: old is"},
            {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
            {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}}) {
     SCOPED_TRACE(row.message);

@@ -53,57 +53,52 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
   for (const char* name : {"a-b.dat", "bank_data.size", "bank_header.size", "c.h"}) {
     directory_.write(name, "four");
   }
+  const std::string b = bank("b.tvb");
+  const std::string four = asset("four.dat");
+  const std::string five = asset("five.dat");
   const std::string stem76(76, 'g');
-  struct Row {
-    std::string script, problems;
-    std::vector<std::string> options = {};
+  const struct {
+    std::string problems;
+    std::vector<std::string> scripts, options = {};
+  } groups[] = {
+      {"",
+       {b + four, b + asset("in\\x.dat"), bank(stem76 + ".tvb"),
+        b + "FxOutputBank four.dat AssetEnd\n" + five}},
+      {"unknown-word 2:20", {b + asset("four.dat foo Paramter0 5")}},
+      {"define-invalid 2:11", {b + asset("a-b.dat"), b + asset("in/x.dat")}},
+      {"define-invalid 1:14",
+       {bank("a-b.tvb") + four + five, bank("2b.tvb") + four, bank("in/b.tvb")}},
+      {"define-invalid 1:14", {bank("a-b.tvb") + four, bank("in/b.tvb")}, {"--prefix", "P"}},
+      {"", {bank("2b.tvb") + four}, {"--prefix", "P"}},
+      {"define-invalid 1:14", {b + four}, {"--prefix", "2"}},
+      {"", {b}, {"--bank-dir", "in", "--header-dir", "in"}},
+      {"define-duplicate 3:11", {b + four + asset("in\\four.dat")}},
+      {"define-duplicate 2:11", {b + asset("bank_data.size"), b + asset("bank_header.size")}},
+      {"define-duplicate 2:11", {bank("b_c.tvb") + asset("c.h")}, {"--prefix", "_b"}},
+      {"", {bank("b_c.tvb") + asset("c.h")}, {"--prefix", "b"}},
+      {"long-guard 1:14", {bank(stem76 + "g.tvb")}},
+      {"unaligned 3:11", {b + "FxOutputBank five.dat AssetEnd\n" + four}},
+      {"bank-name 1:14", {bank("b.bin"), bank("b.c.tvb"), bank("four.dat") + asset("in\\x.dat")}},
+      {"same-file-twice 3:11", {b + four + asset("link.dat")}},
+      {"define-duplicate 3:11 same-file-twice 3:11", {b + four + four}},
+      {"over-budget 1:14", {b}, {"--max-bytes", "31"}},
+      {"", {b}, {"--max-bytes", "32"}},
+      // Files that would be written over.
+      {"output-overlap 1:14", {b + asset("s.txt")}},
+      {"output-overlap 1:14 missing-file 2:11", {bank("four.tvb") + asset("four.h")}},
+      {"output-overlap 1:14 bank-name 1:14",
+       {bank("s.txt") + four, bank("four.dat") + asset("link.dat"), bank("b.h") + four}},
+      {"bank-name 1:14", {bank("b.h") + four}, {"--bank-dir", "in"}},
+      {"output-overlap 1:14 bank-name 1:14",
+       {bank("b.h") + four},
+       {"--bank-dir", "in", "--header-dir", "./in/../in/"}},
   };
-  for (const Row& row : {
-           Row{bank("b.tvb") + asset("four.dat"), ""},
-           Row{bank("b.tvb") + asset("a-b.dat"), "define-invalid 2:11"},
-           Row{bank("b.tvb") + asset("in/x.dat"), "define-invalid 2:11"},
-           Row{bank("b.tvb") + asset("in\\x.dat"), ""},
-           Row{bank("b.tvb") + asset("four.dat foo Paramter0 5"), "unknown-word 2:20"},
-           Row{bank("a-b.tvb") + asset("four.dat") + asset("five.dat"), "define-invalid 1:14"},
-           Row{bank("a-b.tvb") + asset("four.dat"), "define-invalid 1:14", {"--prefix", "P"}},
-           Row{bank("2b.tvb") + asset("four.dat"), "define-invalid 1:14"},
-           Row{bank("2b.tvb") + asset("four.dat"), "", {"--prefix", "P"}},
-           Row{bank("b.tvb") + asset("four.dat"), "define-invalid 1:14", {"--prefix", "2"}},
-           Row{bank("in/b.tvb"), "define-invalid 1:14"},
-           Row{bank("in/b.tvb"), "define-invalid 1:14", {"--prefix", "P"}},
-           Row{bank("b.tvb"), "", {"--bank-dir", "in", "--header-dir", "in"}},
-           Row{bank("b.tvb") + asset("four.dat") + asset("in\\four.dat"), "define-duplicate 3:11"},
-           Row{bank("b.tvb") + asset("bank_data.size"), "define-duplicate 2:11"},
-           Row{bank("b.tvb") + asset("bank_header.size"), "define-duplicate 2:11"},
-           Row{bank("b_c.tvb") + asset("c.h"), "define-duplicate 2:11", {"--prefix", "_b"}},
-           Row{bank("b_c.tvb") + asset("c.h"), "", {"--prefix", "b"}},
-           Row{bank(stem76 + ".tvb"), ""},
-           Row{bank(stem76 + "g.tvb"), "long-guard 1:14"},
-           Row{bank("b.tvb") + "FxOutputBank five.dat AssetEnd\n" + asset("four.dat"),
-               "unaligned 3:11"},
-           Row{bank("b.tvb") + "FxOutputBank four.dat AssetEnd\n" + asset("five.dat"), ""},
-           Row{bank("b.bin"), "bank-name 1:14"},
-           Row{bank("b.c.tvb"), "bank-name 1:14"},
-           Row{bank("b.tvb") + asset("four.dat") + asset("link.dat"), "same-file-twice 3:11"},
-           Row{bank("b.tvb") + asset("four.dat") + asset("four.dat"),
-               "define-duplicate 3:11 same-file-twice 3:11"},
-           Row{bank("b.tvb"), "over-budget 1:14", {"--max-bytes", "31"}},
-           Row{bank("b.tvb"), "", {"--max-bytes", "32"}},
-           Row{bank("four.tvb") + asset("four.h"), "output-overlap 1:14 missing-file 2:11"},
-           // Files that would be written over.
-           Row{bank("s.txt") + asset("four.dat"), "output-overlap 1:14 bank-name 1:14"},
-           Row{bank("four.dat") + asset("in\\x.dat"), "bank-name 1:14"},
-           Row{bank("four.dat") + asset("link.dat"), "output-overlap 1:14 bank-name 1:14"},
-           Row{bank("b.h") + asset("four.dat"), "output-overlap 1:14 bank-name 1:14"},
-           Row{bank("b.h") + asset("four.dat"), "bank-name 1:14", {"--bank-dir", "in"}},
-           Row{bank("b.h"),
-               "output-overlap 1:14 bank-name 1:14",
-               {"--bank-dir", "in", "--header-dir", "./in/../in/"}},
-           Row{bank("b.tvb") + asset("s.txt"), "output-overlap 1:14"},
-       }) {
-    SCOPED_TRACE(row.script);
-    EXPECT_EQ(check(row.script, row.options), row.problems);
-    EXPECT_EQ(status_, output_.results.find("\"errors\": 0") == std::string::npos ? 1 : 0);
+  for (const auto& [problems, scripts, options] : groups) {
+    for (const std::string& script : scripts) {
+      SCOPED_TRACE(script);
+      EXPECT_EQ(check(script, options), problems);
+      EXPECT_EQ(status_, output_.results.find("\"errors\": 0") == std::string::npos ? 1 : 0);
+    }
   }
 }
 

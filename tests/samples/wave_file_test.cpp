@@ -85,16 +85,14 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
 TEST(WaveFile, HandsOverOrReleasesItsSamples) {
   const TemporaryDirectory directory;
   WaveFile wave(directory.write("a.wav", wav().fmt(mono, 16, 22050).data("abc")).c_str());
-  for (const bool released : {false, true}) {
-    EXPECT_TRUE(wave.load());
-    const std::uint8_t* samples = wave.getSampleData();
-    if (released) {
-      wave.releaseData();
-    } else {
-      EXPECT_EQ(wave.takeSamples().get(), samples);
-    }
-    EXPECT_EQ(textOf(wave), "1 1 22050 44100 2 16 0 mono PCM 3 fails");
-  }
+  const std::string withoutSamples = "1 1 22050 44100 2 16 0 mono PCM 3 fails";
+  EXPECT_TRUE(wave.load());
+  const std::uint8_t* samples = wave.getSampleData();
+  EXPECT_EQ(wave.takeSamples().get(), samples);
+  EXPECT_EQ(textOf(wave), withoutSamples);
+  EXPECT_TRUE(wave.load());
+  wave.releaseData();
+  EXPECT_EQ(textOf(wave), withoutSamples);
 }
 
 }  // namespace tavrel::test

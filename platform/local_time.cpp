@@ -13,6 +13,17 @@ std::optional<SYSTEMTIME>& stoppedTime() {
   return time;
 }
 
+/// Returns the start of a day.
+SYSTEMTIME dateOf(std::chrono::sys_days day) {
+  const std::chrono::year_month_day date(day);
+  SYSTEMTIME time;
+  time.wYear = static_cast<std::uint16_t>(static_cast<int>(date.year()));
+  time.wMonth = static_cast<std::uint16_t>(static_cast<unsigned>(date.month()));
+  time.wDay = static_cast<std::uint16_t>(static_cast<unsigned>(date.day()));
+  time.wDayOfWeek = static_cast<std::uint16_t>(std::chrono::weekday(day).c_encoding());
+  return time;
+}
+
 std::tm brokenDown(std::time_t seconds) {
   std::tm fields{};
 #ifdef _WIN32
@@ -44,6 +55,17 @@ void GetLocalTime(SYSTEMTIME* time) {
   time->wMinute = word(fields.tm_min);
   time->wSecond = word(fields.tm_sec);
   time->wMilliseconds = word(sinceEpoch % 1000);
+}
+
+SYSTEMTIME utcTime(std::int64_t seconds) {
+  const std::chrono::sys_seconds whole{std::chrono::seconds(seconds)};
+  const auto day = std::chrono::floor<std::chrono::days>(whole);
+  const std::chrono::hh_mm_ss sinceMidnight(whole - day);
+  SYSTEMTIME time = dateOf(day);
+  time.wHour = static_cast<std::uint16_t>(sinceMidnight.hours().count());
+  time.wMinute = static_cast<std::uint16_t>(sinceMidnight.minutes().count());
+  time.wSecond = static_cast<std::uint16_t>(sinceMidnight.seconds().count());
+  return time;
 }
 
 void stopClock(const SYSTEMTIME& time) { stoppedTime() = time; }

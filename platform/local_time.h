@@ -21,7 +21,11 @@ struct SYSTEMTIME {
 /// Sets `time` to the local date and time, or to the time at which the clock is stopped.
 void GetLocalTime(SYSTEMTIME* time);
 
-// Not used by the tool; for tests.
+// Not used by the tool; for builds whose outputs don't depend on the time, and for tests.
+
+/// Returns the date and time in UTC, `seconds` after the start of 1970. The year must have four
+/// digits.
+SYSTEMTIME utcTime(std::int64_t seconds);
 
 /// Makes GetLocalTime return `time` until `restartClock`.
 void stopClock(const SYSTEMTIME& time);

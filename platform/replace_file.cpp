@@ -119,9 +119,11 @@ std::error_code ReplacementFile::createTemporary() {
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
   for (int i = 0; i < kTries; ++i) {
     temporaryPath_ = folder + ".tavrel-" + std::to_string(now + i) + ".tmp";
+    const HeldSignals held;
     descriptor_ =
         open(temporaryPath_.c_str(), O_CREAT | O_EXCL | O_WRONLY | kHostFlags, kModeOfNewFiles);
     if (descriptor_ != kClosed) {
+      temporary_.doom(temporaryPath_.c_str());
       return {};
     }
     if (errno != EEXIST) {
@@ -168,8 +170,10 @@ std::error_code ReplacementFile::flushToDisk() {
 }
 
 std::error_code ReplacementFile::replaceFile() {
+  const HeldSignals held;
   const std::error_code error = moveFile(temporaryPath_, target_, existing_ != Existing::refuse);
   if (!error) {
+    temporary_.spare();
     temporaryPath_.clear();
   }
   return error;
@@ -179,6 +183,7 @@ void ReplacementFile::discard() {
   closeDescriptor();
   if (!temporaryPath_.empty()) {
     std::remove(temporaryPath_.c_str());
+    temporary_.spare();
     temporaryPath_.clear();
   }
 }

@@ -8,6 +8,8 @@
 #include <string>
 #include <system_error>
 
+#include "platform/termination.h"
+
 namespace tavrel {
 
 /// What happens to the file that is at the target.
@@ -19,7 +21,7 @@ enum class Existing {
 
 /// A new file that isn't at its target yet. Use: `createNew`, `write` (or a DiskFile on
 /// `temporaryPath`), `flushToDisk`, `replaceFile`. Owns the temporary file and deletes it on
-/// destruction.
+/// destruction, and when a signal ends the program (see deleteDoomedFilesOnSignals).
 class ReplacementFile {
  public:
   ReplacementFile() = default;
@@ -60,6 +62,7 @@ class ReplacementFile {
 
   std::string target_;
   std::string temporaryPath_;
+  DoomedFile temporary_;  // under this path
   Existing existing_ = Existing::refuse;
   int descriptor_ = kClosed;
 };

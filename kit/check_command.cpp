@@ -2,12 +2,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
-#include <filesystem>
 #include <set>
 
-#include "kit/check/check_script.h"
+#include "kit/check/check_options.h"
 #include "kit/check/report_formats.h"
 #include "kit/check/script_fix.h"
 #include "kit/check/unified_diff.h"
@@ -16,61 +14,12 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/text_table.h"
-#include "kit/quality/quality_limit.h"
 #include "platform/file_identity.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-/// Checks a code that --allow names.
-std::string allowable(std::string name) {
-  if (codeNamed(name).severity == Severity::error) {
-    throw Failure(fmt::format("{} is an error, which can't be allowed", name));
-  }
-  return name;
-}
-
-/// Returns the bytes that "4096", "64K" or "8M" is.
-std::uint64_t byteCount(const std::string& text) {
-  std::uint64_t number = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, number);
-  const std::string_view unit(result.ptr, static_cast<std::size_t>(end - result.ptr));
-  const unsigned shift = unit == "K" ? 10 : unit == "M" ? 20 : 0;
-  if (result.ec != std::errc() || (shift == 0 && !unit.empty()) || number > UINT64_MAX >> shift) {
-    throw Failure(
-        fmt::format("--max-bytes takes a number of bytes, such as 65536, 64K or 8M, not {}", text));
-  }
-  return number << shift;
-}
-
-CheckOptions checkOptions(const Arguments& arguments) {
-  CheckOptions options;
-  for (const std::string& list : arguments.values("--allow")) {
-    for (std::size_t start = 0; start <= list.size();) {
-      const std::size_t end = std::min(list.find(',', start), list.size());
-      options.allowed.push_back(allowable(list.substr(start, end - start)));
-      start = end + 1;
-    }
-  }
-  if (const auto limit = arguments.value("--max-bytes")) {
-    options.mostBytes = byteCount(*limit);
-  }
-  options.lowestQuality = qualityLimit(arguments);
-  return options;
-}
-
-/// Returns the form that the options ask for.
-std::string formOf(const Arguments& arguments) {
-  const bool isJson = arguments.has("--json");
-  std::string form = arguments.value("--format").value_or(isJson ? "json" : "text");
-  if (isJson && form != "json") {
-    throw Failure(fmt::format("--json contradicts --format {}", form));
-  }
-  return form;
-}
 
 std::string listOfCodes(const Arguments& arguments) {
   if (formOf(arguments) != "text") {
@@ -81,14 +30,6 @@ std::string listOfCodes(const Arguments& arguments) {
     table.add({std::string(code.name), severityName(code.severity), std::string(code.summary)});
   }
   return table.text();
-}
-
-std::string formatted(const std::vector<CheckedScript>& scripts, const std::string& format) {
-  if (format == "json") {
-    return problemsAsJson(scripts);
-  }
-  return format == "sarif" ? problemsAsSarif(scripts)
-                           : problemsAsText(scripts, showsColours(stdout));
 }
 
 /// Returns the scripts, each once, however often or under how many names it is given.
@@ -102,11 +43,6 @@ std::vector<std::string> differentScripts(const std::vector<std::string>& script
     }
   }
   return different;
-}
-
-/// Returns a script's path as whoever runs the command finds it, outside the folder of -C.
-std::string pathForUser(const std::string& script, const Arguments& arguments) {
-  return (std::filesystem::path(arguments.value("-C").value_or("")) / script).string();
 }
 
 std::vector<CheckedScript> checkScripts(const std::vector<std::string>& names,
@@ -164,12 +100,10 @@ int runCheck(const Arguments& arguments, Output& output) {
   if (isDry(arguments)) {
     output.messages += problemsAsText(scripts, showsColours(stderr));
   } else {
-    output.results = formatted(scripts, form);
+    output.results = formatted(scripts, form, stdout);
   }
   output.messages += problemCount(scripts);
-  const bool hasErrors = countOf(scripts, Severity::error) > 0;
-  const bool hasWarnings = countOf(scripts, Severity::warning) > 0;
-  return hasErrors || (hasWarnings && arguments.has("--werror")) ? exitNo : exitYes;
+  return stops(scripts, arguments) ? exitNo : exitYes;
 }
 
 }  // namespace
@@ -198,20 +132,8 @@ Command checkCommand() {
           "allowed aren't fixed. The diff of --fix=dry is for patch -p0.",
       .example = "tavkit check sounds.txt",
       .options = joined(
-          scriptOptions(),
-          {{.names = "--format",
-            .value = "FORM",
-            .help = "Print text, which editors parse, json or sarif",
-            .words = {"text", "json", "sarif"}},
-           {.names = "--json", .help = "Print one JSON document: --format json"},
-           {.names = "--werror", .help = "Exit with 1 for warnings too"},
-           {.names = "--allow",
-            .value = "CODE",
-            .help = "Don't report warnings with this code, or with these: CODE,CODE"},
-           belowOption("Warn of compressed sounds with a ratio below DB decibels"),
-           {.names = "--max-bytes",
-            .value = "N",
-            .help = "Report a bank longer than N bytes as an error; N may be 64K or 8M"},
+          joined(scriptOptions(), checkOptionRows()),
+          {{.names = "--json", .help = "Print one JSON document: --format json"},
            {.names = "--fix",
             .help =
                 "Fix what has one safe fix; with =dry print the change as a diff and write nothing",

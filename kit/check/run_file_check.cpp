@@ -1,59 +1,17 @@
-// Checks that the files of a run are different ones. Names are compared by what the host finds
-// under them, since one file can have many.
+// Checks that the files of a run are different ones.
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <map>
 
-#include "foundation/text_utilities.h"
 #include "kit/check/bank_checks.h"
-#include "platform/file_identity.h"
+#include "kit/check/run_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-/// A file of a run, which may not be there yet.
-struct RunFile {
-  std::string path;
-  std::optional<FileIdentity> identity;  ///< none while it isn't there
-};
-
-RunFile runFile(std::string path) {
-  const auto identity = fileIdentity(path.c_str());
-  return {.path = std::move(path), .identity = identity};
-}
-
-/// A path in two parts.
-struct FolderAndName {
-  std::string folder;  ///< "." for the current one
-  std::string name;
-};
-
-FolderAndName splitPath(const std::string& path) {
-  const std::size_t start = path.find_last_of(kHostSeparators) + 1;
-  return {start == 0 ? "." : path.substr(0, start), path.substr(start)};
-}
-
-/// Returns true if two files, of which none is there yet, would be one.
-bool willBeSame(const RunFile& first, const RunFile& second) {
-  const FolderAndName one = splitPath(first.path);
-  const FolderAndName other = splitPath(second.path);
-  if (!equalsIgnoringCase(one.name.c_str(), other.name.c_str())) {
-    return false;
-  }
-  const auto folder = fileIdentity(one.folder.c_str());
-  const bool isOneFolder =
-      folder ? folder == fileIdentity(other.folder.c_str()) : one.folder == other.folder;
-  return isOneFolder && (one.name == other.name || ignoresCase(one.folder.c_str()));
-}
-
-bool isSame(const RunFile& first, const RunFile& second) {
-  return first.identity || second.identity ? first.identity == second.identity
-                                           : willBeSame(first, second);
-}
 
 /// Reports an asset that is the file of one before it. `files` are those of `assets`.
 void checkRepeats(const std::vector<CheckedAsset>& assets, const std::vector<RunFile>& files,

@@ -12,10 +12,9 @@ OutputFile::OutputFile(const std::string& path, Existing existing) : path_(path)
 
 void OutputFile::write(const void* bytes, std::uint64_t count) { check(file_.write(bytes, count)); }
 
-void OutputFile::finish() {
-  check(file_.flushToDisk());
-  check(file_.replaceFile());
-}
+void OutputFile::flush() { check(file_.flushToDisk()); }
+
+void OutputFile::replace() { check(file_.replaceFile()); }
 
 void OutputFile::check(const std::error_code& error) const {
   if (error) {

@@ -15,8 +15,18 @@ class OutputFile {
 
   void write(const void* bytes, std::uint64_t count);
 
-  /// Flushes the file to disk and lets it appear.
-  void finish();
+  /// Flushes the file to disk, complete, and lets it appear under its name.
+  void finish() {
+    flush();
+    replace();
+  }
+
+  // The two halves of `finish`.
+  void flush();
+  void replace();
+
+  /// Returns the host's path of the file until it appears.
+  [[nodiscard]] const std::string& temporaryPath() const { return file_.temporaryPath(); }
 
  private:
   void check(const std::error_code& error) const;

@@ -55,6 +55,10 @@ void changeDirectory(const Arguments& arguments) {
   }
 }
 
+std::string pathForUser(const std::string& path, const Arguments& arguments) {
+  return (std::filesystem::path(arguments.value("-C").value_or("")) / path).string();
+}
+
 RunPlan planFor(const std::string& script, const Arguments& arguments) {
   RunPlan plan{.scriptPath = script};
   plan.prefix = arguments.value("--prefix").value_or("");

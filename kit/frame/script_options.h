@@ -25,6 +25,9 @@ const std::vector<CommandOption>& scriptOptions();
 /// can't.
 void changeDirectory(const Arguments& arguments);
 
+/// Returns a path as whoever has started the command finds the file, outside the folder of -C.
+std::string pathForUser(const std::string& path, const Arguments& arguments);
+
 /// Returns what the options say for one script. Throws Failure for a prefix that is too long.
 RunPlan planFor(const std::string& script, const Arguments& arguments);
 

@@ -1,0 +1,24 @@
+// The files of a run. Names are compared by what the host finds under them, since one file can have
+// many.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/file_identity.h"
+
+namespace tavrel::kit {
+
+/// A file of a run, which may not be there yet.
+struct RunFile {
+  std::string path;                      ///< the host's own
+  std::optional<FileIdentity> identity;  ///< none while it isn't there
+};
+
+/// Returns the file at the host's path `path`.
+RunFile runFile(std::string path);
+
+/// Returns true if two files are one, or will be one when they are there.
+bool isSame(const RunFile& first, const RunFile& second);
+
+}  // namespace tavrel::kit

@@ -1,6 +1,7 @@
-// Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, and
-// the bank passes verify. A fixed script has nothing left to fix, and a script that tavkit makes
-// for all the files has no errors. The other commands that read scripts and assets must answer.
+// Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, the bank
+// passes verify, and a build makes the same one. A fixed script has nothing left to fix, and a script
+// that tavkit makes for all the files has no errors. The other commands that read scripts and assets
+// must answer.
 //
 // | Content | Goes to |
 // |---|---|
@@ -43,8 +44,12 @@ void requirePacked(const std::string& script) {
   const char* const arguments[] = {"tavrel", "s.txt", nullptr};
   require(runTavrel(2, arguments) == 0);
   require(test::faultOfDefines(contentOf(wanted.header()), wanted.files.size()).empty());
+  const std::string bank = contentOf(wanted.bank);
   kit::Output output;
   require(kit::runCommandLine({"verify", wanted.bank, "--script", "s.txt"}, output) == 0);
+  std::filesystem::remove(wanted.bank);
+  require(kit::runCommandLine({"build", "s.txt"}, output) == 0);
+  require(contentOf(wanted.bank) == bank);
 }
 
 /// Runs the commands whose answer nothing else proves.

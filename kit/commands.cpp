@@ -4,8 +4,9 @@ namespace tavrel::kit {
 
 const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
-      listCommand(),    verifyCommand(), extractCommand(), diffCommand(), showCommand(),
-      qualityCommand(), checkCommand(),  explainCommand(), newCommand(),  depsCommand(),
+      listCommand(), verifyCommand(),  extractCommand(), diffCommand(),
+      showCommand(), qualityCommand(), checkCommand(),   explainCommand(),
+      newCommand(),  depsCommand(),    buildCommand(),
   };
   return kCommands;
 }

@@ -20,5 +20,8 @@ Command newCommand();
 Command qualityCommand();
 Command showCommand();
 Command verifyCommand();
+Command buildCommand();
+Command checkCommand();
+Command explainCommand();
 
 }  // namespace tavrel::kit

@@ -13,7 +13,7 @@ _tavkit() {
   local current=$2 previous=$3 command=${COMP_WORDS[1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _tavkit_words 'list verify extract diff show quality check explain deps -h --help --version'
+    _tavkit_words 'list verify extract diff show quality check explain new deps build -h --help --version'
     return
   fi
   case $command:$previous in
@@ -43,12 +43,29 @@ _tavkit() {
     check:--allow) :; return ;;
     check:--below) :; return ;;
     check:--max-bytes) :; return ;;
+    new:-o | new:--output) _tavkit_files '!*.txt'; return ;;
+    new:--bank) :; return ;;
+    new:-C) _tavkit_files '*'; return ;;
+    new:--prefix) :; return ;;
+    new:--bank-dir) _tavkit_files '*'; return ;;
+    new:--header-dir) _tavkit_files '*'; return ;;
     deps:-C) _tavkit_files '*'; return ;;
     deps:--prefix) :; return ;;
     deps:--bank-dir) _tavkit_files '*'; return ;;
     deps:--header-dir) _tavkit_files '*'; return ;;
     deps:--target) :; return ;;
     deps:-o | deps:--output) _tavkit_files ''; return ;;
+    build:-C) _tavkit_files '*'; return ;;
+    build:--prefix) :; return ;;
+    build:--bank-dir) _tavkit_files '*'; return ;;
+    build:--header-dir) _tavkit_files '*'; return ;;
+    build:--format) _tavkit_words 'text json sarif'; return ;;
+    build:--allow) :; return ;;
+    build:--below) :; return ;;
+    build:--max-bytes) :; return ;;
+    build:--depfile) _tavkit_files ''; return ;;
+    build:--stamp) _tavkit_files ''; return ;;
+    build:--declared) _tavkit_files ''; return ;;
   esac
   if [[ $current == -* ]]; then
     case $command in
@@ -58,9 +75,11 @@ _tavkit() {
       diff) _tavkit_words '--old-header --new-header --no-header --ids --json -h --help --version' ;;
       show) _tavkit_words '-h --help --version' ;;
       quality) _tavkit_words '-C --prefix --bank-dir --header-dir --below --json -h --help --version' ;;
-      check) _tavkit_words '-C --prefix --bank-dir --header-dir --format --json --werror --allow --below --max-bytes --list-codes -h --help --version' ;;
+      check) _tavkit_words '-C --prefix --bank-dir --header-dir --format --werror --allow --below --max-bytes --json --fix --list-codes -h --help --version' ;;
       explain) _tavkit_words '-h --help --version' ;;
+      new) _tavkit_words '-o --output --bank --adpcm --add -C --prefix --bank-dir --header-dir -h --help --version' ;;
       deps) _tavkit_words '-C --prefix --bank-dir --header-dir --target -o --output -h --help --version' ;;
+      build) _tavkit_words '-C --prefix --bank-dir --header-dir --format --werror --allow --below --max-bytes --depfile --stamp --declared --no-check -q --quiet -h --help --version' ;;
     esac
     return
   fi
@@ -73,7 +92,9 @@ _tavkit() {
     quality) _tavkit_files '!*.txt' ;;
     check) _tavkit_files '!*.txt' ;;
     explain) : ;;
+    new) _tavkit_files '' ;;
     deps) _tavkit_files '!*.txt' ;;
+    build) _tavkit_files '!*.txt' ;;
   esac
 }
 

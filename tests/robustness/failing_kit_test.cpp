@@ -71,6 +71,7 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       {"show", "engine.aif"},
       {"show", "theme.mid"},
       {"deps", "demo.txt"},
+      {"build", "demo.txt", "--depfile", "demo.d"},
       {"check", "--fix", "fix.txt"},
       {"new", ".", "-o", "out"},
   };

@@ -1,7 +1,6 @@
 # What `cmake --install` and `cpack` install: the tool, its man page, the documents, the example, the
 # header for games with its pkg-config file, tavkit where it is built, with its man page, completions
-# and schemas, and a CMake package with the programs tavrel::tavrel and tavrel::tavkit and the header
-# as the target tavrel::bank.
+# and schemas, and a CMake package, see tavrelConfig.cmake.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -22,14 +21,16 @@ if(TAVREL_KIT)
   install(FILES kit/completions/_tavkit DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
   install(DIRECTORY integrations DESTINATION ${CMAKE_INSTALL_DOCDIR})
   install(DIRECTORY kit/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel)
+  install(DIRECTORY cmake/bank/ DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)
 endif()
 
 # The tool makes the same banks on every host, so the package fits every architecture.
 set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
-install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake DESTINATION ${package_directory})
-install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelConfig.cmake DESTINATION ${package_directory})
+install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake cmake/tavrelConfig.cmake
+  DESTINATION ${package_directory})
+install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelTargets.cmake DESTINATION ${package_directory})
 
 configure_file(runtime/tavrel.pc.in tavrel.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tavrel.pc DESTINATION ${CMAKE_INSTALL_DATADIR}/pkgconfig)

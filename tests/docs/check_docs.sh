@@ -46,7 +46,7 @@ make_root() {
   else
     root=$sandbox/$(basename "$document" .md)
     mkdir -p "$root"
-    cp -r "$source/examples" "$root"
+    cp -r "$source/examples" "$source/integrations" "$root"
   fi
 }
 

@@ -10,6 +10,7 @@ namespace tavrel::kit {
 /// Returns all commands in the order of the help.
 const std::vector<Command>& commands();
 
+Command buildCommand();
 Command checkCommand();
 Command depsCommand();
 Command diffCommand();
@@ -20,8 +21,5 @@ Command newCommand();
 Command qualityCommand();
 Command showCommand();
 Command verifyCommand();
-Command buildCommand();
-Command checkCommand();
-Command explainCommand();
 
 }  // namespace tavrel::kit

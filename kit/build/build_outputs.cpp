@@ -22,6 +22,7 @@ bool hasContent(const std::string& path, const std::string& text) {
 void writeOutputs(const std::vector<BuildOutput>& outputs) {
   // All files are made first: one that is read-only stops the build before anything is written.
   std::vector<std::unique_ptr<OutputFile>> files;
+  files.reserve(outputs.size());
   for (const BuildOutput& output : outputs) {
     files.push_back(std::make_unique<OutputFile>(output.path, Existing::followLink));
   }

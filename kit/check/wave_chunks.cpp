@@ -36,6 +36,21 @@ constexpr std::size_t kLoopCount = std::size_t{7} * 4;
 constexpr std::size_t kSamplerSize = kLoopCount + 4 + 4;
 constexpr std::size_t kLoopSize = std::size_t{6} * 4;
 
+/// Closes its file in any case: memory may run out while the chunks are listed.
+class OpenRiffFile : public RiffFile {
+ public:
+  explicit OpenRiffFile(const char* openedName) : RiffFile(openedName) {
+    if (!open()) {
+      throw std::bad_alloc();  // the file has been opened before
+    }
+  }
+  ~OpenRiffFile() { close(); }
+  OpenRiffFile(const OpenRiffFile&) = delete;
+  OpenRiffFile(OpenRiffFile&&) = delete;
+  OpenRiffFile& operator=(const OpenRiffFile&) = delete;
+  OpenRiffFile& operator=(OpenRiffFile&&) = delete;
+};
+
 void readFormat(RiffFile& riff, const ChunkInfo& chunk, WaveChunks& chunks) {
   std::array<std::uint8_t, kExtensibleSize> bytes{};
   if (chunk.chunkSize >= bytes.size() && riff.readBytes(bytes.data(), bytes.size()) &&
@@ -93,15 +108,11 @@ void readChunks(RiffFile& riff, const ChunkInfo& form, WaveChunks& chunks) {
 
 WaveChunks readWaveChunks(const char* openedName) {
   WaveChunks chunks;
-  RiffFile riff(openedName);
-  if (!riff.open()) {
-    throw std::bad_alloc();  // the file has been opened before
-  }
+  OpenRiffFile riff(openedName);
   ChunkInfo form;
   if (riff.descendRiff("WAVE", form)) {
     readChunks(riff, form, chunks);
   }
-  riff.close();
   return chunks;
 }
 

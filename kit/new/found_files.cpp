@@ -37,7 +37,7 @@ fs::path settled(const fs::path& path) {
 /// is none.
 fs::path relativePath(const std::string& path) {
   const fs::path from = fs::canonical(".");
-  const fs::path relative = settled(path).lexically_relative(from);
+  fs::path relative = settled(path).lexically_relative(from);
   if (relative.empty()) {
     throw Failure(fmt::format("no relative name leads from the script to {}", path));
   }

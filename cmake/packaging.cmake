@@ -21,7 +21,6 @@ if(TAVREL_KIT)
   install(FILES kit/completions/_tavkit DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
   install(DIRECTORY integrations DESTINATION ${CMAKE_INSTALL_DOCDIR})
   install(DIRECTORY kit/schemas DESTINATION ${CMAKE_INSTALL_DATADIR}/tavrel)
-  install(DIRECTORY cmake/bank/ DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavrel)
 endif()
 
 # The tool makes the same banks on every host, so the package fits every architecture.
@@ -30,6 +29,7 @@ write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 install(FILES ${PROJECT_BINARY_DIR}/tavrelConfigVersion.cmake cmake/tavrelConfig.cmake
   DESTINATION ${package_directory})
+install(DIRECTORY cmake/bank/ DESTINATION ${package_directory})
 install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelTargets.cmake DESTINATION ${package_directory})
 
 configure_file(runtime/tavrel.pc.in tavrel.pc @ONLY)

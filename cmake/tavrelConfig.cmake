@@ -1,6 +1,4 @@
 # The package tavrel: the programs tavrel::tavrel and tavrel::tavkit, the header for games as the
 # target tavrel::bank, and tavrel_add_bank.
 include("${CMAKE_CURRENT_LIST_DIR}/tavrelTargets.cmake")
-if(EXISTS "${CMAKE_CURRENT_LIST_DIR}/tavrel_add_bank.cmake")
-  include("${CMAKE_CURRENT_LIST_DIR}/tavrel_add_bank.cmake")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/tavrel_add_bank.cmake")

@@ -8,14 +8,14 @@
 #
 # The documentation is docs/builds.md.
 include_guard(GLOBAL)
+cmake_policy(VERSION 3.20)  # in the functions too: depfiles with absolute names (CMP0116)
 include("${CMAKE_CURRENT_LIST_DIR}/read_bank_name.cmake")
 
-set(TAVKIT_EXECUTABLE "" CACHE FILEPATH "The tavkit that packs banks, instead of tavrel::tavkit")
+set(TAVKIT_EXECUTABLE TAVKIT_EXECUTABLE-NOTFOUND CACHE FILEPATH
+  "The tavkit that packs banks, instead of tavrel::tavkit")
 mark_as_advanced(TAVKIT_EXECUTABLE)
 
 function(tavrel_add_bank name)
-  cmake_policy(PUSH)
-  cmake_policy(VERSION 3.20)  # depfiles with absolute names (CMP0116)
   cmake_parse_arguments(
     PARSE_ARGV 1 bank "NO_CHECK" "SCRIPT;WORKING_DIRECTORY;OUTPUT_DIRECTORY;PREFIX" "")
   if(NOT DEFINED bank_SCRIPT OR DEFINED bank_UNPARSED_ARGUMENTS)
@@ -31,8 +31,11 @@ function(tavrel_add_bank name)
   set(output "${CMAKE_CURRENT_BINARY_DIR}")
   if(DEFINED bank_OUTPUT_DIRECTORY)
     set(output "${bank_OUTPUT_DIRECTORY}")
-    if(NOT output MATCHES "^\\$<")  # a generator expression stands for an absolute path
+    # What a generator expression stands for isn't known yet.
+    if(NOT output MATCHES "^\\$<")
       cmake_path(ABSOLUTE_PATH output BASE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}" NORMALIZE)
+    elseif(CMAKE_VERSION VERSION_GREATER_EQUAL 3.24)
+      set(output "$<PATH:ABSOLUTE_PATH,NORMALIZE,${output},${CMAKE_CURRENT_BINARY_DIR}>")
     endif()
   endif()
   _tavrel_find_tavkit(tavkit)
@@ -56,9 +59,10 @@ function(tavrel_add_bank name)
 
   # The stamp is the one output: the bank and the header keep their times as long as they are equal.
   set(stamp "${output}/${name}.stamp")
+  set(by_products BYPRODUCTS "${output}/${bank_name}" "${output}/${header_name}")
   add_custom_command(
     OUTPUT "${stamp}"
-    BYPRODUCTS "${output}/${bank_name}" "${output}/${header_name}"
+    ${by_products}
     COMMAND "${CMAKE_COMMAND}" "-DFOLDER=${output}" "-DSCRIPT=${bank_SCRIPT}" "-DBANK=${bank_name}"
       "-DRENAMED=${renamed}" -P "${scripts}/before_packing.cmake"
     COMMAND "${tavkit}" build -q ${options} --depfile "${output}/${name}.d" --stamp "${stamp}"
@@ -78,14 +82,18 @@ function(tavrel_add_bank name)
         "-DHEADER=${output}/${header_name}" -P "${scripts}/remove_stale_stamp.cmake"
       VERBATIM)
     add_dependencies(${name} ${name}_outputs)
+    # A command that depends on a by-product waits for the target that lists it, but not for a command
+    # that does.
+    add_custom_target(${name}_files COMMAND "${CMAKE_COMMAND}" -E true ${by_products} VERBATIM)
+    add_dependencies(${name}_files ${name})
   endif()
-  cmake_policy(POP)
 endfunction()
 
 # Sets `result` to what packs banks on this host: a program or a target.
 function(_tavrel_find_tavkit result)
   if(NOT TAVKIT_EXECUTABLE AND CMAKE_CROSSCOMPILING)
-    find_program(TAVKIT_EXECUTABLE tavkit NO_CMAKE_FIND_ROOT_PATH)
+    find_program(TAVKIT_EXECUTABLE tavkit
+      PATHS ENV PATH NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)  # no prefix: it is for the target
   endif()
   set(tavkit tavrel::tavkit)
   if(TAVKIT_EXECUTABLE)

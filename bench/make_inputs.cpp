@@ -72,12 +72,12 @@ void makeSmallWaves() {
   std::string compressedBlocks;
   Samples joined;
   for (int i = 0; i < kSmallFiles; ++i) {
-    const std::string name = "small/" + std::to_string(i) + ".wav";
+    const std::string file = std::to_string(i) + ".wav";
     const std::size_t count = 19978 + static_cast<std::size_t>(i) * 5 / 2;
     const Samples samples = tavrel::bench::whiteNoise(count, static_cast<unsigned>(i));
-    writeFile(name, wav(samples, 22050));
+    writeFile("small/" + file, wav(samples, 22050));
     joined.insert(joined.end(), samples.begin(), samples.end());
-    const std::string block = "WaveFile " + name + "\nSampleRate 22050\n";
+    const std::string block = "WaveFile small\\" + file + "\nSampleRate 22050\n";
     blocks += block + "AssetEnd\n";
     compressedBlocks += block + "Adpcm 1\nAssetEnd\n";
   }
@@ -95,10 +95,10 @@ void makeOpaqueAssets() {
   }
   std::string blocks;
   for (int i = 0; i < kOpaqueFiles; ++i) {
-    const std::string name = "opaque/" + std::to_string(i) + ".dat";
+    const std::string file = std::to_string(i) + ".dat";
     content[0] = static_cast<char>(i);
-    writeFile(name, content);
-    blocks += "UserAsset " + name + "\nAssetEnd\n";
+    writeFile("opaque/" + file, content);
+    blocks += "UserAsset opaque\\" + file + "\nAssetEnd\n";
   }
   writeScript("opaque", blocks);
 }

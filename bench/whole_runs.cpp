@@ -152,6 +152,7 @@ void runAll(const std::string& tavrel) {
                {"ffmpeg.wav"}};
   };
 
+  std::filesystem::create_directory("built");
   const std::string tavkit = std::filesystem::path(tavrel).replace_filename("tavkit");
   const Run extracted{
       {tavkit, "extract", "compress.tvb", "-o", "extracted"}, "/dev/null", {"extracted/long.wav"}};
@@ -171,6 +172,12 @@ void runAll(const std::string& tavrel) {
            {{tavkit, "check", "small.txt"}},
            packed("small"),
            1.0,
+           20});
+  compare({"Build 2,000 small WAVs, none changed / pack them",
+           {{tavkit, "build", "small.txt", "--bank-dir", "built", "--header-dir", "built",
+             "--depfile", "built/small.d", "--stamp", "built/small.stamp"}},
+           packed("small"),
+           1.2,
            20});
   compare({"New script for 2,000 small WAVs / cat",
            {{tavkit, "new", "small", "-o", "new.txt"}, "/dev/null", {"new.txt"}},

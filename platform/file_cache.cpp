@@ -53,7 +53,17 @@ const FileCache::Entry* FileCache::find(const std::string& path) const {
   return found != entries_.end() ? &found->second : nullptr;
 }
 
+std::string FileCache::remember(const std::string& name,
+                                std::string (*find)(const std::string& name)) {
+  const auto known = paths_.find(name);
+  return known != paths_.end() ? known->second : paths_.emplace(name, find(name)).first->second;
+}
+
 FileCache* setFileCache(FileCache* cache) { return std::exchange(currentCache, cache); }
+
+std::string rememberedPath(const std::string& name, std::string (*find)(const std::string& name)) {
+  return currentCache != nullptr ? currentCache->remember(name, find) : find(name);
+}
 
 std::unique_ptr<std::streambuf> openCachedFile(const std::string& path) {
   const FileCache::Entry* entry = currentCache != nullptr ? currentCache->find(path) : nullptr;

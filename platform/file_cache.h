@@ -1,6 +1,7 @@
 // Bytes of files that a program has read already. While a cache is set, opening one of its files
 // for reading reads those bytes instead of the disk, so that whatever reads a file again reads the
-// same. Not used by the tool, where no cache is set and opening a file costs one comparison more.
+// same. It also finds the same file under a name again. Not used by the tool, where no cache is set
+// and opening a file costs one comparison more.
 #pragma once
 
 #include <cstdint>
@@ -29,13 +30,20 @@ class FileCache {
   /// Returns null if there is no entry for `path`.
   [[nodiscard]] const Entry* find(const std::string& path) const;
 
+  /// Returns find(name), which is called once for each name.
+  std::string remember(const std::string& name, std::string (*find)(const std::string& name));
+
  private:
   std::unordered_map<std::string, Entry> entries_;
+  std::unordered_map<std::string, std::string> paths_;
 };
 
 /// Sets the cache that all files are looked up in; null for none. Returns the one set before. It
 /// must outlive every file opened while it is set.
 FileCache* setFileCache(FileCache* cache);
+
+/// Returns find(name), which the cache remembers while one is set.
+std::string rememberedPath(const std::string& name, std::string (*find)(const std::string& name));
 
 /// Returns a stream buffer that reads the cached bytes of `path`, or null if there are none.
 std::unique_ptr<std::streambuf> openCachedFile(const std::string& path);

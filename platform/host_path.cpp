@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/file_cache.h"
+
 namespace tavrel {
 
 PathKind pathKind(const char* path) {
@@ -40,17 +42,22 @@ std::string folderOf(const std::string& path) {
   return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-}  // namespace
-
-std::string hostPath(const char* name) {
-  std::string asWritten = name;
-  if (asWritten.find('\\') == std::string::npos || pathKind(name) != PathKind::missing) {
+std::string findPath(const std::string& asWritten) {
+  if (pathKind(asWritten.c_str()) != PathKind::missing) {
     return asWritten;
   }
   std::string withSlashes = asWritten;
   std::replace(withSlashes.begin(), withSlashes.end(), '\\', '/');
   const bool folderExists = pathKind(folderOf(withSlashes).c_str()) == PathKind::directory;
   return folderExists ? withSlashes : asWritten;
+}
+
+}  // namespace
+
+std::string hostPath(const char* name) {
+  std::string asWritten = name;
+  return asWritten.find('\\') == std::string::npos ? asWritten
+                                                   : rememberedPath(asWritten, findPath);
 }
 
 #endif

@@ -1,6 +1,5 @@
 #include "kit/build/cached_inputs.h"
 
-#include <filesystem>
 #include <fstream>
 
 #include "platform/host_path.h"
@@ -9,16 +8,19 @@
 namespace tavrel::kit {
 
 void CachedInputs::add(const std::string& path) {
-  std::error_code isUnknown;
-  const std::uintmax_t size = std::filesystem::file_size(path, isUnknown);
-  if (cache_.find(path) != nullptr || pathKind(path.c_str()) != PathKind::file || isUnknown ||
-      size > UINT32_MAX) {
+  if (cache_.find(path) != nullptr || pathKind(path.c_str()) != PathKind::file) {
     return;
   }
-  std::ifstream file(path, std::ios::binary);
-  FileCache::Entry entry{.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size),
-                         .size = size};
-  if (file && readBytes(file, entry.bytes.get(), size) == size) {
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  const std::streamoff size = file.tellg();
+  if (!file || size < 0 || size > UINT32_MAX) {
+    return;
+  }
+  const auto length = static_cast<std::uint64_t>(size);
+  FileCache::Entry entry{.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(length),
+                         .size = length};
+  file.seekg(0);
+  if (readBytes(file, entry.bytes.get(), length) == length) {
     cache_.add(path, std::move(entry));
   }
 }

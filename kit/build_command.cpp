@@ -13,6 +13,7 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/pack/packed_script.h"
+#include "platform/host_path.h"
 #include "platform/terminal.h"
 
 namespace tavrel::kit {
@@ -20,7 +21,8 @@ namespace tavrel::kit {
 namespace {
 
 /// Marks the assets as used. Returns false for one that isn't listed, which is reported.
-bool checkDeclared(const std::string& list, const BuildInputs& inputs, Output& output) {
+bool checkDeclared(const BuildInputs& inputs, Output& output) {
+  const std::string& list = *inputs.declared;
   DeclaredFiles declared(list);
   for (const std::string& asset : inputs.assets) {
     if (!declared.use(asset)) {
@@ -57,8 +59,8 @@ bool pack(const RunPlan& plan, const BuildInputs& inputs, const Arguments& argum
     const auto outputs = changedOutputs(packed, inputs, buildRecords(arguments));
     writeOutputs(outputs);
     if (!arguments.has("--quiet") && isTerminal(stderr)) {
-      output.messages +=
-          fmt::format("{}: {} assets\n", displayText(packed.bankPath()), packed.assets().size());
+      output.messages += fmt::format("{}: {}\n", displayText(packed.bankPath()),
+                                     countText(packed.assets().size(), "asset"));
     }
     return true;
   } catch (const PackFailure& failure) {
@@ -76,9 +78,11 @@ int runBuild(const Arguments& arguments, Output& output) {
   const RunPlan plan = planFor(arguments.operands.front(), arguments);
   const BuildTime time;
   CachedInputs cache;
-  const BuildInputs inputs = readScript(plan, cache);
-  const auto declared = arguments.value("--declared");
-  if (declared && !checkDeclared(*declared, inputs, output)) {
+  BuildInputs inputs = readScript(plan, cache);
+  if (const auto list = arguments.value("--declared")) {
+    inputs.declared = hostPath(list->c_str());
+  }
+  if (inputs.declared && !checkDeclared(inputs, output)) {
     return exitNo;
   }
   for (const std::string& asset : inputs.assets) {

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 
+#include "kit/build/absolute_paths.h"
 #include "kit/build/comparing_buffer.h"
 #include "kit/build/header_comparison.h"
 #include "kit/check/loaded_script.h"
@@ -21,22 +21,23 @@ namespace tavrel::kit {
 
 namespace {
 
-std::string absolutePath(const std::string& path) {
-  return std::filesystem::absolute(path).lexically_normal().string();
-}
-
 /// Returns the depfile: its names are absolute, since a build reads it from another folder.
 std::string depfileOf(const BuildInputs& inputs, const std::string& target) {
+  AbsolutePaths paths;
   std::vector<std::string> assets;
-  std::transform(inputs.assets.begin(), inputs.assets.end(), std::back_inserter(assets),
-                 absolutePath);
-  return depfileText(absolutePath(target), absolutePath(inputs.script), assets);
+  for (const std::string& asset : inputs.assets) {
+    assets.push_back(paths.of(asset));
+  }
+  return depfileText(paths.of(target), paths.of(inputs.script), assets);
 }
 
 /// Throws Failure if one of the outputs is an input or another output.
 void requireDifferent(const std::vector<std::string>& outputs, const BuildInputs& inputs) {
   std::vector<RunFile> others{runFile(inputs.script)};
   std::transform(inputs.assets.begin(), inputs.assets.end(), std::back_inserter(others), runFile);
+  if (inputs.declared) {
+    others.push_back(runFile(*inputs.declared));
+  }
   for (const std::string& output : outputs) {
     RunFile file = runFile(output);
     const auto other = std::find_if(others.begin(), others.end(),

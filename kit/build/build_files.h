@@ -17,6 +17,7 @@ namespace tavrel::kit {
 struct BuildInputs {
   std::string script;
   std::vector<std::string> assets;
+  std::optional<std::string> declared{};  ///< the list of what may be read
 };
 
 /// Reads the script into the cache, and finds out which assets it names. Throws Failure if the

@@ -1,21 +1,10 @@
 #include "kit/build/declared_files.h"
 
-#include <filesystem>
 #include <sstream>
 
 #include "kit/frame/source_file.h"
 
 namespace tavrel::kit {
-
-namespace {
-
-/// Returns the one spelling of a path. Links aren't followed: a build may see all its files as
-/// links.
-std::string spelled(const std::string& path) {
-  return std::filesystem::absolute(path).lexically_normal().generic_string();
-}
-
-}  // namespace
 
 DeclaredFiles::DeclaredFiles(const std::string& listPath) {
   std::istringstream lines(readFile(listPath));
@@ -23,14 +12,14 @@ DeclaredFiles::DeclaredFiles(const std::string& listPath) {
     if (name.ends_with('\r')) {
       name.pop_back();
     }
-    if (!name.empty() && indices_.emplace(spelled(name), files_.size()).second) {
+    if (!name.empty() && indices_.emplace(paths_.of(name), files_.size()).second) {
       files_.push_back({.name = name});
     }
   }
 }
 
 bool DeclaredFiles::use(const std::string& path) {
-  const auto found = indices_.find(spelled(path));
+  const auto found = indices_.find(paths_.of(path));
   if (found == indices_.end()) {
     return false;
   }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "kit/build/absolute_paths.h"
+
 namespace tavrel::kit {
 
 class DeclaredFiles {
@@ -25,6 +27,7 @@ class DeclaredFiles {
     bool isUsed = false;
   };
 
+  AbsolutePaths paths_;
   std::vector<File> files_;
   std::map<std::string, std::size_t, std::less<>> indices_;  ///< in `files_`, by absolute path
 };

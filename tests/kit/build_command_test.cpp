@@ -134,6 +134,7 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
   directory_.write("odd.txt", "BankFileName b.tvb UserAsset sub\\b|.dat AssetEnd ScriptEnd\n");
   directory_.write("none.txt", "; none\n");
   directory_.write("list", "./a.wav\r\nsub/../sub/c.dat\n");
+  directory_.write("all", "a.wav\nsub/b.dat\n");
   const std::string warning = "warned.txt:1:29: warning: a.wav: ";
   const struct {
     int code;
@@ -155,6 +156,7 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
       {2, {"s.txt", "--stamp", "x", "--depfile", "x"}, "two files of the build are one: x and x"},
       {2, {"s.txt", "--stamp", "b.tvb"}, "two files of the build are one: b.tvb and b.tvb"},
       {2, {"s.txt", "--depfile", "sub/b.dat"}, "are one: sub/b.dat and sub/b.dat"},
+      {2, {"s.txt", "--declared", "all", "--depfile", "all"}, "are one: all and all"},
       {2, {"s.txt", "--depfile", "x", "--stamp", "a%"}, "has the character %"},
   };
   const std::vector<std::string> before = names();
@@ -171,6 +173,24 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
   directory_.write("list", "a.wav\n\nunused\nsub/./b.dat\nsub/b.dat");
   EXPECT_EQ(build({"s.txt", "--declared", "list"}), 0);
   EXPECT_EQ(output_.messages, "tavkit: warning: unused is listed in list and not used\n");
+}
+
+TEST_F(BuildTest, FollowsALinkBeforeAParentFolder) {
+  fs::create_directories("other/folder");
+  directory_.write("other/c.dat", "c");
+  directory_.write("c.dat", "another");
+  std::error_code unsupported;
+  fs::create_directory_symlink("other/folder", "link", unsupported);
+  if (unsupported) {
+    GTEST_SKIP() << "no links on this host";
+  }
+  directory_.write("s.txt", "BankFileName b.tvb UserAsset link\\..\\c.dat AssetEnd ScriptEnd\n");
+  directory_.write("list", "c.dat\n");
+  EXPECT_EQ(build({"s.txt", "--declared", "list"}), 1);
+  directory_.write("list", "other/c.dat\n");
+  EXPECT_EQ(build({"s.txt", "--declared", "list", "--depfile", "d"}), 0);
+  EXPECT_EQ(output_.messages, "");
+  EXPECT_THAT(directory_.read("d"), HasSubstr("/other/c.dat:\n"));
 }
 
 TEST_F(BuildTest, TakesTheTimeOfTheEnvironment) {

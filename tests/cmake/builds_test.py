@@ -118,6 +118,7 @@ def added(project):
 ROWS = [
     ("nothing", lambda p: None),
     ("an asset is touched", lambda p: (p.folder / LEVEL).touch()),
+    ("... and nothing more", lambda p: None),
     ("an asset changes", lambda p: (p.folder / LEVEL).write_text("two")),
     ("an asset changes its size", lambda p: (p.folder / LEVEL).write_text("three")),
     ("an asset is added to disk and script", added),

@@ -25,7 +25,9 @@ void preferLargePages(void* block, std::size_t size) {
   const std::uintptr_t firstPage = (start + kLargePageSize - 1) / kLargePageSize * kLargePageSize;
   const std::uintptr_t endOfLast = (start + size) / kLargePageSize * kLargePageSize;
   const std::uintptr_t length = std::max(firstPage, endOfLast) - firstPage;
-  madvise(static_cast<char*>(block) + (firstPage - start), length, MADV_HUGEPAGE);
+  if (length > 0) {  // the call takes longer than to allocate a small block
+    madvise(static_cast<char*>(block) + (firstPage - start), length, MADV_HUGEPAGE);
+  }
 }
 
 // By default the heap grows in steps of 128 KiB, which are too small for large pages. Growing it

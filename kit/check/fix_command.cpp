@@ -112,7 +112,11 @@ std::string soxCommand(const std::string& name, const SoundFix& fix) {
 }
 
 std::string convertCommand(const std::string& name, const FileKind& kind) {
-  const std::string output = newName(name, 0, ".wav", "new");
+  return convertCommand(name, kind, newName(name, 0, ".wav", "new"));
+}
+
+std::string convertCommand(const std::string& name, const FileKind& kind,
+                           const std::string& output) {
   switch (kind.converter) {
     case Converter::rename:
       return renameCommand(name, fmt::format("{}.{}", partsOf(name).stem, kind.extension));

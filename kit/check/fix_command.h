@@ -32,8 +32,10 @@ struct SoundFix {
 /// Returns the command that converts a sound into a new file beside it.
 std::string soxCommand(const std::string& name, const SoundFix& fix);
 
-/// Returns the command that makes a WAV or AIFF file of a file of another kind, or the empty string
-/// if there is none.
+/// Returns the command that makes the sound `output`, or a new file beside the old one, of a file
+/// of another kind, or the empty string if there is none.
+std::string convertCommand(const std::string& name, const FileKind& kind,
+                           const std::string& output);
 std::string convertCommand(const std::string& name, const FileKind& kind);
 
 /// Returns the command that makes a sequence of type 0 in a new file beside it.

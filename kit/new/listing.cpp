@@ -151,6 +151,8 @@ void Listing::nameFixes() {
   for (NewBlock& entry : entries_) {
     if (entry.lacksName) {
       entry.fix = names.renaming(entry.file);
+    } else if (entry.isForeign) {
+      entry.fix = names.conversion(entry.file);
     }
   }
 }

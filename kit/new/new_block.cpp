@@ -108,6 +108,7 @@ void rejectForeignSound(NewBlock& entry) {
   Findings findings;
   BlockFindings blockFindings(entry.block, findings);
   const bool isNamedAiff = isAiffExtension(extensionOf(entry.file.name).c_str());
+  entry.isForeign = true;
   reportOtherForm(entry.file.name, isNamedAiff ? "an AIFF file" : "a WAV file", blockFindings);
   judgeAll(entry, findings);
 }

@@ -16,6 +16,7 @@ struct NewBlock {
   std::string reason{};    ///< why the file isn't listed; empty if it is
   std::string fix{};       ///< a command, or advice; may be empty
   bool lacksName = false;  ///< the fix is a name that no other file has
+  bool isForeign = false;  ///< the file is a sound of a kind that no statement reads
 
   [[nodiscard]] bool isListed() const { return reason.empty(); }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "compiler/names.h"
+#include "compiler/wave_rules.h"
 #include "foundation/token_file.h"
 #include "kit/bank/c_identifier.h"
 #include "kit/check/file_kind.h"
@@ -48,6 +49,10 @@ std::string cleaned(std::string_view name, Predicate isBad) {
 
 bool isMissing(const std::string& path) { return pathKind(path.c_str()) == PathKind::missing; }
 
+bool isBadInDefine(char c) { return !isIdentifier(std::string{'_', c}); }
+
+std::size_t nameStart(const FoundFile& file) { return file.path.find_last_of(kHostSeparators) + 1; }
+
 /// Returns the folder in `path` whose name can't be in a script, with its own folder, or nothing.
 std::string forbiddenFolder(const std::string& path) {
   const auto bad = std::find_if(path.begin(), path.end(), isForbidden);
@@ -73,8 +78,9 @@ std::string betterExtension(const FoundFile& file, const std::string& extension)
   constexpr std::size_t kLongestOfWave = 3;
   constexpr std::size_t kLongest = 5;
   const FileKind& kind = kindOfFile(file.path);
-  const bool isFine = isAiff(kind)   ? isKeyword(extension, "aif")
-                      : isWave(kind) ? extension.size() <= kLongestOfWave
+  const bool isAiffName = isAiffExtension(extension.c_str());
+  const bool isFine = isAiff(kind)   ? isAiffName
+                      : isWave(kind) ? extension.size() <= kLongestOfWave && !isAiffName
                                      : extension.size() <= kLongest;
   return isFine || kind.extension.empty() ? extension.substr(0, kLongest)
                                           : std::string(kind.extension);
@@ -117,15 +123,24 @@ std::string FreeNames::renaming(const FoundFile& file) {
   if (!badFolder.empty()) {
     return folderRenaming(badFolder);
   }
-  const std::size_t start = file.path.find_last_of(kHostSeparators) + 1;
+  const std::string name = file.path.substr(nameStart(file));
+  const std::size_t dot = name.rfind('.');
+  const std::string extension = dot == std::string::npos ? "" : name.substr(dot + 1);
+  return moveCommand(file.path,
+                     pathFor(file, betterExtension(file, cleaned(extension, isBadInDefine))));
+}
+
+std::string FreeNames::conversion(const FoundFile& file) {
+  return convertCommand(file.path, kindOfFile(file.path), pathFor(file, "wav"));
+}
+
+/// Returns a free path in the folder of the file, or in the current one if that is too long.
+std::string FreeNames::pathFor(const FoundFile& file, const std::string& extension) {
+  const std::size_t start = nameStart(file);
   const std::string name = file.path.substr(start);
-  const std::size_t dot = std::min(name.rfind('.'), name.size());
-  const auto isBad = [](char c) { return !isIdentifier(std::string{'_', c}); };
-  const std::string extension =
-      betterExtension(file, cleaned(name.substr(std::min(dot + 1, name.size())), isBad));
   const bool isTooLong = file.path.size() > TokenFile::kLongestToken;
-  return moveCommand(file.path, freeName(isTooLong ? "" : file.path.substr(0, start),
-                                         cleaned(name.substr(0, dot), isBad), extension));
+  return freeName(isTooLong ? "" : file.path.substr(0, start),
+                  cleaned(name.substr(0, name.rfind('.')), isBadInDefine), extension);
 }
 
 /// Returns a path in `folder` at which nothing is, and takes its define.

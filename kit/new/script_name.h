@@ -29,7 +29,11 @@ class FreeNames {
   /// folder is in the way, it renames the folder.
   std::string renaming(const FoundFile& file);
 
+  /// Returns the command that converts a sound of another kind into a file which a script can list.
+  std::string conversion(const FoundFile& file);
+
  private:
+  std::string pathFor(const FoundFile& file, const std::string& extension);
   std::string freeName(const std::string& folder, const std::string& stem,
                        const std::string& extension);
 

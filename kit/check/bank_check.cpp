@@ -12,8 +12,8 @@ namespace tavrel::kit {
 
 namespace {
 
-StoredAssets storedAssets(const std::vector<CheckedAsset>& assets) {
-  StoredAssets stored;
+AssetList storedAssets(const std::vector<CheckedAsset>& assets) {
+  AssetList stored;
   for (const CheckedAsset& asset : assets) {
     if (asset.isStored) {
       stored.push_back(&asset);
@@ -22,13 +22,25 @@ StoredAssets storedAssets(const std::vector<CheckedAsset>& assets) {
   return stored;
 }
 
+/// Returns the assets that get a define when all files can be read. The name of a file that is
+/// missing is likely to change.
+AssetList namedAssets(const std::vector<CheckedAsset>& assets) {
+  AssetList named;
+  for (const CheckedAsset& asset : assets) {
+    if (!asset.name.empty() && !asset.isMissing) {
+      named.push_back(&asset);
+    }
+  }
+  return named;
+}
+
 void addAtFile(const CheckedAsset& asset, const char* code, std::string_view message,
                std::string hint, Findings& findings) {
   const ScriptWord& file = *asset.block->file;
   findings.add(code, file.offset, fmt::format("{}: {}", file.text, message), std::move(hint));
 }
 
-void checkCount(const StoredAssets& assets, Findings& findings) {
+void checkCount(const AssetList& assets, Findings& findings) {
   if (assets.size() > kMostAssets) {
     addAtFile(
         *assets[kMostAssets], "too-many-assets",
@@ -38,7 +50,7 @@ void checkCount(const StoredAssets& assets, Findings& findings) {
 }
 
 /// Returns the length of the bank. Checks that it fits.
-std::uint64_t checkLength(const StoredAssets& assets, Findings& findings) {
+std::uint64_t checkLength(const AssetList& assets, Findings& findings) {
   std::uint64_t blobBytes = 0;
   std::uint32_t count = 0;
   std::uint64_t length = bankLength(count, blobBytes);
@@ -56,7 +68,7 @@ std::uint64_t checkLength(const StoredAssets& assets, Findings& findings) {
 }
 
 /// Checks the offsets of assets after one that isn't padded.
-void checkAlignment(const StoredAssets& assets, Findings& findings) {
+void checkAlignment(const AssetList& assets, Findings& findings) {
   std::uint64_t offset = 0;  // from the first blob, which is aligned
   const CheckedAsset* before = nullptr;
   for (const CheckedAsset* asset : assets) {
@@ -85,7 +97,7 @@ void checkBankName(const BankNames& names, Findings& findings) {
 
 /// Returns the end of a sentence that names the largest assets: "; its largest assets: a.wav (20
 /// bytes), b.wav (10 bytes)". Returns nothing for a bank without assets.
-std::string largestAssets(StoredAssets assets) {
+std::string largestAssets(AssetList assets) {
   constexpr std::size_t kNamed = 5;
   std::stable_sort(assets.begin(), assets.end(),
                    [](const CheckedAsset* a, const CheckedAsset* b) { return a->size > b->size; });
@@ -99,7 +111,7 @@ std::string largestAssets(StoredAssets assets) {
   return list;
 }
 
-void checkBudget(const BankNames& names, const StoredAssets& assets, std::uint64_t length,
+void checkBudget(const BankNames& names, const AssetList& assets, std::uint64_t length,
                  std::uint64_t most, Findings& findings) {
   if (length > most) {
     findings.add("over-budget", names.word->offset,
@@ -115,11 +127,11 @@ void checkBudget(const BankNames& names, const StoredAssets& assets, std::uint64
 void checkBank(const ScriptModel& script, const std::vector<CheckedAsset>& assets,
                const RunPlan& plan, std::optional<std::uint64_t> mostBytes, Findings& findings) {
   const BankNames names = nameBank(script, plan);
-  const StoredAssets stored = storedAssets(assets);
+  const AssetList stored = storedAssets(assets);
   checkCount(stored, findings);
   const std::uint64_t length = checkLength(stored, findings);
   checkAlignment(stored, findings);
-  checkDefines(names, stored, findings);
+  checkDefines(names, namedAssets(assets), findings);
   checkFiles(names, plan, assets, findings);
   if (names.word != nullptr) {
     checkBankName(names, findings);

@@ -10,11 +10,11 @@
 
 namespace tavrel::kit {
 
-/// Assets that the bank holds, in the order of their ids.
-using StoredAssets = std::vector<const CheckedAsset*>;
+/// Some of the script's assets, in the order of their blocks.
+using AssetList = std::vector<const CheckedAsset*>;
 
 /// Checks that all defines, the guard too, are identifiers of C, and that each is there once.
-void checkDefines(const BankNames& names, const StoredAssets& assets, Findings& findings);
+void checkDefines(const BankNames& names, const AssetList& assets, Findings& findings);
 
 /// Returns how to name the bank so that it spoils nothing, from a name that is near.
 std::string betterBankName(std::string name);

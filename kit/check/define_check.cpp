@@ -132,7 +132,7 @@ std::optional<Edit> backslashEdit(const BankNames& names, const CheckedAsset& as
   return isFine ? std::optional(file.replacedBy(written)) : std::nullopt;
 }
 
-void checkIdentifiers(const BankNames& names, const StoredAssets& assets, Findings& findings) {
+void checkIdentifiers(const BankNames& names, const AssetList& assets, Findings& findings) {
   auto taken = ownDefines(names);
   for (const CheckedAsset* asset : assets) {
     taken.emplace(names.define(asset->name), asset->block->file->text);
@@ -148,7 +148,7 @@ void checkIdentifiers(const BankNames& names, const StoredAssets& assets, Findin
   }
 }
 
-void checkDuplicates(const BankNames& names, const StoredAssets& assets, Findings& findings) {
+void checkDuplicates(const BankNames& names, const AssetList& assets, Findings& findings) {
   auto owners = ownDefines(names);
   for (const CheckedAsset* asset : assets) {
     const ScriptWord& file = *asset->block->file;
@@ -176,7 +176,7 @@ std::string betterBankName(std::string name) {
                            cleaned(file));
 }
 
-void checkDefines(const BankNames& names, const StoredAssets& assets, Findings& findings) {
+void checkDefines(const BankNames& names, const AssetList& assets, Findings& findings) {
   if (names.word != nullptr) {
     checkGuardLength(names, findings);
     checkPrefixAndGuard(names, findings);

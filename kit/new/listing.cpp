@@ -86,6 +86,7 @@ KnownFiles Listing::readScript() {
   Findings ignored;
   for (const ScriptBlock& block : script_.model().blocks) {
     oldAssets_.push_back(checkAsset(block, folders_, ignored));
+    oldAssets_.back().isMissing = false;  // it keeps its define until its file is back
     known.add(block.file->text);
     known.add(oldAssets_.back().openedName);
   }

@@ -205,6 +205,12 @@ TEST_F(NewTest, AddsToAScript) {
             "ScriptEnd\n"},
            {"nothing new", "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n",
             "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n"},
+           {"the define of a missing file",
+            "BankFileName s.tvb\nUserAsset no\\b.dat AssetEnd UserAsset a.dat AssetEnd\n",
+            "BankFileName s.tvb\nUserAsset no\\b.dat AssetEnd UserAsset a.dat AssetEnd\n\n"
+            "; Not listed: b.dat: its define, S_B_DAT, is that of no\\b.dat already\n"
+            ";   mv -n b.dat b_2.dat\n",
+            1},
            {"a define that is taken",
             "BankFileName s.tvb\nUserAsset sub\\b.dat AssetEnd\n"
             "; Not listed: b.dat: old\nUserAsset a.dat AssetEnd\n",

@@ -5,15 +5,12 @@
 #include <algorithm>
 
 #include "foundation/text_utilities.h"
-#include "kit/frame/display_text.h"
+#include "kit/frame/shell_word.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-constexpr std::string_view kPlain =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._/+-";
 
 /// Returns true if a command could take a path for something else: for an option (-o), a program
 /// to run (sox reads from the one after a '|') or an address (ffmpeg opens pipe:0). A colon after
@@ -27,21 +24,6 @@ bool isAmbiguous(std::string_view path) {
 std::string fileWord(const std::string& name) {
   const std::string path = hostPath(name.c_str());
   return shellWord(isAmbiguous(path) ? "./" + path : path);
-}
-
-/// Returns a word with bytes that can't be in a line of text, or would be shown as others, as
-/// escapes of the shell.
-std::string escapedWord(std::string_view word) {
-  std::string quoted = "$'";
-  for (const char c : word) {
-    const auto byte = static_cast<std::uint8_t>(c);
-    if (byte < 0x20 || byte >= 0x7F) {
-      quoted += fmt::format("\\{:03o}", byte);
-    } else {
-      quoted += c == '\'' || c == '\\' ? std::string{'\\', c} : std::string{c};
-    }
-  }
-  return quoted + "'";
 }
 
 struct NameParts {
@@ -79,20 +61,6 @@ std::string newName(const std::string& name, std::uint16_t oldBits, std::string_
 }
 
 }  // namespace
-
-std::string shellWord(std::string_view word) {
-  if (!word.empty() && word.find_first_not_of(kPlain) == std::string_view::npos) {
-    return std::string(word);
-  }
-  if (displayText(word) != word) {
-    return escapedWord(word);
-  }
-  std::string quoted = "'";
-  for (const char c : word) {
-    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  }
-  return quoted + "'";
-}
 
 std::string renameCommand(const std::string& from, const std::string& to) {
   return fmt::format("mv -n {} {}  # and write {} in the script", fileWord(from), fileWord(to), to);

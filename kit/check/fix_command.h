@@ -10,9 +10,6 @@
 
 namespace tavrel::kit {
 
-/// Returns `word` as one word of a shell's command, in quotes if it must be.
-std::string shellWord(std::string_view word);
-
 /// Returns the command that renames a file. A comment after it says that the script must follow.
 std::string renameCommand(const std::string& from, const std::string& to);
 

@@ -12,6 +12,7 @@
 #include "kit/extract/targets.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
+#include "kit/frame/shell_word.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -78,12 +79,6 @@ std::string ownPrefix(const std::string& bankName) {
   return script.prefix();
 }
 
-/// Returns an argument as it is typed and shown.
-std::string argument(const std::string& text) {
-  const std::string shown = displayText(text);
-  return shown.find(' ') == std::string::npos ? shown : '"' + shown + '"';
-}
-
 void choosePrefix(const NamedBank& bank, ScriptPlace& place) {
   place.prefix = ownPrefix(place.bankName);
   place.isOwnPrefix = true;
@@ -122,8 +117,8 @@ std::string scriptStart(const ScriptPlace& place) {
   return fmt::format(
       "; Packs {} from its extracted files. Run tavrel in the folder of this script:\n"
       ";   tavrel {}{}\n\n{} {}\n",
-      displayText(place.bankName), argument(fs::path(place.path).filename().string()),
-      place.isOwnPrefix ? "" : " HeaderPrefix " + argument(place.prefix), kBankFileName,
+      displayText(place.bankName), shellWord(fs::path(place.path).filename().string()),
+      place.isOwnPrefix ? "" : " HeaderPrefix " + shellWord(place.prefix), kBankFileName,
       place.bankName);
 }
 

@@ -198,6 +198,15 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
   }
 }
 
+TEST_F(ExtractScriptTest, QuotesNamesInItsCommand) {
+  pack({{userAsset, "x"}}, {"A_DAT"});
+  folder_.write("was/sfx.h",
+                std::regex_replace(folder_.read("was/sfx.h"), std::regex("SFX_"), "A;$$(B)_"));
+  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/$s 1.txt"}), 0);
+  EXPECT_THAT(folder_.read("out/$s 1.txt"),
+              HasSubstr("\n;   tavrel '$s 1.txt' HeaderPrefix 'A;$(B)'\n"));
+}
+
 TEST_F(ExtractScriptTest, AssetsWithOneDefineShareAFileThatServesThem) {
   const std::string silence(32, '\0');  // compressed, each pair of samples is 0x80
   pack({{wave, std::string(8, '\x80'), {1, 0, 4}},

@@ -91,7 +91,8 @@ std::string convertCommand(const std::string& name, const FileKind& kind,
     case Converter::sox:
       return fmt::format("sox -t {} {} -b 16 {}", kind.extension, fileWord(name), fileWord(output));
     case Converter::ffmpeg:
-      return fmt::format("ffmpeg -i {} -c:a pcm_s16le {}", fileWord(name), fileWord(output));
+      return fmt::format("ffmpeg -nostdin -i {} -c:a pcm_s16le {}", fileWord(name),
+                         fileWord(output));
     case Converter::gitLfs:
       return "git lfs pull";
     case Converter::none:

@@ -142,7 +142,7 @@ inline const std::vector<AssetRow> kAssetRows{
 
     {"float", "a.wav", tagged(3), kWave, "encoding", "sox a.wav -b 16 -e signed-integer a_16.wav"},
     {"MP3 in a WAV", "a.wav", tagged(0x55), kWave, "encoding",
-     "ffmpeg -i a.wav -c:a pcm_s16le a_new.wav"},
+     "ffmpeg -nostdin -i a.wav -c:a pcm_s16le a_new.wav"},
     {"extensible float", "a.wav", tagged(0xFFFE, 3), kWave, "encoding"},
     {"extensible PCM", "a.wav", tagged(0xFFFE, 1), kWave, ""},
     {"no sub-format", "a.wav", tagged(0xFFFE), kWave, "encoding"},

@@ -82,10 +82,9 @@ Command depsCommand() {
       .summary = "List the files that a bank is made of, for make and ninja",
       .description =
           "Prints a depfile: a rule by which the bank depends on the script and on every asset up "
-          "to "
-          "ScriptEnd. The names are those that tavrel opens, from the current folder or that of "
-          "-C. "
-          "Assets that are missing are listed too, and other faults of the script don't matter.\n\n"
+          "to ScriptEnd. The names are those that tavrel opens, from the current folder or that of "
+          "-C. Assets that are missing are listed too, and other faults of the script don't "
+          "matter.\n\n"
           "Each asset also has an empty rule, so that make survives one that is gone from both the "
           "script and the disk. An asset with % in its name has none.\n\n"
           "Make and ninja both read the file. Spaces, #, $ and : are escaped. A name that one of "

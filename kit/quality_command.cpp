@@ -120,7 +120,8 @@ Command qualityCommand() {
           "are clipped (decoded as -32768 or 32767 where the source isn't). The worst sound comes "
           "first. A silent sound and one without an error have no ratio and come last.\n\n"
           "A low ratio is no proof of a bad sound: noise, rain and shots always have one. With "
-          "--below the exit code is 1 if a ratio is lower.\n\n"
+          "--below the exit code is 1 if a ratio is lower, whatever the script allows; \"tavkit "
+          "check --below\" heeds what it allows.\n\n"
           "Writes no file. Exits with 2 if the script can't be packed.",
       .example = "tavkit quality sounds.txt --below 20",
       .options = joined(scriptOptions(),

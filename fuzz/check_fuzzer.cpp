@@ -1,7 +1,7 @@
-// Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, the bank
-// passes verify, and a build makes the same one. A fixed script has nothing left to fix, and a script
-// that tavkit makes for all the files has no errors. The other commands that read scripts and assets
-// must answer.
+// Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, the
+// bank passes verify, and a build makes the same one. A fixed script has nothing left to fix, and a
+// script that tavkit makes for all the files has no errors. The other commands that read scripts
+// and assets must answer.
 //
 // | Content | Goes to |
 // |---|---|

@@ -30,7 +30,7 @@ class KnownFiles {
       return false;
     }
     const auto identity = fileIdentity(file.path.c_str());
-    return identity && known_.count(*identity) > 0;
+    return identity && known_.contains(*identity);
   }
 
  private:

@@ -154,8 +154,9 @@ std::string FreeNames::freeName(const std::string& folder, const std::string& st
   while (true) {
     ++number;
     const std::string better = number == 1 ? start : fmt::format("{}_{}", start, number);
-    const std::string path = folder + better + end;
-    if (isMissing(path) && defines_.insert(defineName("", better + "_" + extension)).second) {
+    std::string path = fmt::format("{}{}{}", folder, better, end);
+    const std::string asset = fmt::format("{}_{}", better, extension);
+    if (isMissing(path) && defines_.insert(defineName("", asset)).second) {
       return path;
     }
   }

@@ -54,15 +54,16 @@ const FileCache::Entry* FileCache::find(const std::string& path) const {
 }
 
 std::string FileCache::remember(const std::string& name,
-                                std::string (*find)(const std::string& name)) {
+                                std::string (*resolve)(const std::string& name)) {
   const auto known = paths_.find(name);
-  return known != paths_.end() ? known->second : paths_.emplace(name, find(name)).first->second;
+  return known != paths_.end() ? known->second : paths_.emplace(name, resolve(name)).first->second;
 }
 
 FileCache* setFileCache(FileCache* cache) { return std::exchange(currentCache, cache); }
 
-std::string rememberedPath(const std::string& name, std::string (*find)(const std::string& name)) {
-  return currentCache != nullptr ? currentCache->remember(name, find) : find(name);
+std::string rememberedPath(const std::string& name,
+                           std::string (*resolve)(const std::string& name)) {
+  return currentCache != nullptr ? currentCache->remember(name, resolve) : resolve(name);
 }
 
 std::unique_ptr<std::streambuf> openCachedFile(const std::string& path) {

@@ -30,8 +30,8 @@ class FileCache {
   /// Returns null if there is no entry for `path`.
   [[nodiscard]] const Entry* find(const std::string& path) const;
 
-  /// Returns find(name), which is called once for each name.
-  std::string remember(const std::string& name, std::string (*find)(const std::string& name));
+  /// Returns resolve(name), which is called once for each name.
+  std::string remember(const std::string& name, std::string (*resolve)(const std::string& name));
 
  private:
   std::unordered_map<std::string, Entry> entries_;
@@ -42,8 +42,9 @@ class FileCache {
 /// must outlive every file opened while it is set.
 FileCache* setFileCache(FileCache* cache);
 
-/// Returns find(name), which the cache remembers while one is set.
-std::string rememberedPath(const std::string& name, std::string (*find)(const std::string& name));
+/// Returns resolve(name), which the cache remembers while one is set.
+std::string rememberedPath(const std::string& name,
+                           std::string (*resolve)(const std::string& name));
 
 /// Returns a stream buffer that reads the cached bytes of `path`, or null if there are none.
 std::unique_ptr<std::streambuf> openCachedFile(const std::string& path);

@@ -79,12 +79,14 @@ def start_server(folder):
 
 
 def damage(folder):
-    """Flips a bit in each file."""
+    """Flips a bit in each file, or deletes it."""
     chance = random.Random(1)
     for path in sorted(folder.iterdir()):
         content = bytearray(path.read_bytes())
         content[chance.randrange(len(content))] ^= 1 << chance.randrange(8)
-        path.write_bytes(content)
+        path.unlink()
+        if chance.random() < 0.8:
+            path.write_bytes(content)
 
 
 class Farm:
@@ -156,7 +158,7 @@ def measure(game, disk, server, http):
     table.row("another source folder, output base and environment", copy, http)
     copy.start("shutdown").communicate()
     damage(WORK / "cache/cas")
-    table.row("clean, a bit flips in each file of the cache", game, http)
+    table.row("clean, each file on the server is damaged or deleted", game, http)
     table.row("clean, from the server", game, http)
     damage(WORK / "cache/ac")
     game.start("clean").communicate()

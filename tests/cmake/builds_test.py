@@ -46,7 +46,9 @@ class Project:
             os.environ, TAVKIT=str(tavkit), CC=str(compiler),
             CMAKE_PREFIX_PATH=str(INSTALLED), PKG_CONFIG_PATH=str(INSTALLED / "share/pkgconfig"),
         )  # fmt: skip
-        self.environment.pop("SOURCE_DATE_EPOCH", None)
+        # A launcher that keeps objects would hide what is compiled.
+        for variable in ("SOURCE_DATE_EPOCH", "CMAKE_C_COMPILER_LAUNCHER"):
+            self.environment.pop(variable, None)
         if folder == "cmake":
             self.setup += f" '-DTAVKIT_EXECUTABLE={tavkit}'"
         if folder == "make":

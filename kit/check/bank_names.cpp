@@ -2,28 +2,22 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <memory>
-
 #include "compiler/bank_script.h"
 #include "compiler/names.h"
+#include "kit/check/loaded_script.h"
 #include "kit/frame/required_text.h"
 
 namespace tavrel::kit {
 
 namespace {
 
-/// Lets the tool parse a script that only names the bank.
-void parseNames(const ScriptModel& script, BankScript& run) {
+/// Returns a script that only names the bank.
+std::string scriptOfNames(const ScriptModel& script) {
   std::string text;
   for (const ScriptWord& name : script.bankNames) {
     text += fmt::format("{} {}\n", kBankFileName, name.text);
   }
-  auto block = std::make_unique<std::uint8_t[]>(text.size());
-  std::copy(text.begin(), text.end(), block.get());
-  run.useMemory(block.release(), text.size());
-  run.parseStatements();
-  run.freeData();
+  return text;
 }
 
 }  // namespace
@@ -31,11 +25,11 @@ void parseNames(const ScriptModel& script, BankScript& run) {
 std::string BankNames::define(const std::string& name) const { return defineName(prefix, name); }
 
 BankNames nameBank(const ScriptModel& script, const RunPlan& plan) {
-  BankScript run(plan.scriptPath.c_str());
+  LoadedText<BankScript> run(scriptOfNames(script), plan.scriptPath.c_str());
   run.setHeaderPrefix(plan.prefix.c_str());
   run.bankFileName.setPath(plan.bankDirectory.c_str());
   run.headerFileName.setPath(plan.headerDirectory.c_str());
-  parseNames(script, run);
+  run.parseStatements();
   BankNames names{.prefix = run.prefix()};
   const bool isNamed = !script.bankNames.empty() && !script.bankNames.back().text.empty();
   if (isNamed) {

@@ -1,4 +1,4 @@
-// The tool's reader of a script whose text is in memory.
+// The tool's readers of scripts, with a text that is in memory.
 #pragma once
 
 #include <algorithm>
@@ -10,19 +10,24 @@
 
 namespace tavrel::kit {
 
-class LoadedScript : public TokenFile {
+/// A TokenFile, or a class made of one, that owns a copy of its text and frees it on destruction.
+template <typename Reader>
+class LoadedText : public Reader {
  public:
-  /// Copies the text.
-  explicit LoadedScript(std::string_view text) {
+  /// `arguments` are those of the reader. Its file has no name after it.
+  template <typename... Arguments>
+  explicit LoadedText(std::string_view text, const Arguments&... arguments) : Reader(arguments...) {
     std::unique_ptr<std::uint8_t[]> block(new std::uint8_t[text.size()]);
     std::copy(text.begin(), text.end(), block.get());
-    useMemory(block.release(), text.size());
+    this->useMemory(block.release(), text.size());
   }
-  ~LoadedScript() { freeData(); }
-  LoadedScript(const LoadedScript&) = delete;
-  LoadedScript(LoadedScript&&) = delete;
-  LoadedScript& operator=(const LoadedScript&) = delete;
-  LoadedScript& operator=(LoadedScript&&) = delete;
+  ~LoadedText() { this->freeData(); }
+  LoadedText(const LoadedText&) = delete;
+  LoadedText(LoadedText&&) = delete;
+  LoadedText& operator=(const LoadedText&) = delete;
+  LoadedText& operator=(LoadedText&&) = delete;
 };
+
+using LoadedScript = LoadedText<TokenFile>;
 
 }  // namespace tavrel::kit

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "kit/check/loaded_script.h"
 #include "kit/check/word_hints.h"
 #include "kit/frame/nearest.h"
 
@@ -17,14 +18,9 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 /// Reads `value` with the tool's own rule.
 template <typename Number>
 Number readAs(const std::string& value, bool (TokenFile::*read)(Number&)) {
-  TokenFile file;
-  const std::string text = value + '\n';
-  ByteBlock block(new std::uint8_t[text.size()]);
-  std::copy(text.begin(), text.end(), block.get());
-  file.useMemory(block.release(), text.size());
+  LoadedScript file(value + '\n');
   Number number = 0;
   (file.*read)(number);
-  file.freeData();
   return number;
 }
 

@@ -1,11 +1,11 @@
 #include "kit/extract/block_trial.h"
 
 #include <algorithm>
-#include <memory>
 #include <new>
 #include <utility>
 
 #include "compiler/bank_script.h"
+#include "kit/check/loaded_script.h"
 #include "kit/frame/captured_console.h"
 
 namespace tavrel::kit {
@@ -26,15 +26,6 @@ class CacheScope {
   FileCache* previous_;
 };
 
-void parse(BankScript& script, const std::string& text) {
-  const CapturedConsole silence;
-  auto block = std::make_unique<std::uint8_t[]>(text.size());
-  std::copy(text.begin(), text.end(), block.get());
-  script.useMemory(block.release(), text.size());
-  script.parseStatements();
-  script.freeData();
-}
-
 bool isSameRecord(const AssetEntry& entry, const tavrel_asset& asset) {
   return entry.type == asset.type && entry.size == asset.size &&
          std::equal(entry.parameter.begin(), entry.parameter.end(), asset.parameters);
@@ -52,8 +43,9 @@ Likeness tryBlock(const std::string& block, const std::string& openedName, FileC
   FileCache cache;
   cache.add(openedName, std::move(content));
   const CacheScope scope(cache);
-  BankScript script("");
-  parse(script, block);
+  const CapturedConsole silence;
+  LoadedText<BankScript> script(block, "");
+  script.parseStatements();
   if (script.entries.empty()) {
     throw std::bad_alloc();  // there is nothing else at which the tool can fail
   }

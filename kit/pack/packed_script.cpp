@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <memory>
 #include <new>
 #include <sstream>
 
@@ -48,9 +47,10 @@ tavrel_asset recordOf(const AssetEntry& entry, const AssetData& data) {
 
 }  // namespace
 
-PackedScript::PackedScript(const RunPlan& plan) : script_(plan.scriptPath.c_str()) {
+PackedScript::PackedScript(const RunPlan& plan)
+    : script_(readFile(plan.scriptPath), plan.scriptPath.c_str()) {
   const CapturedConsole console;
-  load(plan);
+  prepare(plan);
   const bool isParsed = script_.parseStatements();
   if (script_.bankFileName.error != 0 || script_.headerFileName.error != 0) {
     throw std::bad_alloc();
@@ -70,11 +70,7 @@ PackedScript::PackedScript(const RunPlan& plan) : script_(plan.scriptPath.c_str(
   takeAssets();
 }
 
-void PackedScript::load(const RunPlan& plan) {
-  const std::string text = readFile(plan.scriptPath);
-  std::unique_ptr<std::uint8_t[]> block(new std::uint8_t[text.size()]);
-  std::copy(text.begin(), text.end(), block.get());
-  script_.useMemory(block.release(), text.size());
+void PackedScript::prepare(const RunPlan& plan) {
   script_.setFile(plan.scriptPath.c_str());
   script_.setHeaderPrefix(plan.prefix.c_str());
   script_.bankFileName.setPath(plan.bankDirectory.c_str());

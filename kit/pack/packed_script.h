@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "compiler/bank_script.h"
+#include "kit/check/loaded_script.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/required_text.h"
 #include "kit/frame/script_options.h"
@@ -58,22 +59,11 @@ class PackedScript {
   bool writeBank(std::streambuf& target);
 
  private:
-  /// Frees its text on destruction, which the base leaves to its user.
-  class Script : public BankScript {
-   public:
-    using BankScript::BankScript;
-    ~Script() { freeData(); }
-    Script(const Script&) = delete;
-    Script(Script&&) = delete;
-    Script& operator=(const Script&) = delete;
-    Script& operator=(Script&&) = delete;
-  };
-
-  void load(const RunPlan& plan);
+  void prepare(const RunPlan& plan);
   void takeAssets();
   bool makeHeader(std::uint32_t bankLength);
 
-  Script script_;
+  LoadedText<BankScript> script_;
   std::vector<PackedAsset> assets_;
   std::string headerText_;
 };

@@ -74,9 +74,10 @@ class ExtractScriptTest : public testing::Test {
     std::smatch prefix;
     const std::string text = folder_.read("out/s.txt");
     fs::current_path(folder_.path("out"));
-    const bool isPacked = std::regex_search(text, prefix, std::regex("\n;.* HeaderPrefix (.*)\n"))
-                              ? run({"s.txt", "HeaderPrefix", prefix[1].str().c_str()})
-                              : run({"s.txt"});
+    const bool isPacked =
+        std::regex_search(text, prefix, std::regex("\n;.* HeaderPrefix ('?)(.*)\\1\n"))
+            ? run({"s.txt", "HeaderPrefix", prefix[2].str().c_str()})
+            : run({"s.txt"});
     fs::current_path(folder_.path());
     return isPacked;
   }

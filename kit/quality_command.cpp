@@ -5,61 +5,15 @@
 
 #include "kit/commands.h"
 #include "kit/frame/display_text.h"
-#include "kit/frame/failure.h"
-#include "kit/frame/json.h"
 #include "kit/frame/output.h"
-#include "kit/frame/progress.h"
 #include "kit/frame/text_table.h"
 #include "kit/pack/packed_script.h"
 #include "kit/quality/quality_limit.h"
-#include "kit/quality/wave_quality.h"
-#include "samples/adpcm_stream.h"
+#include "kit/quality/script_quality.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-struct JudgedWave {
-  std::size_t id = 0;
-  const PackedAsset* asset = nullptr;
-  WaveQuality quality;
-};
-
-/// Compares a stream with its source, which is read a second time.
-WaveQuality judge(const PackedAsset& asset) {
-  constexpr std::uint16_t kBits = 16;
-  const SourceSound source = readSource(asset.file);
-  if (source.bits != kBits || adpcmStreamSize(source.size) != asset.record.size) {
-    throw Failure(fmt::format("{} has changed while it was read", asset.file));
-  }
-  return compareStream(asset.record.bytes, source.samples, adpcmCodeBytes(source.size));
-}
-
-std::vector<JudgedWave> judgeWaves(const std::vector<PackedAsset>& assets) {
-  Progress progress(assets.size());
-  std::vector<JudgedWave> waves;
-  for (std::size_t id = 0; id < assets.size(); ++id) {
-    if (assets[id].isCompressed) {
-      waves.push_back({.id = id, .asset = &assets[id], .quality = judge(assets[id])});
-    }
-    progress.advance(1);
-  }
-  return waves;
-}
-
-std::string asJson(const std::vector<JudgedWave>& waves) {
-  Json list = Json::array();
-  for (const auto& [id, asset, quality] : waves) {
-    list.push_back({{"id", id},
-                    {"define", displayText(asset->define)},
-                    {"file", displayText(asset->file)},
-                    {"snr", quality.decibels ? Json(rounded(*quality.decibels, 2)) : Json(nullptr)},
-                    {"worstError", quality.worstError},
-                    {"worstSample", quality.worstSample},
-                    {"clipped", quality.clipped}});
-  }
-  return documentText({{"format", 1}, {"waves", std::move(list)}});
-}
 
 bool isWorse(const JudgedWave& first, const JudgedWave& second) {
   const auto& one = first.quality.decibels;
@@ -93,7 +47,7 @@ int runQuality(const Arguments& arguments, Output& output) {
   changeDirectory(arguments);
   const PackedScript script(planFor(arguments.operands.front(), arguments));
   const std::vector<JudgedWave> waves = judgeWaves(script.assets());
-  output.results = arguments.has("--json") ? asJson(waves) : asText(waves);
+  output.results = arguments.has("--json") ? documentText(qualityAsJson(waves)) : asText(waves);
   if (!limit) {
     return exitYes;
   }

@@ -7,46 +7,14 @@
 #include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
-#include "kit/frame/json.h"
 #include "kit/frame/output.h"
 #include "kit/frame/script_options.h"
 #include "kit/verify/verify.h"
+#include "kit/verify/verify_json.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-/// Longer defines, which the tool never writes, are left out of messages: each finding about an
-/// asset repeats its define, and a hostile header can cause any number of them.
-constexpr std::size_t kLongestDefine = 200;
-
-/// Returns the message of a finding with the asset that it is about in front.
-std::string fullMessage(const NamedBank& bank, const Finding& finding) {
-  if (!finding.id || *finding.id >= bank.assets().size()) {
-    return finding.message;
-  }
-  const std::string& define = bank.defines[*finding.id];
-  const bool isShown = !define.empty() && define.size() <= kLongestDefine;
-  const std::string name = isShown ? fmt::format(" ({})", displayText(define)) : "";
-  return fmt::format("asset {}{}: {}", *finding.id, name, finding.message);
-}
-
-bool isFine(const std::vector<Verdict>& verdicts) {
-  return std::all_of(verdicts.begin(), verdicts.end(),
-                     [](const Verdict& verdict) { return verdict.findings.empty(); });
-}
-
-std::string asJson(const Subject& subject, const std::vector<Verdict>& verdicts) {
-  Json findings = Json::array();
-  for (const Verdict& verdict : verdicts) {
-    for (const Finding& finding : verdict.findings) {
-      findings.push_back({{"code", verdict.check->code},
-                          {"id", finding.id ? Json(*finding.id) : Json(nullptr)},
-                          {"message", fullMessage(subject.bank, finding)}});
-    }
-  }
-  return documentText({{"format", 1}, {"ok", isFine(verdicts)}, {"findings", std::move(findings)}});
-}
 
 std::string failureText(const std::string& code, const std::string& message, bool isColoured) {
   return fmt::format("{}FAIL{}  {}: {}\n", isColoured ? kRed : "", isColoured ? kPlain : "", code,
@@ -80,17 +48,8 @@ std::string asText(const Subject& subject, const std::vector<Verdict>& verdicts,
   return text;
 }
 
-/// Refuses options that mean nothing without a script.
-void requireScript(const Arguments& arguments) {
-  for (const char* option : {"--prefix", "--bank-dir", "--header-dir"}) {
-    if (arguments.has(option) && !arguments.has("--script")) {
-      throw Failure(fmt::format("{} needs --script", option));
-    }
-  }
-}
-
 int runVerify(const Arguments& arguments, Output& output) {
-  requireScript(arguments);
+  requireScriptFor(arguments);
   changeDirectory(arguments);
   Subject subject{.bank = withHeader(BankFile(arguments.operands.front()), headerChoice(arguments)),
                   .sequences = {},
@@ -100,7 +59,7 @@ int runVerify(const Arguments& arguments, Output& output) {
   }
   subject.sequences = readSequences(subject.bank.file);
   const std::vector<Verdict> verdicts = verify(subject);
-  output.results = arguments.has("--json") ? asJson(subject, verdicts)
+  output.results = arguments.has("--json") ? documentText(verdictsAsJson(subject, verdicts))
                                            : asText(subject, verdicts, output.isColoured);
   return isFine(verdicts) ? exitYes : exitNo;
 }
@@ -162,10 +121,7 @@ Command verifyCommand() {
           "proven right or wrong: any bytes are allowed.",
       .example = "tavkit verify sfx.tvb --script sounds.txt",
       .options =
-          joined(joined(bankOptions(), {{.names = "--script",
-                                         .value = "SCRIPT",
-                                         .help = "Compare the bank with what SCRIPT packs",
-                                         .completion = Completion::script}}),
+          joined(joined(bankOptions(), {scriptOption("Compare the bank with what SCRIPT packs")}),
                  joined(scriptOptions(), {{.names = "--json", .help = "Print one JSON document"}})),
       .run = runVerify,
   };

@@ -88,7 +88,7 @@ bool stops(const std::vector<CheckedScript>& scripts, const Arguments& arguments
 std::string formatted(const std::vector<CheckedScript>& scripts, const std::string& form,
                       std::FILE* stream) {
   if (form == "json") {
-    return problemsAsJson(scripts);
+    return documentText(problemsAsJson(scripts));
   }
   return form == "sarif" ? problemsAsSarif(scripts) : problemsAsText(scripts, showsColours(stream));
 }

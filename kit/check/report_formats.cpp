@@ -7,7 +7,6 @@
 
 #include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
-#include "kit/frame/json.h"
 
 namespace tavrel::kit {
 
@@ -98,7 +97,7 @@ std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isCol
   return text;
 }
 
-std::string problemsAsJson(const std::vector<CheckedScript>& scripts) {
+Json problemsAsJson(const std::vector<CheckedScript>& scripts) {
   Json diagnostics = Json::array();
   for (const CheckedScript& script : scripts) {
     for (const Diagnostic& diagnostic : script.diagnostics) {
@@ -112,10 +111,10 @@ std::string problemsAsJson(const std::vector<CheckedScript>& scripts) {
                              {"hint", displayText(diagnostic.hint)}});
     }
   }
-  return documentText({{"format", 1},
-                       {"errors", countOf(scripts, Severity::error)},
-                       {"warnings", countOf(scripts, Severity::warning)},
-                       {"diagnostics", std::move(diagnostics)}});
+  return {{"format", 1},
+          {"errors", countOf(scripts, Severity::error)},
+          {"warnings", countOf(scripts, Severity::warning)},
+          {"diagnostics", std::move(diagnostics)}};
 }
 
 }  // namespace tavrel::kit

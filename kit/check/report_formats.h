@@ -6,6 +6,7 @@
 
 #include "kit/check/check_script.h"
 #include "kit/check/script_fix.h"
+#include "kit/frame/json.h"
 
 namespace tavrel::kit {
 
@@ -13,8 +14,8 @@ namespace tavrel::kit {
 /// a caret. Coloured if `isColoured`.
 std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isColoured);
 
-/// Returns one JSON document.
-std::string problemsAsJson(const std::vector<CheckedScript>& scripts);
+/// Returns the document of schemas/check.json.
+Json problemsAsJson(const std::vector<CheckedScript>& scripts);
 
 /// Returns a log in the Static Analysis Results Interchange Format, SARIF 2.1.0.
 std::string problemsAsSarif(const std::vector<CheckedScript>& scripts);

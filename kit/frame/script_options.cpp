@@ -44,6 +44,21 @@ const std::vector<CommandOption>& scriptOptions() {
   return kOptions;
 }
 
+CommandOption scriptOption(std::string help) {
+  return {.names = "--script",
+          .value = "SCRIPT",
+          .help = std::move(help),
+          .completion = Completion::script};
+}
+
+void requireScriptFor(const Arguments& arguments) {
+  for (const char* option : {"--prefix", "--bank-dir", "--header-dir"}) {
+    if (arguments.has(option) && !arguments.has("--script")) {
+      throw Failure(fmt::format("{} needs --script", option));
+    }
+  }
+}
+
 void changeDirectory(const Arguments& arguments) {
   const auto directory = arguments.value("-C");
   std::error_code error;

@@ -21,6 +21,12 @@ struct RunPlan {
 /// -C, --prefix, --bank-dir and --header-dir.
 const std::vector<CommandOption>& scriptOptions();
 
+/// The row of --script, for commands whose operand is a bank, with the given help.
+CommandOption scriptOption(std::string help);
+
+/// Throws Failure if an option is given that means nothing without --script.
+void requireScriptFor(const Arguments& arguments);
+
 /// Changes to the folder of -C. Must come before anything else is opened. Throws Failure if it
 /// can't.
 void changeDirectory(const Arguments& arguments);

@@ -6,7 +6,7 @@ const std::vector<Command>& commands() {
   static const std::vector<Command> kCommands{
       listCommand(), verifyCommand(),  extractCommand(), diffCommand(),
       showCommand(), qualityCommand(), checkCommand(),   explainCommand(),
-      newCommand(),  depsCommand(),    buildCommand(),
+      newCommand(),  depsCommand(),    buildCommand(),   reportCommand(),
   };
   return kCommands;
 }

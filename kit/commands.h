@@ -19,6 +19,7 @@ Command extractCommand();
 Command listCommand();
 Command newCommand();
 Command qualityCommand();
+Command reportCommand();
 Command showCommand();
 Command verifyCommand();
 

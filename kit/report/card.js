@@ -107,9 +107,9 @@ export class Card {
     if (!quality) {
       return [];
     }
-    const ratio = quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB over its error`;
+    const ratio = quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB against its source`;
     const worst = Math.abs(quality.worstError);
-    return [ratio, `worst error ${numberText(worst)} at ${numberText(quality.worstSample)}`];
+    return [ratio, `worst error ${numberText(worst)} at sample ${numberText(quality.worstSample)}`];
   }
 
   sequenceFacts({ sequence: picture }) {
@@ -136,6 +136,9 @@ export class Card {
     if (hasLoop(this.asset) && this.playButton) {
       this.loopButton = button("Loop", () => this.toggle(true), { className: "loop" });
       controls.append(this.loopButton);
+    }
+    if (!picture.peaks && !this.playButton) {
+      return "";
     }
     controls.append(element("p", { className: "note", text: this.note(picture) }));
     if (picture.peaks) {

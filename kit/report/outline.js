@@ -52,12 +52,15 @@ export function drawOutline(context, outline, view, { top, width, height, range,
   const middle = top + height / 2;
   const scale = height / 2 / range;
   context.fillStyle = colour;
-  for (let x = 0; x < width; x += 0.5) {
-    const found = outline.range(view.start + x * view.step, view.start + (x + 0.5) * view.step);
+  const pixel = 1 / context.getTransform().a;
+  for (let x = 0; x < width; x += pixel) {
+    // One sample more than the pixel has, so that it touches the next one.
+    const start = view.start + x * view.step;
+    const found = outline.range(start, start + pixel * view.step + 1);
     if (found) {
       const [lowest, highest] = found;
       const y = middle - highest * scale;
-      context.fillRect(x, y - 0.4, 0.5, (highest - lowest) * scale + 0.8);
+      context.fillRect(x, y - 0.5, pixel, (highest - lowest) * scale + 1);
     }
   }
 }

@@ -51,7 +51,8 @@ export function countText(count, noun) {
 }
 
 export function decibelText(ratio) {
-  return ratio > 0 ? `${(20 * Math.log10(ratio)).toFixed(1)} dB` : "−∞ dB";
+  const text = (20 * Math.log10(ratio)).toFixed(1).replace("-Infinity", "−∞");
+  return `${text.replace(/^-0\.0$/, "0.0").replace("-", "−")} dB`;
 }
 
 // Returns a colour of the style by its name.

@@ -23,7 +23,7 @@ namespace {
 
 using kit::ExitCode;
 
-const std::array<std::vector<std::string>, 10> kCommands{{
+const std::array<std::vector<std::string>, 11> kCommands{{
     {"list", "b.tvb"},
     {"list", "b.tvb", "--json"},
     {"verify", "b.tvb", "--header", "b.h"},
@@ -34,6 +34,7 @@ const std::array<std::vector<std::string>, 10> kCommands{{
     {"extract", "b.tvb", "-o", "out", "--channels", "2"},
     {"extract", "b.tvb", "-o", "out", "--raw", "--force"},
     {"extract", "b.tvb", "-o", "out", "--script", "out/s.txt", "--force"},
+    {"report", "b.tvb", "-o", "out/page.html"},
 }};
 
 void run(const std::vector<std::string>& arguments) {

@@ -4,7 +4,15 @@ import { hasLoop, nameOf, pictureOf, qualityOf, secondsOf, bytesFrom } from "./d
 import { SequencePreview } from "./preview.js";
 import { SequenceView } from "./sequence_view.js";
 import { WaveSound, isPlaying, play, stop } from "./sound.js";
-import { button, countText, decibelText, element, numberText, sizeText, timeText } from "./theme.js";
+import {
+  button,
+  countText,
+  decibelText,
+  element,
+  numberText,
+  sizeText,
+  timeText,
+} from "./theme.js";
 import { WaveView } from "./wave_view.js";
 
 const typeNames = {
@@ -107,7 +115,8 @@ export class Card {
     if (!quality) {
       return [];
     }
-    const ratio = quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB against its source`;
+    const ratio =
+      quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB against its source`;
     const worst = Math.abs(quality.worstError);
     return [ratio, `worst error ${numberText(worst)} at sample ${numberText(quality.worstSample)}`];
   }
@@ -184,7 +193,8 @@ export class Card {
     this.fill();
     const isSame = isPlaying(this) && this.isLooping === isLooping;
     stop();
-    const sound = isSame || !this.playButton ? null : this.soundOf(pictureOf(this.asset), isLooping);
+    const sound =
+      isSame || !this.playButton ? null : this.soundOf(pictureOf(this.asset), isLooping);
     if (sound) {
       this.isLooping = isLooping;
       play(this, sound);

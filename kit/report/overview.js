@@ -39,18 +39,20 @@ function showSizes() {
       return part;
     }),
   );
-  document.getElementById("size-legend").replaceChildren(
-    ...shown.map(({ type, name, bytes }) =>
-      element(
-        "li",
-        {},
-        element("span", { className: `dot ${type}`, "aria-hidden": "true" }),
-        element("span", { text: name }),
-        element("strong", { text: sizeText(bytes) }),
-        element("span", { className: "share", text: share(bytes) }),
+  document
+    .getElementById("size-legend")
+    .replaceChildren(
+      ...shown.map(({ type, name, bytes }) =>
+        element(
+          "li",
+          {},
+          element("span", { className: `dot ${type}`, "aria-hidden": "true" }),
+          element("span", { text: name }),
+          element("strong", { text: sizeText(bytes) }),
+          element("span", { className: "share", text: share(bytes) }),
+        ),
       ),
-    ),
-  );
+    );
 }
 
 function sum(assets) {
@@ -154,10 +156,16 @@ function duplicates() {
     element("h2", { text: "Duplicates" }),
     element("p", { className: "summary", text: summary }),
     rows.length > 0 &&
-      element("ul", { className: "duplicates", tabindex: "0", "aria-label": "Duplicates" }, ...rows),
+      element(
+        "ul",
+        { className: "duplicates", tabindex: "0", "aria-label": "Duplicates" },
+        ...rows,
+      ),
   );
 }
 
 export function shownCount(shown, all) {
-  return shown === all ? countText(all, "asset") : `${numberText(shown)} of ${countText(all, "asset")}`;
+  return shown === all
+    ? countText(all, "asset")
+    : `${numberText(shown)} of ${countText(all, "asset")}`;
 }

@@ -39,7 +39,9 @@ export class SequencePreview {
   playNote(context, master, { start, length, number, velocity, channel }, begin) {
     const isDrum = channel === drumChannel;
     const from = begin + this.view.secondsAt(start);
-    const until = isDrum ? from + 0.05 : Math.max(from + 0.04, begin + this.view.secondsAt(start + length));
+    const until = isDrum
+      ? from + 0.05
+      : Math.max(from + 0.04, begin + this.view.secondsAt(start + length));
     const oscillator = new OscillatorNode(context, {
       type: isDrum ? "square" : "triangle",
       frequency: 440 * 2 ** ((number - 69) / 12),

@@ -26,14 +26,20 @@ export class SequenceView {
   // Returns the seconds at a tick.
   secondsAt(tick) {
     const { tempos, division } = this.sequence;
-    const index = Math.max(0, tempos.findLastIndex(([start]) => start <= tick));
+    const index = Math.max(
+      0,
+      tempos.findLastIndex(([start]) => start <= tick),
+    );
     const [start, seconds, microseconds] = tempos[index];
     return seconds + (tick - start) * secondsPerTick(division, microseconds);
   }
 
   tickAt(time) {
     const { tempos, division } = this.sequence;
-    const index = Math.max(0, tempos.findLastIndex(([, seconds]) => seconds <= time));
+    const index = Math.max(
+      0,
+      tempos.findLastIndex(([, seconds]) => seconds <= time),
+    );
     const [start, seconds, microseconds] = tempos[index];
     const step = secondsPerTick(division, microseconds);
     return step > 0 ? start + (time - seconds) / step : start;

@@ -30,8 +30,7 @@ export function sizeText(bytes) {
   if (bytes < 1024) {
     return `${bytes} B`;
   }
-  const [size, unit] =
-    bytes < 1024 * 1024 ? [bytes / 1024, "KiB"] : [bytes / 1024 / 1024, "MiB"];
+  const [size, unit] = bytes < 1024 * 1024 ? [bytes / 1024, "KiB"] : [bytes / 1024 / 1024, "MiB"];
   return `${size.toFixed(size < 10 ? 1 : 0)} ${unit}`;
 }
 

@@ -118,7 +118,10 @@ export class WaveView {
     const highest = this.asset.wave.bits === 8 ? 127 / 128 : 32767 / 32768;
     context.fillStyle = colour("bad");
     for (let x = 0; x < width && this.picture.clipped > 0; ++x) {
-      const found = this.outline.range(view.start + x * view.step, view.start + (x + 1) * view.step);
+      const found = this.outline.range(
+        view.start + x * view.step,
+        view.start + (x + 1) * view.step,
+      );
       if (found && found[1] >= highest) {
         context.fillRect(x - 1, 0, 3, 4);
       }

@@ -67,6 +67,7 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       {"extract", "demo.tvb", "-o", "out"},
       {"extract", "demo.tvb", "-o", "out", "--script", "out/demo.txt"},
       {"diff", "demo.tvb", "demo.tvb"},
+      {"report", "demo.tvb", "-o", "out"},
       {"show", "boom.wav"},
       {"show", "engine.aif"},
       {"show", "theme.mid"},

@@ -84,6 +84,9 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       if (command[0] == "new" && fault == Fault::oneAllocation) {
         continue;  // readers of the tool then take a file for one that can't be opened
       }
+      if (command[0] == "report" && (fault == Fault::oneAllocation || fault == Fault::noMemory)) {
+        continue;  // the JSON library allocates in destructors, which end the program if that fails
+      }
       for (std::size_t call = 1; (call == 1 || machine.hasStruck) && !HasFailure(); ++call) {
         SCOPED_TRACE(testing::Message()
                      << command[0] << ", fault " << static_cast<int>(fault) << " in " << call);

@@ -22,7 +22,7 @@ namespace {
 
 /// Returns the limit of --audio-limit in bytes.
 std::uint64_t audioLimit(const Arguments& arguments) {
-  constexpr std::uint64_t kMebibyte = 1024 * 1024;
+  constexpr std::uint64_t kMebibyte = std::uint64_t{1} << 20U;
   const std::string text = arguments.value("--audio-limit").value_or("32");
   std::uint32_t limit = 0;
   const char* end = text.data() + text.size();
@@ -66,7 +66,7 @@ void requireNoSource(const std::string& page, ReportData& data, const Arguments&
 /// Writes a document in an element that browsers neither run nor show. A "<" in it is escaped, so
 /// that no text can end the element.
 void writeData(OutputFile& page, const std::string& id, const Json& document) {
-  std::string text = fmt::format("<script type=\"application/json\" id=\"{}\">", id);
+  std::string text = fmt::format(R"(<script type="application/json" id="{}">)", id);
   for (const char c : document.dump(-1, ' ', false, Json::error_handler_t::replace)) {
     if (c == '<') {
       text += "\\u003c";

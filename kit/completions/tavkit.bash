@@ -13,7 +13,7 @@ _tavkit() {
   local current=$2 previous=$3 command=${COMP_WORDS[1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _tavkit_words 'list verify extract diff show quality check explain new deps build -h --help --version'
+    _tavkit_words 'list verify extract diff show quality check explain new deps build report -h --help --version'
     return
   fi
   case $command:$previous in
@@ -66,6 +66,14 @@ _tavkit() {
     build:--depfile) _tavkit_files ''; return ;;
     build:--stamp) _tavkit_files ''; return ;;
     build:--declared) _tavkit_files ''; return ;;
+    report:--header) _tavkit_files ''; return ;;
+    report:--script) _tavkit_files '!*.txt'; return ;;
+    report:-C) _tavkit_files '*'; return ;;
+    report:--prefix) :; return ;;
+    report:--bank-dir) _tavkit_files '*'; return ;;
+    report:--header-dir) _tavkit_files '*'; return ;;
+    report:-o | report:--output) _tavkit_files ''; return ;;
+    report:--audio-limit) :; return ;;
   esac
   if [[ $current == -* ]]; then
     case $command in
@@ -80,6 +88,7 @@ _tavkit() {
       new) _tavkit_words '-o --output --bank --adpcm --add -C --prefix --bank-dir --header-dir -h --help --version' ;;
       deps) _tavkit_words '-C --prefix --bank-dir --header-dir --target -o --output -h --help --version' ;;
       build) _tavkit_words '-C --prefix --bank-dir --header-dir --format --werror --allow --below --max-bytes --depfile --stamp --declared --no-check -q --quiet -h --help --version' ;;
+      report) _tavkit_words '--header --no-header --script -C --prefix --bank-dir --header-dir -o --output --audio-limit -h --help --version' ;;
     esac
     return
   fi
@@ -95,6 +104,7 @@ _tavkit() {
     new) _tavkit_files '' ;;
     deps) _tavkit_files '!*.txt' ;;
     build) _tavkit_files '!*.txt' ;;
+    report) _tavkit_files '!*.tvb' ;;
   esac
 }
 

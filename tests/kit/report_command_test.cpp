@@ -77,7 +77,8 @@ TEST_F(ReportTest, LeavesOutSoundsThatDontFit) {
 
 TEST_F(ReportTest, ShowsAScriptThatDoesntPack) {
   const std::string bank = folder_.write("b.tvb", bankOf({{6, "four"}}));
-  const std::string script = folder_.write("s.txt", "BankFileName b.tvb\nUserAsset <gone> AssetEnd\n");
+  const std::string script =
+      folder_.write("s.txt", "BankFileName b.tvb\nUserAsset <gone> AssetEnd\n");
   ASSERT_EQ(run({bank, "--script", script}), 0) << output_.messages;
   EXPECT_THAT(folder_.read("page.html"), Not(HasSubstr("<gone")));
   EXPECT_FALSE(document("report")["packs"]);

@@ -1,40 +1,25 @@
 // tavkit show: what a source file holds, and what a bank would make of it.
 #include <fmt/format.h>
 
-#include "foundation/file_name.h"
-#include "foundation/text_utilities.h"
+#include "compiler/script_language.h"
+#include "kit/check/usual_type.h"
 #include "kit/commands.h"
 #include "kit/frame/arguments.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/output.h"
-#include "kit/frame/required_text.h"
 #include "kit/show/file_view.h"
 
 namespace tavrel::kit {
 
 namespace {
 
-/// Returns the statement that a file's extension asks for, or the empty string.
-std::string keywordOfExtension(const std::string& name) {
-  FileName parts;
-  parts.splitNameAndPath(name.c_str());
-  const std::string extension = requiredText(parts.getExtensionOnly());
-  if (equalsIgnoringCase(extension.c_str(), "wav") ||
-      equalsIgnoringCase(extension.c_str(), "aif")) {
-    return "WaveFile";
-  }
-  return equalsIgnoringCase(extension.c_str(), "mid") ? "MidiFileType0" : "";
-}
-
 /// Returns the view of a file of which nothing can be shown.
 FileView opaqueView(const ShownFile& file) {
   const Converter converter = file.kind().converter;
-  std::string keyword = keywordOfExtension(file.name());
-  if (keyword.empty() && (converter == Converter::none || converter == Converter::rename)) {
-    keyword = "UserAsset";
-  }
-  return {.keyword = std::move(keyword)};
+  const bool isRead = converter == Converter::none || converter == Converter::rename;
+  const AssetType type = usualType(file.name());
+  return {.keyword = isRead || type != typeUserAsset ? statementOf(type).keyword : ""};
 }
 
 FileView viewOf(ShownFile& file) {

@@ -3,8 +3,8 @@
 #include <set>
 
 #include "compiler/wave_rules.h"
-#include "foundation/file_name.h"
 #include "kit/frame/required_text.h"
+#include "kit/frame/split_name.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -15,10 +15,8 @@ namespace {
 /// Returns the name that the reader of the block's statement opens.
 std::string openedName(const ScriptBlock& block) {
   const std::string& written = block.file->text;
-  FileName name;
-  name.splitNameAndPath(written.c_str());
-  const std::string extension = requiredText(name.getExtensionOnly());
-  const bool isReadAsWave = block.row->kind == kindWave && !isAiffExtension(extension.c_str());
+  const bool isAiff = isAiffExtension(splitName(written).extension.c_str());
+  const bool isReadAsWave = block.row->kind == kindWave && !isAiff;
   return isReadAsWave ? requiredText(WaveFile(written.c_str()).openedName()) : written;
 }
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <new>
 #include <optional>
 #include <utility>
 
@@ -11,6 +10,8 @@
 #include "compiler/wave_rules.h"
 #include "foundation/token_file.h"
 #include "kit/extract/extracted_names.h"
+#include "kit/frame/required_text.h"
+#include "kit/frame/split_name.h"
 #include "samples/wave_file.h"
 
 namespace tavrel::kit {
@@ -32,15 +33,6 @@ std::optional<std::string> assetOfFile(const std::string& name) {
     return std::nullopt;
   }
   return asset.data();
-}
-
-/// Returns the name under which the tool opens a WAV file.
-std::string openedName(const std::string& name) {
-  std::string opened = WaveFile(name.c_str()).openedName();
-  if (opened.empty()) {
-    throw std::bad_alloc();
-  }
-  return opened;
 }
 
 bool isUsable(const std::string& name) {
@@ -103,7 +95,7 @@ ScriptName ScriptNames::name(std::uint32_t attempt) const {
   if (attempt < 2 && (!isGood(text(0)) || !isGood(file))) {
     return {};
   }
-  std::string opened = isWav_ ? openedName(file) : file;
+  std::string opened = isWav_ ? requiredText(WaveFile(file.c_str()).openedName()) : file;
   return {.inScript = std::move(file), .onDisk = std::move(opened)};
 }
 
@@ -114,16 +106,6 @@ bool ScriptNames::isGood(const std::string& file) const {
 /// Returns true unless the name makes the tool read a wave as one of another format.
 bool ScriptNames::isReadAsWritten(const std::string& name) const {
   return (!isWav_ && !isAiff_) || isAiffExtension(splitName(name).extension.c_str()) == isAiff_;
-}
-
-SplitName splitName(const std::string& name) {
-  FileName file(name.c_str());
-  const char* stem = file.getNameOnly();
-  const char* extension = file.getExtensionOnly();
-  if (!file.name || stem == nullptr || extension == nullptr) {
-    throw std::bad_alloc();
-  }
-  return {.stem = stem, .extension = extension};
 }
 
 bool isScriptWord(std::string_view word) {

@@ -40,14 +40,6 @@ class ScriptNames {
   bool isAiff_;
 };
 
-/// A file's name as the tool splits it, at the first dot.
-struct SplitName {
-  std::string stem;
-  std::string extension;  ///< cut to five characters
-};
-
-SplitName splitName(const std::string& name);
-
 /// Returns true if `word` is one word for a script.
 bool isScriptWord(std::string_view word);
 

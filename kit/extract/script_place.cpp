@@ -13,6 +13,7 @@
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/shell_word.h"
+#include "kit/frame/split_name.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {

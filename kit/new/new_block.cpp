@@ -4,11 +4,11 @@
 #include <array>
 
 #include "compiler/wave_rules.h"
-#include "foundation/file_name.h"
 #include "kit/check/block_findings.h"
 #include "kit/check/file_kind.h"
 #include "kit/check/unreadable_file.h"
-#include "kit/frame/required_text.h"
+#include "kit/check/usual_type.h"
+#include "kit/frame/split_name.h"
 #include "kit/new/script_name.h"
 #include "kit/new/single_read.h"
 
@@ -28,41 +28,12 @@ bool contains(const std::array<std::string_view, count>& names, std::string_view
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// What a file should be that shows nothing of its kind.
-struct UsualExtension {
-  const char* extension;
-  AssetType type;
-};
-
-constexpr std::array<UsualExtension, 5> kUsualExtensions{{
-    {"wav", typeWave},
-    {"aif", typeWave},
-    {"aiff", typeWave},
-    {"mid", typeMidi},
-    {"midi", typeMidi},
-}};
-
-std::string extensionOf(const std::string& name) {
-  FileName parts;
-  parts.splitNameAndPath(name.c_str());
-  return requiredText(parts.getExtensionOnly());
-}
-
-/// Returns the type of a file whose content is unknown. A damaged sound isn't an opaque asset.
-AssetType typeByName(const std::string& name) {
-  const std::string extension = extensionOf(name);
-  const auto* const row = std::find_if(
-      kUsualExtensions.begin(), kUsualExtensions.end(), [&extension](const UsualExtension& one) {
-        return equalsIgnoringCase(one.extension, extension.c_str());
-      });
-  return row == kUsualExtensions.end() ? typeUserAsset : row->type;
-}
-
 /// Returns true for a sound that the tool's reader for this name doesn't read, or doesn't find.
 bool needsOtherExtension(const NewBlock& entry, const FileKind& kind) {
   const bool isSound = isWave(kind) || isAiff(kind);
-  return isSound && (isAiff(kind) != isAiffExtension(extensionOf(entry.file.name).c_str()) ||
-                     entry.asset.openedName != entry.file.name);
+  return isSound &&
+         (isAiff(kind) != isAiffExtension(splitName(entry.file.name).extension.c_str()) ||
+          entry.asset.openedName != entry.file.name);
 }
 
 /// Returns true for a sound that no statement reads, but that can be converted.
@@ -75,7 +46,7 @@ AssetType typeOf(const FileKind& kind, const std::string& name) {
   if (isSequence(kind)) {
     return typeMidi;
   }
-  return isWave(kind) || isAiff(kind) || isForeignSound(kind) ? typeWave : typeByName(name);
+  return isWave(kind) || isAiff(kind) || isForeignSound(kind) ? typeWave : usualType(name);
 }
 
 void addOption(ScriptBlock& block, int parameter, std::int32_t value) {
@@ -107,7 +78,7 @@ void checkBlock(NewBlock& entry, FolderNames& folders) {
 void rejectForeignSound(NewBlock& entry) {
   Findings findings;
   BlockFindings blockFindings(entry.block, findings);
-  const bool isNamedAiff = isAiffExtension(extensionOf(entry.file.name).c_str());
+  const bool isNamedAiff = isAiffExtension(splitName(entry.file.name).extension.c_str());
   entry.isForeign = true;
   reportOtherForm(entry.file.name, isNamedAiff ? "an AIFF file" : "a WAV file", blockFindings);
   judgeAll(entry, findings);

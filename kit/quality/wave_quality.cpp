@@ -12,10 +12,9 @@
 
 #include "compiler/wave_rules.h"
 #include "foundation/byte_order.h"
-#include "foundation/file_name.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/failure.h"
-#include "kit/frame/required_text.h"
+#include "kit/frame/split_name.h"
 #include "samples/aiff_file.h"
 #include "samples/wave_file.h"
 
@@ -80,9 +79,7 @@ class Comparison {
 
 SourceSound readSource(const std::string& name) {
   SourceSound sound;
-  FileName fileName;
-  fileName.splitNameAndPath(name.c_str());
-  if (isAiffExtension(requiredText(fileName.getExtensionOnly()).c_str())) {
+  if (isAiffExtension(splitName(name).extension.c_str())) {
     AiffFile file(name.c_str());
     load(file, AiffFault::noMemory, name, sound);
     sound.samples = file.getSampleData();

@@ -150,9 +150,9 @@ TEST_F(ShowTest, OtherFiles) {
   expectShown("b.flac", "fLaC", 1,
               "a FLAC file, 4 bytes\nin a bank: nothing, no statement reads a FLAC file\n"
               " sox -t flac b.flac -b 16 b.wav\n");
-  expectShown("c.wav", "fLaC", 1,
+  expectShown("./c.wav", "fLaC", 1,
               "a FLAC file, 4 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
-              " error: c.wav: this is a FLAC file, and WaveFile reads a WAV file of this name "
+              " error: ./c.wav: this is a FLAC file, and WaveFile reads a WAV file of this name "
               "[unreadable-file]\n");
   directory_.write("d.dat", "\1\2");
   Output output;

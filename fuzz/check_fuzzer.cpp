@@ -1,16 +1,7 @@
 // Fuzzes a check of a script. If it finds no error, the tool packs every block of the script, the
 // bank passes verify, and a build makes the same one. A fixed script has nothing left to fix, and a
 // script that tavkit makes for all the files has no errors. The other commands that read scripts
-// and assets must answer.
-//
-// | Content | Goes to |
-// |---|---|
-// | script and a line "----" | "s.txt" |
-// | WAV file and a line "----" | "w.wav" |
-// | AIFF file and a line "----" | "f.aif" |
-// | MIDI file | "m.mid" |
-//
-// The other files are those of a small build.
+// and assets must answer. The input is what replaceBuild takes.
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -18,11 +9,10 @@
 #include <vector>
 
 #include "compiler/run_driver.h"
-#include "fuzz/input_parts.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
+#include "fuzz/replace_build.h"
 #include "fuzz/require.h"
-#include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
 #include "kit/check/script_fix.h"
 #include "kit/check/unified_diff.h"
@@ -89,18 +79,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace tavrel;
   fuzz::silenceConsole();
   static const fuzz::WorkDirectory directory;
-  static const std::vector<fuzz::SmallFile> otherFiles = fuzz::smallBuild();
 
-  std::string_view input(reinterpret_cast<const char*>(bytes), size);
-  fuzz::WorkDirectory::removeFiles();
-  for (const fuzz::SmallFile& file : otherFiles) {
-    fuzz::WorkDirectory::write(file.name.c_str(), file.content);
-  }
-  const std::string script = fuzz::confined(fuzz::cutOff(input));
-  fuzz::WorkDirectory::write("s.txt", script);
-  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input));
-  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input));
-  fuzz::WorkDirectory::write("m.mid", input);
+  const std::string_view input(reinterpret_cast<const char*>(bytes), size);
+  const std::string script = fuzz::replaceBuild(input);
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
   kit::Output output;
   const int quality = kit::runCommandLine({"quality", "s.txt"}, output);

@@ -3,13 +3,7 @@
 // | Content | Goes to |
 // |---|---|
 // | arguments after the script's name, one a line, and a line "----" | the argument list |
-// | script and a line "----" | "s.txt" |
-// | WAV file and a line "----" | "w.wav" |
-// | AIFF file and a line "----" | "f.aif" |
-// | MIDI file | "m.mid" |
-//
-// The other files are those of a small build. Names must stay in the work directory: in arguments
-// and script, a dot or a separator is kept only after a letter or a digit.
+// | the rest, see replaceBuild | script and asset files |
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -21,8 +15,8 @@
 #include "fuzz/input_parts.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
+#include "fuzz/replace_build.h"
 #include "fuzz/require.h"
-#include "fuzz/small_build.h"
 #include "fuzz/work_directory.h"
 
 namespace tavrel::fuzz {
@@ -57,18 +51,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   using namespace tavrel;
   fuzz::silenceConsole();
   static const fuzz::WorkDirectory directory;
-  static const std::vector<fuzz::SmallFile> otherFiles = fuzz::smallBuild();
 
   std::string_view input(reinterpret_cast<const char*>(bytes), size);
   const fuzz::Arguments arguments(fuzz::cutOff(input));
-  fuzz::WorkDirectory::removeFiles();
-  for (const fuzz::SmallFile& file : otherFiles) {
-    fuzz::WorkDirectory::write(file.name.c_str(), file.content);
-  }
-  fuzz::WorkDirectory::write("s.txt", fuzz::confined(fuzz::cutOff(input)));
-  fuzz::WorkDirectory::write("w.wav", fuzz::cutOff(input));
-  fuzz::WorkDirectory::write("f.aif", fuzz::cutOff(input));
-  fuzz::WorkDirectory::write("m.mid", input);
+  fuzz::replaceBuild(input);
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
   const int exitCode = runTavrel(arguments.count(), arguments.list());
   fuzz::require(exitCode == 0 || exitCode == 1);

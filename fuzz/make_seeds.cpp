@@ -51,6 +51,12 @@ std::string kitInput() {
          smallBank();
 }
 
+/// Returns the input of the writers: a looped sound; writers_fuzzer.cpp has its layout.
+std::string writersInput() {
+  using namespace std::string_literals;
+  return "\1\0\x22\x56\0\0\5\1\0\0\0\3\0\0\0samples!"s;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -66,5 +72,6 @@ int main(int argumentCount, char** arguments) {
   write(seeds / "check" / "whole", checkInput());
   write(seeds / "bank" / "whole", smallBank());
   write(seeds / "kit" / "whole", kitInput());
+  write(seeds / "writers" / "loop", writersInput());
   return 0;
 }

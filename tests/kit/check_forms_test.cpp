@@ -42,7 +42,7 @@ class CheckFormsTest : public testing::Test {
 };
 
 TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
-  const std::string place = std::filesystem::path(directory_.path()) / "";
+  const std::string place = (std::filesystem::path(directory_.path()) / "").string();
   EXPECT_EQ(run({"check", "a b.txt", "bad.txt", "./a b.txt"}), 1);
   EXPECT_EQ(output_.results,
             place +

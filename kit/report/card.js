@@ -38,7 +38,10 @@ export class Card {
         "header",
         {},
         element("h3", {}, element("a", { text: this.name, href: this.link })),
-        element("p", { className: "id", text: asset.define ? `id ${asset.id}` : "id" }),
+        element("p", {
+          className: "id",
+          text: asset.define === null ? "no define" : `id ${asset.id}`,
+        }),
         element("p", { className: "kind", text: typeNames[asset.type] }),
       ),
       this.body,
@@ -49,22 +52,24 @@ export class Card {
     return this.body.hasChildNodes();
   }
 
+  // Makes the rest, which then has to be measured and drawn.
   fill() {
-    if (this.isFilled) {
-      return;
-    }
     this.body.style.height = "";
     const picture = pictureOf(this.asset);
     this.body.append(element("ul", { className: "facts" }, ...this.facts(picture)));
     this.view = this.viewOf(picture);
     this.body.append(this.view ? this.view.element : firstBytes(picture), this.controls(picture));
-    this.view?.draw();
     this.showPlaying(null);
+  }
+
+  measure() {
+    this.height = this.body.offsetHeight;
+    this.view?.measure();
   }
 
   empty() {
     if (this.isFilled && !isPlaying(this)) {
-      this.body.style.height = `${this.body.offsetHeight}px`;
+      this.body.style.height = `${this.height}px`;
       this.body.replaceChildren();
       this.view = this.playButton = this.loopButton = null;
     }
@@ -78,14 +83,14 @@ export class Card {
   }
 
   facts(picture) {
-    const facts = [sizeText(this.asset.bytes)];
+    const facts = [`${sizeText(this.asset.bytes)} at offset ${numberText(this.asset.offset)}`];
     if (this.asset.wave) {
       facts.push(...this.waveFacts(picture));
     } else if (this.asset.sequence) {
       facts.push(...this.sequenceFacts(picture));
     } else if (this.asset.toneBank) {
       facts.push(this.asset.toneBank.bankType ?? "unknown bank type");
-    } else if (this.asset.type === "userAsset") {
+    } else if (this.asset.type === "userAsset" || this.asset.type === "unknown") {
       facts.push(`parameters ${this.asset.parameters.join(" ")}`);
     }
     return facts.map((fact) => (fact instanceof Node ? fact : element("li", { text: fact })));
@@ -99,13 +104,15 @@ export class Card {
       facts.push(`peak ${decibelText(picture.peak)}`, `RMS ${decibelText(picture.rms)}`);
     }
     if (picture.clipped) {
-      const text = `${countText(picture.clipped, "sample")} at the limit`;
-      facts.push(element("li", { className: "warning", text }));
+      facts.push(warning(`${countText(picture.clipped, "sample")} at the limit`));
+    }
+    if (wave.randomPitchAmount !== 0) {
+      facts.push(`random pitch ${wave.randomPitchAmount}`);
     }
     if (wave.loop) {
       const { start, end } = wave.loop;
       const points = `loop ${numberText(start)}–${numberText(end)}`;
-      facts.push(hasLoop(this.asset) ? points : `${points}, outside the wave`);
+      facts.push(hasLoop(this.asset) ? points : warning(`broken ${points}`));
     }
     return [...facts, ...this.qualityFacts()];
   }
@@ -117,8 +124,12 @@ export class Card {
     }
     const ratio =
       quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB against its source`;
-    const worst = Math.abs(quality.worstError);
-    return [ratio, `worst error ${numberText(worst)} at sample ${numberText(quality.worstSample)}`];
+    const { worstError, worstSample, clipped } = quality;
+    const facts = [
+      ratio,
+      `worst error ${numberText(worstError)} at sample ${numberText(worstSample)}`,
+    ];
+    return clipped > 0 ? [...facts, `${numberText(clipped)} clipped by compression`] : facts;
   }
 
   sequenceFacts({ sequence: picture }) {
@@ -126,19 +137,26 @@ export class Card {
     const facts = [timeText(sequence.seconds)];
     facts.push(sequence.bpm === null ? "no tempo" : `${sequence.bpm} bpm`);
     if (sequence.polyphony === null) {
-      facts.push(element("li", { className: "warning", text: "breaks off" }));
+      facts.push(warning("breaks off"));
     } else {
       facts.push(countText(sequence.polyphony, "voice"), countText(sequence.events, "event"));
     }
     if (picture && !picture.hasAllNotes) {
       facts.push("only its first notes are shown");
     }
-    return [...facts, `volume ${sequence.volume}`, sequence.loop ? "loops" : "plays once"];
+    const { division, volume, gmMode, loop } = sequence;
+    return [
+      ...facts,
+      `division ${division}`,
+      `volume ${volume}`,
+      `GM mode ${gmMode}`,
+      `loop ${loop}`,
+    ];
   }
 
   controls(picture) {
     const controls = element("div", { className: "controls" });
-    if (this.soundOf(picture, false)) {
+    if (this.canSound(picture)) {
       this.playButton = button("Play", () => this.toggle(false), { className: "play" });
       controls.append(this.playButton);
     }
@@ -178,26 +196,25 @@ export class Card {
     return picture.peaks && !this.playButton ? "Can’t be played without a sample rate" : "";
   }
 
-  // Returns what plays the asset, if anything does.
-  soundOf(picture, isLooping) {
+  canSound(picture) {
     const { wave } = this.asset;
-    if (picture.audio && wave.sampleRate > 0) {
-      return new WaveSound(this.view.samples(), wave.sampleRate, isLooping ? wave.loop : null);
-    }
-    const hasNotes = picture.sequence?.notes.length > 0;
-    return hasNotes ? new SequencePreview(this.view, this.view.secondsAt(this.view.ticks)) : null;
+    return picture.audio ? wave.sampleRate > 0 : picture.sequence?.notes.length > 0;
+  }
+
+  soundOf(isLooping) {
+    const { wave } = this.asset;
+    return wave
+      ? new WaveSound(this.view.samples(), wave.sampleRate, isLooping ? wave.loop : null)
+      : new SequencePreview(this.view);
   }
 
   // Plays the asset, or stops it if it already plays that way.
   toggle(isLooping) {
-    this.fill();
     const isSame = isPlaying(this) && this.isLooping === isLooping;
     stop();
-    const sound =
-      isSame || !this.playButton ? null : this.soundOf(pictureOf(this.asset), isLooping);
-    if (sound) {
+    if (this.playButton && !isSame) {
       this.isLooping = isLooping;
-      play(this, sound);
+      play(this, this.soundOf(isLooping));
     }
   }
 
@@ -220,6 +237,10 @@ export class Card {
   get seconds() {
     return secondsOf(this.asset) ?? -1;
   }
+}
+
+function warning(text) {
+  return element("li", { className: "warning", text });
 }
 
 // The first bytes of an asset that can't be drawn, as numbers and as text.

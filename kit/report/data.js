@@ -12,7 +12,12 @@ export function pictureOf(asset) {
 }
 
 export function bytesFrom(base64) {
-  return Uint8Array.from(atob(base64), (character) => character.charCodeAt(0));
+  const characters = atob(base64);
+  const bytes = new Uint8Array(characters.length);
+  for (let i = 0; i < bytes.length; ++i) {
+    bytes[i] = characters.charCodeAt(i);
+  }
+  return bytes;
 }
 
 // Returns the outlines of each zoom: pairs of the lowest and the highest sample of each bucket.

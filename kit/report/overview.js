@@ -9,13 +9,18 @@ export function showOverview() {
   document.title = name;
   document.getElementById("bank-name").textContent = name;
   const seconds = list.assets.reduce((sum, asset) => sum + (secondsOf(asset) ?? 0), 0);
-  const facts = [countText(list.assets.length, "asset"), sizeText(list.bytes), timeText(seconds)];
+  const facts = [
+    countText(list.assets.length, "asset"),
+    sizeText(list.bytes),
+    timeText(seconds),
+    `data ${numberText(list.dataBytes)} and header ${numberText(list.headerBytes)} bytes`,
+  ];
   document
     .getElementById("bank-facts")
     .replaceChildren(...facts.map((text) => element("span", { text })));
   showSizes();
-  showFindings();
-  document.getElementById("tables").replaceChildren(...[largest(), duplicates()].filter(Boolean));
+  const panels = [verifyPanel(), report.check && checkPanel(), duplicates(), largest()];
+  document.getElementById("panels").replaceChildren(...panels.filter(Boolean));
 }
 
 // A bar of the bank's bytes by kind; the table and the padding are its last part.
@@ -64,18 +69,10 @@ function share(bytes) {
   return percent > 0 && percent < 1 ? "< 1 %" : `${Math.round(percent)} %`;
 }
 
-function showFindings() {
-  const panels = [verifyPanel()];
-  if (report.check) {
-    panels.push(checkPanel());
-  }
-  document.getElementById("findings").replaceChildren(...panels);
-}
-
-function panel(title, state, summary, rows) {
+function findingsPanel(title, state, summary, rows) {
   return element(
     "section",
-    { className: `panel ${state}` },
+    { className: `panel findings ${state}` },
     element("h2", { text: title }),
     element("p", { className: "summary", text: summary }),
     rows.length > 0 && element("ul", { tabindex: "0", "aria-label": title }, ...rows),
@@ -88,17 +85,19 @@ function row(className, message, code, place, hint) {
     { className },
     element("span", { className: "message", text: message }),
     element("code", { text: code }),
-    place && element("span", { className: "place", text: place }),
+    place && element("span", { className: "place" }, place),
     hint && element("span", { className: "hint", text: hint }),
   );
 }
 
 function verifyPanel() {
   const { ok, findings } = report.verify;
-  const rows = findings.map(({ code, message }) => row("bad", message, code));
+  const rows = findings.map(({ code, id, message }) =>
+    row("bad", message, code, list.assets[id] && assetLink(list.assets[id])),
+  );
   const unchecked = report.hasHeader ? "" : " There is no header to check.";
   const summary = ok ? "Whole: nothing is wrong." : `${countText(findings.length, "finding")}.`;
-  return panel("Bank", ok ? "good" : "bad", summary + unchecked, rows);
+  return findingsPanel("Bank", ok ? "good" : "bad", summary + unchecked, rows);
 }
 
 function checkPanel() {
@@ -110,7 +109,7 @@ function checkPanel() {
   const found = `${countText(errors, "error")}, ${countText(warnings, "warning")}.`;
   const summary = diagnostics.length > 0 ? found : "Nothing is wrong.";
   const packs = report.packs ? "" : " It can’t be packed, so the bank isn’t compared with it.";
-  return panel("Script", state, summary + packs, rows);
+  return findingsPanel("Script", state, summary + packs, rows);
 }
 
 function assetLink(asset) {

@@ -3,11 +3,13 @@
 const ahead = 0.4; // seconds of notes that are handed to the audio clock early
 const drumChannel = 9;
 const loudness = 0.12;
+const mostVoices = 96; // notes beyond them are left out
 
 export class SequencePreview {
-  constructor(view, seconds) {
+  constructor(view) {
     this.view = view;
-    this.seconds = seconds;
+    this.seconds = view.secondsAt(view.ticks);
+    this.voices = 0;
   }
 
   start(context, ended) {
@@ -37,6 +39,9 @@ export class SequencePreview {
   }
 
   playNote(context, master, { start, length, number, velocity, channel }, begin) {
+    if (this.voices === mostVoices) {
+      return;
+    }
     const isDrum = channel === drumChannel;
     const from = begin + this.view.secondsAt(start);
     const until = isDrum
@@ -52,6 +57,8 @@ export class SequencePreview {
     gain.gain.linearRampToValueAtTime(level, from + 0.01);
     gain.gain.setValueAtTime(level, Math.max(from + 0.01, until - 0.02));
     gain.gain.linearRampToValueAtTime(0, until + 0.03);
+    ++this.voices;
+    oscillator.onended = () => --this.voices;
     oscillator.connect(gain).connect(master);
     oscillator.start(from);
     oscillator.stop(until + 0.04);

@@ -36,7 +36,7 @@ function matches(card) {
 function showList() {
   const { compare } = orders[sort.selectedIndex];
   const ordered = [...cards].sort((a, b) => compare(a, b) || a.asset.id - b.asset.id);
-  shown = ordered.filter(matches);
+  shown = isPrinting() ? ordered : ordered.filter(matches);
   container.replaceChildren(...shown.map((card) => card.element));
   document.getElementById("count").textContent = shownCount(shown.length, cards.length);
 }
@@ -47,29 +47,44 @@ function showType(type) {
   showList();
 }
 
+// Measures all before it draws the first, so that the browser lays out the page once.
+function draw(filled) {
+  filled.forEach((card) => card.measure());
+  filled.forEach((card) => card.view?.draw());
+}
+
+function fill(wanted) {
+  const empty = wanted.filter(({ isFilled }) => !isFilled);
+  empty.forEach((card) => card.fill());
+  draw(empty);
+}
+
 // Draws the cards that come near the view, and empties those that leave it.
 const observer = new IntersectionObserver(
   (entries) => {
-    for (const { target, isIntersecting } of entries) {
-      const card = cardOf.get(target);
-      if (isIntersecting) {
-        card.fill();
-      } else if (!isPrinting()) {
-        card.empty();
-      }
+    const cardsOf = (isNear) =>
+      entries
+        .filter((entry) => entry.isIntersecting === isNear)
+        .map(({ target }) => cardOf.get(target));
+    if (!isPrinting()) {
+      cardsOf(false).forEach((card) => card.empty());
     }
+    fill(cardsOf(true));
   },
   { rootMargin: "600px 0px" },
 );
 
-function choose(card, { scroll = "nearest" } = {}) {
+function mark(card) {
   chosen?.element.removeAttribute("aria-current");
   chosen = card;
   card.element.setAttribute("aria-current", "true");
+}
+
+function choose(card, { scroll = "nearest" } = {}) {
+  mark(card);
   card.element.focus({ preventScroll: true });
-  card.fill();
+  fill([card]);
   card.element.scrollIntoView({ block: scroll });
-  history.replaceState(null, "", card.link);
 }
 
 function chooseNext(step) {
@@ -77,6 +92,13 @@ function chooseNext(step) {
   const next = index < 0 ? 0 : Math.max(0, Math.min(shown.length - 1, index + step));
   if (shown[next]) {
     choose(shown[next]);
+  }
+}
+
+// Lets the page's address name the chosen asset.
+function showAddress() {
+  if (chosen) {
+    history.replaceState(null, "", chosen.link);
   }
 }
 
@@ -117,16 +139,22 @@ function takeKey(event) {
   const { target, key } = event;
   const isMoving = key === "ArrowDown" || key === "ArrowUp";
   const isTyping = target === search && !isMoving;
-  const isControl = target.closest("button, a, select") && !isMoving && key !== "/";
+  const isControl = target.closest("button, select") && !isMoving && key !== "/";
+  const isScrolling = target.closest("ul[tabindex]") && isMoving;
   if (target === search && key === "Escape") {
     search.value = "";
     showList();
   }
   const isForSort = target === sort && key !== "/";
   const hasModifier = event.ctrlKey || event.metaKey || event.altKey;
-  if (!hasModifier && !isTyping && !isControl && !isForSort && keys[key]) {
+  const isForOther = isTyping || isControl || isScrolling || isForSort;
+  if (!hasModifier && !isForOther && keys[key]) {
     event.preventDefault();
     keys[key]();
+  }
+  // Browsers allow only so many changes of the address: not each of a key that is held down.
+  if (!event.repeat) {
+    showAddress();
   }
 }
 
@@ -137,33 +165,34 @@ function takeWheel(event) {
   if (frame && card?.view?.zoom && (card === chosen || event.ctrlKey)) {
     event.preventDefault();
     const { left, width } = frame.getBoundingClientRect();
-    card.view.zoom(event.deltaY > 0 ? 1.25 : 0.8, (event.clientX - left) / width);
+    if (Math.abs(event.deltaX) > Math.abs(event.deltaY)) {
+      card.view.move(event.deltaX);
+    } else {
+      const notches = Math.max(-3, Math.min(3, event.deltaY / 100));
+      card.view.zoom(1.25 ** notches, (event.clientX - left) / width);
+    }
   }
 }
 
 function drawAgain() {
-  for (const card of shown.filter(({ isFilled }) => isFilled)) {
-    card.view?.draw();
-  }
+  draw(shown.filter(({ isFilled }) => isFilled));
 }
 
 function isPrinting() {
   return document.documentElement.classList.contains("printing");
 }
 
-// Paper is light and has no view: everything is drawn, in the light colours.
+// Paper is light and has no view: every asset is drawn, in the light colours.
 function setPrinting(isOn) {
   document.documentElement.classList.toggle("printing", isOn);
-  for (const card of shown) {
-    if (isOn) {
-      card.fill();
-    }
-  }
-  drawAgain();
-  if (!isOn) {
+  showList();
+  if (isOn) {
+    fill(cards);
+  } else {
     cards.forEach((card) => observer.unobserve(card.element));
     cards.forEach((card) => observer.observe(card.element));
   }
+  drawAgain();
 }
 
 function addControls() {
@@ -182,11 +211,15 @@ function addListeners() {
   sort.addEventListener("change", showList);
   container.addEventListener("click", (event) => {
     const card = cardOf.get(event.target.closest("article"));
-    if (card && !event.target.closest("a, button")) {
+    if (card && event.target.closest("button")) {
+      mark(card); // the focus stays where it is
+    } else if (card && !event.target.closest("a")) {
       choose(card);
     }
+    showAddress();
   });
   document.addEventListener("keydown", takeKey);
+  document.addEventListener("keyup", showAddress);
   container.addEventListener("wheel", takeWheel, { passive: false });
   addEventListener("hashchange", followLink);
   addEventListener("resize", drawAgain);

@@ -26,45 +26,46 @@ export class SequenceView {
   // Returns the seconds at a tick.
   secondsAt(tick) {
     const { tempos, division } = this.sequence;
-    const index = Math.max(
-      0,
-      tempos.findLastIndex(([start]) => start <= tick),
-    );
-    const [start, seconds, microseconds] = tempos[index];
+    const [start, seconds, microseconds] = lastUpTo(tick, tempos, ([start]) => start);
     return seconds + (tick - start) * secondsPerTick(division, microseconds);
   }
 
   tickAt(time) {
     const { tempos, division } = this.sequence;
-    const index = Math.max(
-      0,
-      tempos.findLastIndex(([, seconds]) => seconds <= time),
-    );
-    const [start, seconds, microseconds] = tempos[index];
+    const [start, seconds, microseconds] = lastUpTo(time, tempos, ([, seconds]) => seconds);
     const step = secondsPerTick(division, microseconds);
     return step > 0 ? start + (time - seconds) / step : start;
   }
 
+  measure() {
+    this.width = this.canvas.clientWidth;
+  }
+
   draw() {
-    const width = this.canvas.clientWidth;
-    const context = prepareCanvas(this.canvas, width, height);
-    this.drawBars(context, width);
-    this.drawTempos(context, width);
-    this.drawNotes(context, width);
+    const context = prepareCanvas(this.canvas, this.width, height);
+    context.font = "11px system-ui, sans-serif";
+    this.drawBars(context, this.width);
+    this.drawTempos(context, this.width);
+    this.drawNotes(context, this.width);
   }
 
   drawBars(context, width) {
-    context.font = "11px system-ui, sans-serif";
+    const [lines, numbers] = [colour("line"), colour("muted")];
+    let free = 0;
     for (const { tick, bar } of this.bars(width)) {
       const x = (tick / this.ticks) * width;
-      context.fillStyle = colour("line");
+      if (x < free) {
+        continue;
+      }
+      context.fillStyle = lines;
       context.fillRect(x, 0, 1, height);
-      context.fillStyle = colour("muted");
+      context.fillStyle = numbers;
       context.fillText(String(bar), x + 4, height - 5);
+      free = x + context.measureText(String(bar)).width + 12;
     }
   }
 
-  // Returns the bars that have room for a line and a number.
+  // Returns the bars, or so many of them as have room for a line and a number.
   bars(width) {
     const { division, signatures } = this.sequence;
     const bars = [];
@@ -126,8 +127,23 @@ export class SequenceView {
   showPosition(seconds) {
     const place = seconds === null ? -1 : this.tickAt(seconds) / this.ticks;
     this.cursor.hidden = place < 0 || place > 1;
-    this.cursor.style.transform = `translateX(${place * this.canvas.clientWidth}px)`;
+    this.cursor.style.transform = `translateX(${place * this.width}px)`;
   }
+}
+
+// Returns the last of sorted rows whose key isn't over a limit, or the first one.
+function lastUpTo(limit, rows, keyOf) {
+  let first = 0;
+  let end = rows.length;
+  while (end - first > 1) {
+    const middle = (first + end) >> 1;
+    if (keyOf(rows[middle]) <= limit) {
+      first = middle;
+    } else {
+      end = middle;
+    }
+  }
+  return rows[first];
 }
 
 // Ticks divide a quarter note, or a frame if the top bit of the division is set.

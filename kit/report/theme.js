@@ -22,8 +22,10 @@ export function button(label, action, attributes = {}) {
   return result;
 }
 
+const numberFormat = new Intl.NumberFormat("en-US");
+
 export function numberText(number) {
-  return number.toLocaleString("en-US");
+  return numberFormat.format(number);
 }
 
 export function sizeText(bytes) {

@@ -6,6 +6,7 @@ import { colour, element, numberText, prepareCanvas } from "./theme.js";
 
 const waveHeight = 128;
 const errorHeight = 56;
+const clippedHeight = 7; // of the mark of samples at the limit
 const fewestSamples = 24; // across the picture, at the deepest zoom
 
 export class WaveView {
@@ -68,8 +69,16 @@ export class WaveView {
     return this.decoded;
   }
 
+  measure() {
+    this.width = this.canvas.clientWidth;
+    if (this.seamCanvas) {
+      const { clientWidth: width, clientHeight: height } = this.seamCanvas;
+      this.seamSize = { width, height };
+    }
+  }
+
   draw() {
-    const width = this.canvas.clientWidth;
+    const { width } = this;
     const context = prepareCanvas(this.canvas, width, this.height);
     const view = { start: this.first, step: this.shown / width };
     if (view.step < this.picture.bucket) {
@@ -123,10 +132,10 @@ export class WaveView {
         view.start + (x + 1) * view.step,
       );
       if (found && found[1] >= highest) {
-        context.fillRect(x - 1, 0, 3, 4);
+        context.fillRect(Math.max(0, x - 1), 0, 3, clippedHeight);
       }
       if (found && found[0] <= -1) {
-        context.fillRect(x - 1, waveHeight - 4, 3, 4);
+        context.fillRect(Math.max(0, x - 1), waveHeight - clippedHeight, 3, clippedHeight);
       }
     }
   }
@@ -146,8 +155,7 @@ export class WaveView {
   }
 
   drawSeam() {
-    const width = this.seamCanvas.clientWidth;
-    const height = this.seamCanvas.clientHeight;
+    const { width, height } = this.seamSize;
     const context = prepareCanvas(this.seamCanvas, width, height);
     const { before, after } = this.picture.seam;
     const samples = Float32Array.from([...before, ...after], (sample) => sample / 32768);
@@ -171,6 +179,10 @@ export class WaveView {
     this.moveTo(centre - place * this.shown);
   }
 
+  move(pixels) {
+    this.moveTo(this.first + (pixels * this.shown) / this.width);
+  }
+
   moveTo(first) {
     this.first = Math.max(0, Math.min(this.count - this.shown, first));
     this.draw();
@@ -183,9 +195,8 @@ export class WaveView {
     });
     frame.addEventListener("pointermove", (event) => {
       if (last !== null && event.buttons === 1) {
-        const samples = ((last - event.clientX) * this.shown) / frame.clientWidth;
+        this.move(last - event.clientX);
         last = event.clientX;
-        this.moveTo(this.first + samples);
       }
     });
     frame.addEventListener("dblclick", () => this.zoom(Infinity));
@@ -195,6 +206,6 @@ export class WaveView {
   showPosition(sample) {
     const place = sample === null ? -1 : (sample - this.first) / this.shown;
     this.cursor.hidden = place < 0 || place > 1;
-    this.cursor.style.transform = `translateX(${place * this.canvas.clientWidth}px)`;
+    this.cursor.style.transform = `translateX(${place * this.width}px)`;
   }
 }

@@ -25,6 +25,7 @@ const typeChips = new Map();
 let shownType = null; // null for all
 let shown = cards;
 let chosen = null;
+let addressed = null; // the card that the page's address names
 
 function matches(card) {
   const words = search.value.toLowerCase().split(/\s+/);
@@ -97,7 +98,8 @@ function chooseNext(step) {
 
 // Lets the page's address name the chosen asset.
 function showAddress() {
-  if (chosen) {
+  if (chosen !== addressed) {
+    addressed = chosen;
     history.replaceState(null, "", chosen.link);
   }
 }
@@ -119,6 +121,7 @@ function followLink() {
     showType(null);
   }
   choose(card, { scroll: "start" });
+  showAddress();
   // The cards above have been drawn by then and may have moved this one.
   requestAnimationFrame(() =>
     requestAnimationFrame(() => card.element.scrollIntoView({ block: "start" })),

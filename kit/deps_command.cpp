@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "kit/check/bank_names.h"
-#include "kit/check/loaded_script.h"
 #include "kit/commands.h"
 #include "kit/deps/depfile.h"
 #include "kit/deps/opened_names.h"
@@ -13,20 +12,12 @@
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"
 #include "kit/frame/script_options.h"
-#include "kit/frame/source_file.h"
 #include "platform/file_identity.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-ScriptModel modelOf(const std::string& scriptPath) {
-  const CapturedConsole silence;
-  LoadedScript script(readFile(scriptPath));
-  Findings ignored;
-  return readScript(script, ignored);
-}
 
 /// Returns the target of the rule: the one that is asked for, or the bank.
 std::string targetOf(const Arguments& arguments, const ScriptModel& script, const RunPlan& plan) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "kit/commands.h"
+#include "kit/deps/opened_names.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"
@@ -43,20 +44,19 @@ std::string pagePath(const Arguments& arguments) {
 }
 
 /// Throws Failure if the page would replace a file that it is made from.
-void requireNoSource(const std::string& page, ReportData& data, const Arguments& arguments) {
+void requireNoSource(const std::string& page, const NamedBank& bank, const Arguments& arguments) {
   const auto identity = fileIdentity(page.c_str());
-  std::vector<std::string> sources{data.subject.bank.file.path,
-                                   arguments.value("--script").value_or("")};
-  if (data.subject.bank.header) {
-    sources.push_back(data.subject.bank.headerPath);
+  std::vector<std::string> sources;
+  if (const auto script = arguments.value("--script")) {
+    sources = openedNames(modelOf(*script));
+    sources.push_back(hostPath(script->c_str()));
   }
-  if (data.subject.script) {
-    for (const PackedAsset& asset : data.subject.script->scriptAssets()) {
-      sources.push_back(asset.file);
-    }
+  if (bank.header) {
+    sources.push_back(hostPath(bank.headerPath.c_str()));
   }
+  sources.push_back(hostPath(bank.file.path.c_str()));
   const bool isSource = std::any_of(sources.begin(), sources.end(), [&](const std::string& name) {
-    return !name.empty() && identity && fileIdentity(hostPath(name.c_str()).c_str()) == identity;
+    return identity && fileIdentity(name.c_str()) == identity;
   });
   if (isSource) {
     throw Failure(fmt::format("the page would replace {}, which it is made from", page));
@@ -97,7 +97,7 @@ int runReport(const Arguments& arguments, Output& /*output*/) {
   if (data.check) {
     data.check->path = pathForUser(*script, arguments);
   }
-  requireNoSource(path, data, arguments);
+  requireNoSource(path, data.subject.bank, arguments);
   OutputFile page(path, Existing::followLink);
   page.write(kPageStart.data(), kPageStart.size());
   writeData(page, "report", reportAsJson(data));

@@ -3,7 +3,10 @@
 #include <set>
 
 #include "compiler/wave_rules.h"
+#include "kit/check/loaded_script.h"
+#include "kit/frame/captured_console.h"
 #include "kit/frame/required_text.h"
+#include "kit/frame/source_file.h"
 #include "kit/frame/split_name.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
@@ -21,6 +24,13 @@ std::string openedName(const ScriptBlock& block) {
 }
 
 }  // namespace
+
+ScriptModel modelOf(const std::string& scriptPath) {
+  const CapturedConsole silence;
+  LoadedScript script(readFile(scriptPath));
+  Findings ignored;
+  return readScript(script, ignored);
+}
 
 std::vector<std::string> openedNames(const ScriptModel& script) {
   std::vector<std::string> names;

@@ -8,6 +8,9 @@
 
 namespace tavrel::kit {
 
+/// Reads a script, whatever its faults. Throws Failure if it can't be read.
+ScriptModel modelOf(const std::string& scriptPath);
+
 /// Returns the host's names of the files of all blocks, as the tool opens them, whether they are
 /// there or not. Each is there once, in the order of the script.
 std::vector<std::string> openedNames(const ScriptModel& script);

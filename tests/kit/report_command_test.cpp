@@ -103,9 +103,14 @@ TEST_F(ReportTest, RefusesWhatItCantAnswer) {
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
     EXPECT_FALSE(std::filesystem::exists(page_));
   }
-  page_ = bank;
-  EXPECT_EQ(run({bank}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("would replace"));
+  const std::string asset = folder_.write("a.dat", "four");
+  const std::string script = folder_.write(
+      "s.txt", "BankFileName b.tvb\nUserAsset " + asset + " AssetEnd\nUserAsset gone AssetEnd\n");
+  for (const std::string& source : {bank, script, asset}) {
+    page_ = source;
+    EXPECT_EQ(run({bank, "--script", script}), 2);
+    EXPECT_THAT(output_.messages, HasSubstr("would replace"));
+  }
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/help.h"
 #include "kit/frame/nearest.h"
+#include "platform/termination.h"
 
 namespace tavrel::kit {
 
@@ -165,6 +166,7 @@ int fail(Output& output, std::string_view message, std::string_view advice = "")
 /// Ends the program where an exception can't: the JSON library allocates memory in destructors.
 [[noreturn]] void exitOutOfMemory() {
   std::fputs("tavkit: out of memory\n", stderr);
+  DoomedFile::deleteAll();
   std::_Exit(exitFailed);
 }
 

@@ -6,7 +6,7 @@
 
 namespace tavrel::kit {
 
-SingleRead::SingleRead(const std::string& path) : previous_(setFileCache(&cache_)) {
+SingleRead::SingleRead(const std::string& path) {
   constexpr std::uint32_t kMostKept = std::uint32_t{1} << 26U;
   DiskFile file(modeRead, path.c_str(), "");
   std::uint32_t size = 0;
@@ -17,6 +17,7 @@ SingleRead::SingleRead(const std::string& path) : previous_(setFileCache(&cache_
     }
   }
   file.close();
+  previous_ = setFileCache(&cache_);
 }
 
 }  // namespace tavrel::kit

@@ -20,7 +20,7 @@ class SingleRead {
 
  private:
   FileCache cache_;
-  FileCache* previous_;
+  FileCache* previous_ = nullptr;
 };
 
 }  // namespace tavrel::kit

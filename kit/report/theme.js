@@ -25,7 +25,7 @@ export function button(label, action, attributes = {}) {
 const numberFormat = new Intl.NumberFormat("en-US");
 
 export function numberText(number) {
-  return numberFormat.format(number);
+  return numberFormat.format(number).replace("-", "−");
 }
 
 export function sizeText(bytes) {

@@ -151,7 +151,8 @@ export class WaveView {
     drawOutline(context, this.error, view, place);
     context.fillStyle = colour("muted");
     context.font = "11px system-ui, sans-serif";
-    context.fillText(`Error, ×${numberText(Math.max(1, Math.round(1 / range)))}`, 0, top);
+    context.textAlign = "right"; // most sounds are loud, and their errors large, at the left
+    context.fillText(`Error, ×${numberText(Math.max(1, Math.round(1 / range)))}`, width, top);
   }
 
   drawSeam() {

@@ -16,7 +16,7 @@ metrics = {"width": 1100, "height": 1540, "deviceScaleFactor": 1, "mobile": Fals
 browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", metrics)
 browser.get(PAGE.as_uri())
 time.sleep(1)  # until everything is drawn
-# The tables are long, and the waveforms are what the picture is for.
-browser.execute_script("document.getElementById('tables').remove()")
+# This list is long, and the waveforms are what the picture is for.
+browser.execute_script("document.querySelector('.largest').closest('section').remove()")
 browser.save_screenshot(str(PICTURE))
 browser.quit()

@@ -1,6 +1,6 @@
-// The code of fmt 9 that needn't be compiled in each source that includes its headers: once here, the
-// kit takes half the time to build. Debian's compiled libfmt is for this host alone, and this serves
-// every target. Other versions of fmt are used as headers alone, see kit/CMakeLists.txt.
+// The code of fmt 9 that needn't be compiled in each source that includes its headers: once here,
+// the kit takes half the time to build. Debian's compiled libfmt is for this host alone, and this
+// serves every target. Other versions of fmt are used as headers alone, see kit/CMakeLists.txt.
 #include <fmt/format-inl.h>
 
 namespace fmt::detail {

@@ -22,10 +22,6 @@ std::string wavOf(std::size_t samples) {
   return test::wav().fmt(mono, 16, 22050).data(std::string(2 * samples, 'x'));
 }
 
-std::string waveBlock(const std::string& name) {
-  return "WaveFile " + name + "\n    SampleRate 22050\nAssetEnd\n";
-}
-
 /// A new folder, which is the current one.
 class NewTest : public testing::Test {
  protected:
@@ -261,6 +257,10 @@ TEST_F(NewTest, RefusesWhatItCannotWrite) {
 }
 
 #ifndef _WIN32
+std::string waveBlock(const std::string& name) {
+  return "WaveFile " + name + "\n    SampleRate 22050\nAssetEnd\n";
+}
+
 TEST_F(NewTest, WalksEachFolderOnce) {
   write("in/real/a.wav", wavOf(2));
   write("other/b.wav", wavOf(2));

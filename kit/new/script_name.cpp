@@ -23,7 +23,7 @@ bool isHostSeparator(char c) {
   return std::string_view(kHostSeparators).find(c) != std::string_view::npos;
 }
 
-bool isControl(char c) { return (c >= '\0' && c < ' ') || c == '\x7F'; }
+bool isControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }
 
 std::string faultOfCharacter(char c) {
   if (isControl(c)) {

@@ -8,9 +8,9 @@
 namespace tavrel::kit {
 
 ComparingBuffer::ComparingBuffer(const std::string& path) {
-  isEqual_ = pathKind(path.c_str()) == PathKind::file &&
-             file_.open(path, std::ios::in | std::ios::binary) != nullptr;
-  const std::streamoff size = isEqual_ ? std::streamoff(file_.pubseekoff(0, std::ios::end)) : -1;
+  const bool isOpen = pathKind(path.c_str()) == PathKind::file &&
+                      file_.open(path, std::ios::in | std::ios::binary) != nullptr;
+  const std::streamoff size = isOpen ? std::streamoff(file_.pubseekoff(0, std::ios::end)) : -1;
   isEqual_ = size >= 0;
   size_ = static_cast<std::uint64_t>(std::max<std::streamoff>(size, 0));
   file_.pubseekpos(0);

@@ -7,6 +7,27 @@ def _linked(ctx, file):
     ctx.actions.symlink(output = link, target_file = file)
     return link
 
+def _intact(ctx, bank, header):
+    """Returns an empty folder, made by an action that fails if the bank or its header is damaged.
+
+    The record that a cache keeps of an action has no checksum. Bazel takes some damaged records for
+    those of empty outputs. This action has the outputs as its inputs: the right ones lead to its
+    own record in the cache, and all others make it run.
+
+    The bank is compared with itself. That prints nothing, and fails unless the bank opens and the
+    header that tavrel writes is next to it.
+    """
+    intact = ctx.actions.declare_directory(ctx.label.name + ".intact")
+    ctx.actions.run(
+        mnemonic = "TavrelIntact",
+        progress_message = "Opening %s" % bank.short_path,
+        executable = ctx.executable._tavkit,
+        arguments = ["diff", "--ids", bank.path, bank.path],
+        inputs = [bank, header],
+        outputs = [intact],
+    )
+    return intact
+
 def _tavrel_bank_impl(ctx):
     script = ctx.file.script
     assets = ctx.files.assets
@@ -50,12 +71,17 @@ def _tavrel_bank_impl(ctx):
         # The header's time stamp: equal inputs give equal outputs.
         env = {"SOURCE_DATE_EPOCH": "0"},
     )
+    intact = _intact(ctx, bank, header)
     return [
         DefaultInfo(
-            files = depset([bank, header]),
-            runfiles = ctx.runfiles(files = [bank]),
+            files = depset([bank, header, intact]),
+            runfiles = ctx.runfiles(files = [bank, intact]),
         ),
-        OutputGroupInfo(bank = depset([bank]), header = depset([header])),
+        OutputGroupInfo(
+            bank = depset([bank]),
+            header = depset([header]),
+            _validation = depset([intact]),
+        ),
     ]
 
 tavrel_bank = rule(

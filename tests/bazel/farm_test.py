@@ -22,8 +22,10 @@ BUILD = Path(sys.argv[1]).resolve()
 WORK = Path(tempfile.mkdtemp())
 BANKS = [f"b{number:03}" for number in range(200)]
 PACKAGE = """load("//tavrel:tavrel_bank.bzl", "tavrel_bank")
+package(default_visibility = ["//visibility:public"])
 tavrel_bank(name = "{0}", script = "{0}.txt", assets = glob(["*.wav"]){1})
 """
+LIST = 'genrule(name = "list", srcs = ["//banks/b000"], outs = ["names"], cmd = "ls $(SRCS) > $@")'
 MADE = ' + ["d.wav"])\ngenrule(name = "d", srcs = ["d.raw"], outs = ["d.wav"], cmd = "cp $< $@"'
 NGINX = ["nginx", "-e", "errors", "-c", "cache.conf", "-g", "daemon off; master_process off;", "-p"]
 
@@ -54,6 +56,8 @@ def write_project(folder):
     write_bank(more / "loose", "a", ', prefix = "SO-SO", check = False')
     write_bank(more / "made", "abcd", MADE, seed="b000")
     (more / "made/d.wav").rename(more / "made/d.raw")
+    (more / "list").mkdir()
+    (more / "list/BUILD.bazel").write_text(LIST)
 
 
 def outputs(folder, name):
@@ -192,12 +196,13 @@ def measure(game, disk, server, http):
 
 def check_damaged_records(game, http, packed):
     """Leaves damaged records. No wrong bank is built from them, and those that lead to empty outputs
-    fail the build, with the project's .bazelrc also where an output group is all that is wanted."""
-    every = ["//banks/...", "--keep_going", f"--show_result={len(BANKS)}", http]
+    fail the build of the banks and of what is made from them. With the project's .bazelrc they fail
+    also where an output group is all that is wanted."""
+    every = ["//banks/...", "--keep_going", "--show_result=1000", http]
     game.start("clean").communicate()
     empty_outputs(WORK / "cache/ac")
-    text = game.build(*every, "--noexperimental_run_validations")[1]
-    assert text.count("failed to build\n") == len(BANKS), text
+    text = game.build(*every, "//more/list", "--noexperimental_run_validations")[1]
+    assert text.count("failed to build\n") == len(BANKS) + 1, text
     text = game.build(*every, "--output_groups=bank")[1]
     assert text.count("failed to build\n") == len(BANKS), text
     empty_outputs(WORK / "cache/ac")
@@ -217,7 +222,7 @@ def check_rule(game):
         ("//more/unused", 0, "unused.txt is listed in"),
         ("//:sfx --output_groups=bank", 0, "up-to-date:\n  bazel-bin/sfx.tvb\nINFO"),
         ("//:sfx --output_groups=header", 0, "up-to-date:\n  bazel-bin/sfx.h\nINFO"),
-        ("//:all //more/loose //more/made", 0, "successfully"),
+        ("//:all //more/loose //more/made //more/list", 0, "successfully"),
     ]:
         done = game.build(*arguments.split())
         assert done[0] == code and message in done[1], (arguments, done)

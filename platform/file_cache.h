@@ -4,6 +4,7 @@
 // and opening a file costs one comparison more.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <streambuf>
@@ -18,7 +19,7 @@ class FileCache {
  public:
   struct Entry {
     std::unique_ptr<std::uint8_t[]> bytes;
-    std::uint64_t size = 0;
+    std::size_t size = 0;
   };
 
   /// Replaces the entry of `path`, if there is one, which no open file may be using.

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "foundation/byte_block.h"
 #include "platform/host_path.h"
 #include "platform/transfer.h"
 
@@ -16,9 +17,8 @@ void CachedInputs::add(const std::string& path) {
   if (!file || size < 0 || size > UINT32_MAX) {
     return;
   }
-  const auto length = static_cast<std::uint64_t>(size);
-  FileCache::Entry entry{.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(length),
-                         .size = length};
+  const auto length = static_cast<std::size_t>(size);
+  FileCache::Entry entry{.bytes = ByteBlock(new std::uint8_t[length]), .size = length};
   file.seekg(0);
   if (readBytes(file, entry.bytes.get(), length) == length) {
     cache_.add(path, std::move(entry));

@@ -94,7 +94,7 @@ std::optional<ScriptSource> scriptSourceOf(BankFile& bank, const tavrel_asset& a
 
 FileCache::Entry fileContent(const AssetSource& asset, const ScriptSource& source) {
   const std::uint64_t size = source.wave ? fileSize(*source.wave) : asset.asset.size;
-  FileCache::Entry file{.bytes = newBytes(size), .size = size};
+  FileCache::Entry file{.bytes = newBytes(size), .size = static_cast<std::size_t>(size)};
   if (!file.bytes) {
     throw std::bad_alloc();
   }

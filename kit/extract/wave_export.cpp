@@ -78,9 +78,8 @@ void writeDecoded(const AssetSource& source, const WaveExport& description, cons
     convert(samples, 4 * length, description);
     file(samples, std::uint64_t{4} * length);
   });
-  writeAll(
-      std::vector<std::uint8_t>(description.sampleBytes - std::uint64_t{4} * source.asset.size),
-      file);
+  const std::uint64_t padding = description.sampleBytes - std::uint64_t{4} * source.asset.size;
+  writeAll(std::vector<std::uint8_t>(static_cast<std::size_t>(padding)), file);
 }
 
 void writeSamples(const AssetSource& source, const WaveExport& description, const ByteSink& file) {

@@ -28,7 +28,7 @@ ShownFile::ShownFile(const std::string& name) : name_(name) {
   const FileCache::Entry* held = cache_.find(hostPath(name.c_str()));
   kind_ = held == nullptr ? &kindOfFile(name)
                           : &kindOf({reinterpret_cast<const char*>(held->bytes.get()),
-                                     std::min<std::size_t>(held->size, kKindBytes)});
+                                     std::min(held->size, kKindBytes)});
   previous_ = setFileCache(&cache_);
 }
 

@@ -2,13 +2,29 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <string>
 #include <utility>
 
 #include "kit/frame/failure.h"
 
 namespace tavrel::kit {
+
+namespace {
+
+/// Reads a decimal number. Returns infinity for any other text. Not every standard library has
+/// std::from_chars for floating point, and std::strtod also takes spaces, a plus sign and
+/// hexadecimal.
+double decimal(const std::string& text) {
+  const bool isDecimal = text.find_first_of("-.0123456789") == 0 &&
+                         text.find_first_not_of("+-.0123456789eE") == std::string::npos;
+  char* end = nullptr;
+  const double number = std::strtod(text.c_str(), &end);
+  return isDecimal && *end == '\0' ? number : HUGE_VAL;
+}
+
+}  // namespace
 
 CommandOption belowOption(std::string help) {
   return {.names = "--below", .value = "DB", .help = std::move(help)};
@@ -19,10 +35,8 @@ std::optional<double> qualityLimit(const Arguments& arguments) {
   if (!text) {
     return std::nullopt;
   }
-  double limit = 0;
-  const char* end = text->data() + text->size();
-  const auto result = std::from_chars(text->data(), end, limit);
-  if (result.ec != std::errc() || result.ptr != end || !std::isfinite(limit)) {
+  const double limit = decimal(std::string(*text));
+  if (!std::isfinite(limit)) {
     throw Failure(fmt::format("--below takes a number of decibels, not {}", *text));
   }
   return limit;

@@ -1,6 +1,8 @@
 // Files whose bytes are in memory already, as DiskFile and the mmio calls read them.
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "foundation/disk_file.h"
 #include "platform/file_cache.h"
 #include "platform/mmio.h"

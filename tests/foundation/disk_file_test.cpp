@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <sstream>
 
 #include "tests/support/temporary_directory.h"

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 namespace tavrel::test {
 
 TEST(TextUtilitiesTest, ComparesRegardlessOfTheCaseOfAToZ) {

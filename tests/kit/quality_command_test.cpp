@@ -63,6 +63,8 @@ TEST(QualityCommand, ComparesSoundsWithTheirFilesAndGatesByTheExactRatio) {
       {{"quality", script, "--below", ""}, 2, {}},
       {{"quality", script, "--below", "1dB"}, 2, {}},
       {{"quality", script, "--below", "nan"}, 2, {}},
+      {{"quality", script, "--below", "+1"}, 2, {}},
+      {{"quality", script, "--below", "0x1"}, 2, {}},
       {{"quality", gone}, 2, {}},
       {{"check", script, "--below", above},
        1,

@@ -72,11 +72,12 @@ TEST(MidiFile, CutTrackHasItsWholeEventsOnly) {
     for (HeldEvent ev; cut.file.getNextEvent(ev); clearEvent(ev)) {
       ++whole;
     }
-    EXPECT_EQ(whole, std::ranges::count_if(ends, isIn));
-    EXPECT_EQ(cut.file.eventCount, std::ranges::count_if(deltaEnds, isIn));
+    EXPECT_EQ(whole, std::count_if(std::begin(ends), std::end(ends), isIn));
+    EXPECT_EQ(cut.file.eventCount, std::count_if(std::begin(deltaEnds), std::end(deltaEnds), isIn));
     EXPECT_EQ(cut.file.bytesRead, 22 + size);
     // The status is looked at before it is read.
-    EXPECT_EQ(cut.file.atEnd, std::ranges::count(deltaEnds, size) == 1 ? 0 : 1);
+    EXPECT_EQ(cut.file.atEnd,
+              std::count(std::begin(deltaEnds), std::end(deltaEnds), size) == 1 ? 0 : 1);
   }
 }
 

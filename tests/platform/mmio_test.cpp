@@ -1,5 +1,7 @@
 #include "platform/mmio.h"
 
+#include <array>
+
 #include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 

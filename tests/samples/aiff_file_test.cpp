@@ -1,5 +1,7 @@
 #include "samples/aiff_file.h"
 
+#include <array>
+
 #include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"

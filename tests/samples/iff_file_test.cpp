@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"

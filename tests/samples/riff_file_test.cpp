@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <type_traits>
 
 #include "tests/support/sound_builder.h"

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/support/bytes.h"
 
 namespace tavrel::test {

@@ -7,13 +7,13 @@
 #include "kit/check/report_formats.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/json.h"
+#include "kit/frame/version.h"
 
 namespace tavrel::kit {
 
 namespace {
 
 constexpr const char* kSchema = "https://json.schemastore.org/sarif-2.1.0.json";
-constexpr const char* kVersion = TAVREL_VERSION;
 
 bool staysInUri(char c) {
   const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -70,7 +70,7 @@ std::string problemsAsSarif(const std::vector<CheckedScript>& scripts) {
       results.push_back(resultOf(script, diagnostic));
     }
   }
-  Json driver = {{"name", "tavkit"}, {"version", kVersion}, {"rules", std::move(rules)}};
+  Json driver = {{"name", "tavkit"}, {"version", versionNumber()}, {"rules", std::move(rules)}};
   Json run = {{"tool", {{"driver", std::move(driver)}}},
               {"columnKind", "unicodeCodePoints"},
               {"results", std::move(results)}};

@@ -18,13 +18,12 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/help.h"
 #include "kit/frame/nearest.h"
+#include "kit/frame/version.h"
 #include "platform/termination.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-constexpr const char* kVersion = TAVREL_VERSION;
 
 /// Checks the values given for an option. The parser delivers "true" for a flag that stands alone.
 void checkValues(const CommandOption& option, const CLI::results_t& values) {
@@ -119,7 +118,7 @@ int runCommand(const Command& command, std::vector<std::string> words, Output& o
     return exitYes;
   }
   if (arguments.has("--version")) {
-    output.results = fmt::format("tavkit {}\n", kVersion);
+    output.results = fmt::format("tavkit {}\n", versionWithCommit());
     return exitYes;
   }
   checkOperands(command, arguments);
@@ -148,7 +147,7 @@ int dispatch(const std::vector<std::string>& arguments, Output& output) {
     return exitYes;
   }
   if (first == "--version") {
-    output.results = fmt::format("tavkit {}\n", kVersion);
+    output.results = fmt::format("tavkit {}\n", versionWithCommit());
     return exitYes;
   }
   if (first.empty()) {

@@ -32,7 +32,7 @@ std::string escaped(std::string_view text) {
 
 /// Breaks a sentence into lines that are short enough for an editor. mdoc fills them again.
 std::string wrapped(std::string_view sentence) {
-  constexpr std::size_t kWidth = 78;
+  constexpr std::size_t kWidth = 72;  // escaping makes a line longer
   std::string lines;
   while (sentence.size() > kWidth && sentence.rfind(' ', kWidth) != std::string_view::npos) {
     const std::size_t end = sentence.rfind(' ', kWidth);
@@ -61,7 +61,7 @@ std::string optionList(const std::vector<CommandOption>& options) {
   }
   std::string list = ".Bl -tag -width Ds\n";
   for (const CommandOption& option : options) {
-    list += fmt::format(".It {}\n{}.\n", escaped(displayName(option)), escaped(option.help));
+    list += fmt::format(".It {}\n{}", escaped(displayName(option)), wrapped(option.help + '.'));
   }
   return list + ".El\n";
 }

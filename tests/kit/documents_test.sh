@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# The man page and the completions are those that the program makes, and they work:
+# The man pages are well-formed, the completions work, and both are those that the program makes:
 #   documents_test.sh BUILD
 set -euo pipefail
 build=$(realpath "$1")
 cd "$(dirname "$0")/../.."
 
 scripts/documents --check "$build"
-problems=$(mandoc -T lint -W warning docs/tavkit.1) || {
+# mandoc knows only the pages that are installed. tests/docs checks whether the others exist.
+problems=$(mandoc -T lint -W all docs/*.1 | grep -v 'referenced manual not found') || true
+[[ -z $problems ]] || {
   echo "$problems" >&2
   exit 1
 }

@@ -9,8 +9,8 @@ install(TARGETS tavrel tavrel_bank EXPORT tavrel
 install(DIRECTORY runtime/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES docs/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} 
-  FILES_MATCHING PATTERN *.md PATTERN *.svg)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  FILES_MATCHING PATTERN *.md PATTERN *.svg PATTERN *.png)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(TAVREL_KIT)
@@ -35,21 +35,10 @@ install(EXPORT tavrel NAMESPACE tavrel:: FILE tavrelTargets.cmake DESTINATION ${
 configure_file(runtime/tavrel.pc.in tavrel.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tavrel.pc DESTINATION ${CMAKE_INSTALL_DATADIR}/pkgconfig)
 
-# The form that Debian prescribes: lines are indented, and an empty line is a full stop.
-file(STRINGS LICENSE license)
-list(TRANSFORM license PREPEND " ")
-list(TRANSFORM license REPLACE "^ $" " .")
-list(JOIN license "\n" license)
-configure_file(cmake/copyright.in copyright @ONLY)
-
 set(CPACK_GENERATOR ZIP)
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   set(CPACK_GENERATOR DEB)
-  install(FILES ${PROJECT_BINARY_DIR}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  include(cmake/debian/package.cmake)
 endif()
-set(CPACK_PACKAGE_CONTACT "The tavrel maintainers")
 set(CPACK_STRIP_FILES ON)
-# The tool is linked statically, so the Debian package has no dependencies.
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 include(CPack)

@@ -1,9 +1,6 @@
 #include "foundation/text_output_file.h"
 
-#include <gmock/gmock.h>
-
-#include <array>
-
+#include "tests/support/all.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -11,19 +8,16 @@ namespace tavrel::test {
 TEST(TextOutputFileTest, WritesByteForByteAndNothingToAClosedFile) {
   const TemporaryDirectory directory;
   TextOutputFile file(directory.path("a.txt").c_str());
-  EXPECT_TRUE(file.writeNewlines(0));
-  EXPECT_THAT((std::array{file.writeNewline(), file.writeTab(), file.writeComment("x")}),
-              testing::Each(false));
+  EXPECT_TRUE(all(
+      {file.writeNewlines(0), !file.writeNewline(), !file.writeTab(), !file.writeComment("x")}));
   EXPECT_EQ(file.error, 0U);
   EXPECT_FALSE(file.writeBytes("a", 1));
   EXPECT_EQ(file.error, 11U);
-  EXPECT_THAT((std::array{file.open(), file.writeText("a\r\n"), file.writeBytes("b\0c", 3),
-                          file.writeNewlines(2), file.writeNewlines(-1), file.writeTabs(2),
-                          file.writeTabs(-1), file.writeLong(INT32_MIN), file.writeBool(1),
-                          file.writeBool(2), file.writeComment("x")}),
-              testing::Each(true));
-  EXPECT_FALSE(file.writeText(nullptr));
-  EXPECT_TRUE(file.close());
+  EXPECT_TRUE(
+      all({file.open(), file.writeText("a\r\n"), file.writeBytes("b\0c", 3), file.writeNewlines(2),
+           file.writeNewlines(-1), file.writeTabs(2), file.writeTabs(-1), file.writeLong(INT32_MIN),
+           file.writeBool(1), file.writeBool(2), file.writeComment("x"), !file.writeText(nullptr),
+           file.close()}));
   EXPECT_EQ(directory.read("a.txt"), std::string("a\r\nb\0c\n\n\t\t-214748364810; x", 26));
 }
 

@@ -1,9 +1,6 @@
 #include "samples/iff_file.h"
 
-#include <gmock/gmock.h>
-
-#include <array>
-
+#include "tests/support/all.h"
 #include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
@@ -58,13 +55,11 @@ TEST(IffFile, FindsTheFirstChunkWithAnId) {
   std::uint32_t size = 7;
   IffChunk* record = nullptr;
   const IffChunk* constRecord = nullptr;
-  EXPECT_THAT((std::array{file.hasChunk(kAiff), file.getChunkSize(kAiff, size),
-                          file.getChunkRecord(kAiff, record), size != 7}),
-              testing::Each(false));
-  ASSERT_THAT((std::array{file.hasChunk(kNext), file.getChunkSize(kNext, size),
-                          file.getChunkRecord(kNext, record),
-                          std::as_const(file).getChunkRecord(kNext, constRecord)}),
-              testing::Each(true));
+  EXPECT_TRUE(all({!file.hasChunk(kAiff), !file.getChunkSize(kAiff, size),
+                   !file.getChunkRecord(kAiff, record), size == 7}));
+  ASSERT_TRUE(
+      all({file.hasChunk(kNext), file.getChunkSize(kNext, size), file.getChunkRecord(kNext, record),
+           std::as_const(file).getChunkRecord(kNext, constRecord)}));
   EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
   EXPECT_EQ(constRecord, record);
   EXPECT_EQ(record, &file.chunkList()[1]);

@@ -1,10 +1,8 @@
 #include "samples/riff_file.h"
 
-#include <gmock/gmock.h>
-
-#include <array>
 #include <type_traits>
 
+#include "tests/support/all.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
@@ -21,25 +19,20 @@ TEST(RiffFile, StepsForwardThroughFormsListsAndChunks) {
   ChunkInfo wave;
   ChunkInfo info;
   char text[10] = "12345";
-  EXPECT_THAT((std::array{riff.close(), riff.descendRiff("WAVE", info), riff.ascend(info),
-                          riff.holdsChunk({}), riff.readBytes(nullptr, 0), riff.isOpen}),
-              testing::Each(false));
-  EXPECT_THAT((std::array{riff.open(), !riff.open(), riff.isOpen, riff.hasRiffForm("OTHR", info),
-                          riff.descendRiff("WAVE", wave), riff.descendList("INFO", info),
-                          riff.descendNext(info, wave), !riff.holdsChunk({0, 13}),
-                          riff.readChunk(info, text), riff.ascend(info),
-                          !riff.descendNext(wave, wave), riff.descendNamedChunk("none", wave)}),
-              testing::Each(true));
+  EXPECT_TRUE(all({!riff.close(), !riff.descendRiff("WAVE", info), !riff.ascend(info),
+                   !riff.holdsChunk({}), !riff.readBytes(nullptr, 0), !riff.isOpen}));
+  EXPECT_TRUE(all({riff.open(), !riff.open(), riff.isOpen, riff.hasRiffForm("OTHR", info),
+                   riff.descendRiff("WAVE", wave), riff.descendList("INFO", info),
+                   riff.descendNext(info, wave), !riff.holdsChunk({0, 13}),
+                   riff.readChunk(info, text), riff.ascend(info), !riff.descendNext(wave, wave),
+                   riff.descendNamedChunk("none", wave)}));
   EXPECT_STREQ(text, "abc45");
   RiffFile::fourCcToText(info.chunkId, text);
   EXPECT_STREQ(text, "ISFT");
-  EXPECT_TRUE(RiffFile::fourCcEquals("ISFT", info.chunkId));
-  EXPECT_FALSE(RiffFile::fourCcEquals("ISFt", info.chunkId));
-  EXPECT_FALSE(riff.readBytes(text, 1)) << "nothing is left";
-  EXPECT_FALSE(riff.descendChunkById(info.chunkId, info));
-  EXPECT_FALSE(riff.hasRiffForm("OTHR", info));
-  EXPECT_TRUE(riff.close());
-  EXPECT_FALSE(riff.isOpen);
+  EXPECT_TRUE(all(
+      {RiffFile::fourCcEquals("ISFT", info.chunkId), !RiffFile::fourCcEquals("ISFt", info.chunkId),
+       !riff.readBytes(text, 1) /* nothing is left */, !riff.descendChunkById(info.chunkId, info),
+       !riff.hasRiffForm("OTHR", info), riff.close(), !riff.isOpen}));
 }
 
 }  // namespace tavrel::test

@@ -94,11 +94,11 @@ TEST_F(DiskFileTest, SizesHave32Bits) {
 }
 
 TEST_F(DiskFileTest, WritesAtThePositionAndAppendsAtTheEnd) {
-  EXPECT_THAT((std::array{output_.open(), output_.write("\r\nabcd", 6), output_.seek(1),
-                          output_.write("AB", 2), output_.seek(6), output_.write("\n", 1),
-                          output_.getSize(size_) /* moves to the start */, output_.write("Z", 1),
-                          output_.close(), log_.open(), log_.getSize(size_), log_.write("+", 1),
-                          log_.close()}));
+  EXPECT_TRUE(
+      all({output_.open(), output_.write("\r\nabcd", 6), output_.seek(1), output_.write("AB", 2),
+           output_.seek(6), output_.write("\n", 1), output_.getSize(size_) /* moves to the start */,
+           output_.write("Z", 1), output_.close(), log_.open(), log_.getSize(size_),
+           log_.write("+", 1), log_.close()}));
   EXPECT_EQ(directory_.read("some.bin"), "ZABbcd\n+");
   EXPECT_EQ(size_, 7U);
 }

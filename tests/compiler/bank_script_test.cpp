@@ -20,12 +20,10 @@ void storeAsset(BankScript& script, std::uint32_t size) {
 TEST(BankScript, RecordsAreZeroBeforeTheyAreFilled) {
   const AssetData data;
   const AssetEntry entry;
-  const std::uint32_t numbers[] = {data.paddedSize, data.kind,    data.reserved,
-                                   entry.type,      entry.offset, entry.size};
-  EXPECT_THAT(numbers, testing::Each(0U));
-  EXPECT_EQ(data.id, 0);
+  const std::int64_t numbers[] = {data.paddedSize, data.kind,  data.reserved, data.id,
+                                  data.compressed, entry.type, entry.offset,  entry.size};
+  EXPECT_THAT(numbers, testing::Each(0));
   EXPECT_EQ(data.scriptOffset, 0U);
-  EXPECT_FALSE(data.compressed);
 }
 
 TEST(BankScript, RefusesABankOver4GiBBeforeItOpensTheFile) {
@@ -70,20 +68,6 @@ TEST(BankScript, IsLaidOutWithoutWriting) {
   EXPECT_EQ(script.entries.at(2)->offset, 4 + 3 * 44 + 5);
 }
 
-TEST(BankScript, KnowsTheBlockOfAnAssetAndWhetherItIsCompressed) {
-  const TemporaryDirectory directory;
-  const std::string name = directory.write("a.wav", wav().fmt(mono, 16, 8000).data("1234"));
-  const std::string start = "BankFileName x ";
-  const std::string block = "WaveFile " + name + " Adpcm 1 AssetEnd \t";
-  BankScript script(
-      directory.write("a.txt", start + block + "wavefile " + name + " AssetEnd ").c_str());
-  printedBy([&] { ASSERT_TRUE(script.parseScript()); });
-  EXPECT_EQ(script.assets.at(0)->scriptOffset, start.size());
-  EXPECT_TRUE(script.assets.at(0)->compressed);
-  EXPECT_EQ(script.assets.at(1)->scriptOffset, start.size() + block.size());
-  EXPECT_FALSE(script.assets.at(1)->compressed);
-}
-
 TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
   const TemporaryDirectory directory;
   const std::string samples = Bytes().le16(1000).le16(900).le16(0xFE0C).le16(0);
@@ -103,13 +87,17 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.tokens);
     for (const bool isWhole : {true, false}) {
-      std::string text = row.tokens + (isWhole ? " AssetEnd " : " ");
+      std::string text = "\tKeyword " + row.tokens + (isWhole ? " AssetEnd " : " ");
       TokenFile source;
       source.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
+      EXPECT_TRUE(source.readToken());
       printedBy([&] { EXPECT_EQ((script.*row.parse)(source), isWhole); });
     }
-    const std::uint8_t* bytes = script.assets.back()->payload.get();
+    const AssetData& asset = *script.assets.back();
+    const std::uint8_t* bytes = asset.payload.get();
     EXPECT_EQ(std::string(bytes, bytes + script.entries.back()->size), row.payload);
+    EXPECT_EQ(asset.scriptOffset, 1U) << "of the keyword";
+    EXPECT_EQ(asset.compressed, &row == rows);
   }
 }
 
@@ -127,6 +115,39 @@ TEST(BankScript, HoldsTheSizeOfABlobNear4GiB) {
     ASSERT_TRUE(block.store());
     EXPECT_EQ(script.entries.back()->size, 0xFFFFFFFF);
     EXPECT_EQ(script.assets.back()->paddedSize, 0xFFFFFFFF);
+  }
+}
+
+TEST(BankScript, ReadsPreferencesUpToPrefsEnd) {
+  const TemporaryDirectory directory;
+  const std::string name = directory.path("tool.rsp");
+  const std::string illegal = "Error: Illegal token in pref file tavrel.rsp\nToken: ";
+  const struct {
+    std::string text;
+    bool isRead;
+    std::string paths, problems;  // the paths of bank, script and header
+  } rows[] = {
+      {"", false, ",,,", "File System Error: File \"" + name + "\" Not Found\n"},
+      {"bankoutputpath b/ SCRIPTPATH s/\nHeaderPath h/ ;x\nPREFSEND Foo ", true, "b/,s/,h/,", ""},
+      {"ScriptPath one ScriptPath PrefsEnd PrefsEnd ", true, ",PrefsEnd,,", ""},
+      {"x\nBankOutputPath b/\nPrefsEnd\n", true, "b/,,,", illegal + "x Line Number: 1\n"},
+      {"HeaderPath h/ ", false, ",,h/,", ""},
+      {"HeaderPath h/ BankOutputPath PrefsEnd", false, ",,h/,", ""}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    BankScript script("a.txt");
+    script.preferencesFileName.setName(name.c_str());
+    script.preferencesFileName.setPath("nowhere/");  // only the name counts
+    if (!row.text.empty()) {
+      directory.write("tool.rsp", row.text);
+    }
+    const Printed printed = printedBy([&] { EXPECT_EQ(script.readPreferences(), row.isRead); });
+    EXPECT_EQ(printed.errors, row.problems);
+    std::string paths;
+    for (const FileName* file : {&script.bankFileName, &script.fileName, &script.headerFileName}) {
+      paths += std::string(textOrEmpty(file->path)) + ',';
+    }
+    EXPECT_EQ(paths, row.paths);
   }
 }
 

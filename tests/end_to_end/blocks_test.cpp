@@ -104,7 +104,8 @@ TEST(OpaqueBlock, StoresTheWholeFileOrFails) {
       {kUserAsset, "empty", "", {{0}}, ""},
       {kUserAsset, "empty", "Parameter0 1", kFails},  // cut off by the end of the script
   };
-  expectRun({.blocks = blocks});
+  // A tilde becomes an underscore in the name of an asset, not in the prefix.
+  expectRun({.arguments = "a.txt HeaderPrefix s~fx", .blocks = blocks, .prefix = "S~FX"});
 }
 
 }  // namespace tavrel::test

@@ -28,7 +28,7 @@ TEST(SequenceSummary, CountsEventsSecondsAndVoices) {
     std::uint32_t events, polyphony;
     double seconds;
   } rows[] = {
-      {"120 bpm", 48, minute, 1, 0, 60},
+      {"a tick per beat of 120 bpm", 1, minute, 1, 0, 2880},
       {"first tempo late", 96, events().tempo(96, 250000).endOfTrack(96), 2, 0, 0.75},
       {"two tempos", 96, events().tempo(0, 1000000).tempo(96, 0xFFFFFF).endOfTrack(192), 3, 0,
        1 + 2 * 16.777215},

@@ -54,29 +54,4 @@ TEST_F(Mmio, ReadsOfAllLengthsFollowEachOther) {
   }
 }
 
-TEST_F(Mmio, DescendsIntoTheNextChunkThatIsWhole) {
-  open(Bytes().text("LIST").le32(3).text("WAV|LIST").le32(4).text("WAVELIST").le32(4).text("WAV"));
-  const ChunkInfo start;
-  const struct {
-    const char* name;
-    std::uint32_t id, flags, parentSize, foundAt;  // 0: not found
-  } rows[] = {
-      {"the first form that its chunk has room for", 0, kMmioFindList, 40, 20},
-      {"parent ends with the form type", 0, kMmioFindList, 24, 20},
-      {"parent ends in the form type", 0, kMmioFindList, 23, 0},
-      {"LIST is no RIFF form", 0, kMmioFindRiff, 40, 0},
-      {"chunk at the start", 0x5453494C, kMmioFindChunk, 8, 8},  // "LIST"
-      {"parent ends in the header", 0x5453494C, kMmioFindChunk, 7, 0},
-      {"another id", 0x5453494D, kMmioFindChunk, 40, 0},
-  };
-  for (const auto& [name, id, flags, parentSize, foundAt] : rows) {
-    SCOPED_TRACE(name);
-    const ChunkInfo parent{0, parentSize, 0, 0, 0};
-    ChunkInfo info{id, 7, 0x45564157, 0, 7};  // "WAVE"
-    mmioAscend(file_, &start, 0);
-    EXPECT_EQ(mmioDescend(file_, &info, &parent, flags) == 0, foundAt != 0);
-    EXPECT_EQ(info.dataOffset, foundAt);
-  }
-}
-
 }  // namespace tavrel::test

@@ -7,6 +7,7 @@
 #include "compiler/run_driver.h"
 #include "platform/local_time.h"
 #include "tests/robustness/failing_calls.h"
+#include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -33,20 +34,19 @@ class FailingCall : public testing::Test {
     std::filesystem::remove_all("its");
     std::filesystem::create_directory("its");
     directory_.write("its/demo.txt", script);
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    machine = {fault, call};
-    const int exitCode = runTavrel(std::size(arguments) - 1, arguments);
-    machine.fault = Fault::none;
-    EXPECT_EQ(machine.blocks, 0) << "leaked";
-    const std::string output = testing::internal::GetCapturedStdout();
-    const std::string errors = testing::internal::GetCapturedStderr();
+    int exitCode = 0;
+    const Printed printed = printedBy([&] {
+      machine = {fault, call};
+      exitCode = runTavrel(std::size(arguments) - 1, arguments);
+      machine.fault = Fault::none;
+      EXPECT_EQ(machine.blocks, 0) << "leaked";
+    });
     if (exitCode == 0) {
       return directory_.read("its/demo.tvb") + directory_.read("its/demo.h");
     }
     EXPECT_EQ(exitCode, 1);
-    EXPECT_THAT(output, testing::Not(testing::HasSubstr("Done!")));
-    EXPECT_THAT(errors,
+    EXPECT_THAT(printed.output, testing::Not(testing::HasSubstr("Done!")));
+    EXPECT_THAT(printed.errors,
                 testing::ContainsRegex("Failed to (parse script|write (bank|header))...\n$"));
     return "";
   }

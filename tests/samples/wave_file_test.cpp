@@ -59,6 +59,7 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
       {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 stereo PCM 3 abc"},
       {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 stereo PCM 3 abc"},
       {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 3 abc"},
+      {"form of its type only", wav().claimFormSize(4), failed, noFormat},
       {"no format", wav().data("abc"), failed, noFormat},
       {"format after the samples", wav().data("abc").chunk("fmt ", format), failed, noData},
       {"format ends after the file", cutTo(40).substr(0, 12 + 8 + 17), failed, formatCut},

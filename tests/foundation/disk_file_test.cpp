@@ -83,6 +83,17 @@ TEST_F(DiskFileTest, OpensNoDirectoriesAndNothingWithoutAName) {
   }
 }
 
+TEST_F(DiskFileTest, DevicesOpenButHaveNoSizeAndCannotBeRead) {
+  if (std::filesystem::path::preferred_separator != '/') {
+    GTEST_SKIP() << "this host has no such devices";
+  }
+  DiskFile zero(modeRead, "/dev/zero", "");
+  DiskFile null(modeWrite, "/dev/null", "");
+  EXPECT_TRUE(all({zero.open(), zero.close(), zero.open(), null.open(),
+                   !zero.read(bytes_.data(), 1), !zero.getSize(size_), !null.getSize(size_)}));
+  EXPECT_EQ(null.error, 1U);
+}
+
 TEST_F(DiskFileTest, SizesHave32Bits) {
   EXPECT_TRUE(input_.open());
   for (const std::uint64_t size : {0x0ULL, 0xFFFFFFFFULL, 0x100000000ULL}) {

@@ -1,60 +1,29 @@
 // Scripts that `tavkit new` writes: each block and comment, links, scripts that are there already,
 // and whether what is listed passes `tavkit check` and is packed whole.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "compiler/run_driver.h"
 #include "kit/check/check_script.h"
-#include "kit/frame/captured_console.h"
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/packed_script.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
 
-namespace fs = std::filesystem;
 using test::mono;
 using testing::HasSubstr;
 using testing::Not;
+
+class NewTest : public CommandTest {};
 
 std::string wavOf(std::size_t samples) {
   return test::wav().fmt(mono, 16, 22050).data(std::string(2 * samples, 'x'));
 }
 
-/// A new folder, which is the current one.
-class NewTest : public testing::Test {
- protected:
-  NewTest() { fs::current_path(folder_.path()); }
-  ~NewTest() override { fs::current_path(fs::temp_directory_path()); }
-
-  void write(const std::string& name, const std::string& content) {
-    if (fs::path(name).has_parent_path()) {
-      fs::create_directories(fs::path(name).parent_path());
-    }
-    folder_.write(name, content);
-  }
-
-  int run(const std::vector<std::string>& arguments) {
-    output_ = {};
-    const int code = runCommandLine(arguments, output_);
-    fs::current_path(folder_.path());
-    EXPECT_EQ(output_.results, "");
-    return code;
-  }
-
-  test::TemporaryDirectory folder_;
-  Output output_;
-};
-
 TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
   const std::string ab = test::Bytes().be16(1).be16(2);
-  const test::Loop loop{1, 1, 2};
   write("in/b.dat", "opaque");
   write("in/a.dat", wavOf(2));
-  write("in/sub/loop.aif",
-        test::aiff().comm(mono, 2, 16).mark({{1, 0}, {2, 2}}).inst(loop).ssnd(ab));
-  write("in/sub/plain.aif", test::aiff().comm(mono, 2, 16).ssnd(ab));
+  const test::AiffBuilder aif = test::aiff().comm(mono, 2, 16);
+  write("in/sub/loop.aif", test::AiffBuilder(aif).mark({{1, 0}, {2, 2}}).inst({1, 1, 2}).ssnd(ab));
+  write("in/sub/plain.aif", test::AiffBuilder(aif).ssnd(ab));
   write("in/sub/smpl.wav", test::WavBuilder(test::wav().fmt(mono, 16, 4294967295).data(ab))
                                .chunk("smpl", test::Bytes().fill(28).le32(1).fill(28)));
   write("in/byte.wav", test::wav().fmt(mono, 8, 11025).data("012"));
@@ -62,7 +31,7 @@ TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
   write("in/Theme", test::midi().track(test::events().tempo(0, 9).endOfTrack(1)));
   fs::create_directory("to");
   EXPECT_EQ(run({"new", "in", "in/b.dat", "-o", "to/game.txt", "--adpcm"}), 0);
-  EXPECT_EQ(output_.messages, "");
+  EXPECT_EQ(output_.messages + output_.results, "");
   EXPECT_EQ(folder_.read("to/game.txt"),
             "BankFileName game.tvb\n\n"
             "MidiFileType0 ..\\in\\Theme\nAssetEnd\n\n"
@@ -167,11 +136,9 @@ TEST_F(NewTest, ListsWhatPassesCheckAndIsPackedWhole) {
     }
     const test::Wanted wanted = test::wantedBy(script);
     EXPECT_GT(wanted.files.size(), 25);
-    const CapturedConsole silence;
-    const char* const arguments[] = {"tavrel", "s.txt", nullptr};
-    EXPECT_EQ(runTavrel(2, arguments), 0);
+    EXPECT_TRUE(runTool({"s.txt"}));
     EXPECT_EQ(test::lossOfAssets(folder_.read("s.tvb"), wanted.files, files), "");
-    EXPECT_EQ(runCommandLine({"verify", "s.tvb"}, output_), 0) << output_.results;
+    EXPECT_EQ(run({"verify", "s.tvb"}), 0) << output_.results;
     for (const char* made : {"s.txt", "s.tvb", "s.h"}) {
       EXPECT_THAT(script, Not(HasSubstr(std::string("Asset ") + made + '\n'))) << made;
     }
@@ -180,78 +147,68 @@ TEST_F(NewTest, ListsWhatPassesCheckAndIsPackedWhole) {
 }
 
 TEST_F(NewTest, AddsToAScript) {
-  struct Row {
-    const char *name, *script, *result;
+  const std::string bank = "BankFileName s.tvb ";
+  const std::string added = "UserAsset b.dat\nAssetEnd\n";
+  const std::string a = "UserAsset a.dat AssetEnd";
+  const std::string old = "\nUserAsset sub\\b.dat AssetEnd\n; Not listed: b.dat: old\n";
+  const struct {
+    const char* name;
+    std::string before, added, after = "";
     int code = 0;
+  } rows[] = {
+      {"other spelling, ScriptEnd in a comment",
+       bank + "; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n", added + '\n',
+       "  scriptend\nrest\n"},
+      {"no ScriptEnd, no line end", bank + "UserAsset sub\\..\\a.dat AssetEnd", "\n\n" + added},
+      {"CRLF", bank + "\r\n" + a + "\r\n", "\r\nUserAsset b.dat\r\nAssetEnd\r\n\r\n",
+       "ScriptEnd\r\n"},
+      {"one line", bank + a + ' ', "\n\n" + added + '\n', "ScriptEnd"},
+      {"nothing new", bank + a + " UserAsset b.dat AssetEnd\n", ""},
+      {"the define of a missing file", bank + "UserAsset no\\b.dat AssetEnd " + a + '\n',
+       "\n; Not listed: b.dat: its define, S_B_DAT, is that of no\\b.dat already\n"
+       ";   mv -n b.dat b_2.dat\n",
+       "", 1},
+      {"a define that is taken", bank + old + a + '\n', "", "", 1},
   };
-  write("a.dat", "a");
-  write("b.dat", "b");
-  for (const Row& row : std::vector<Row>{
-           {"other spelling, ScriptEnd in a comment",
-            "BankFileName s.tvb ; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n  scriptend\nrest\n",
-            "BankFileName s.tvb ; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n"
-            "UserAsset b.dat\nAssetEnd\n\n  scriptend\nrest\n"},
-           {"no ScriptEnd, no line end", "BankFileName s.tvb UserAsset sub\\..\\a.dat AssetEnd",
-            "BankFileName s.tvb UserAsset sub\\..\\a.dat AssetEnd\n\nUserAsset b.dat\nAssetEnd\n"},
-           {"CRLF", "BankFileName s.tvb\r\nUserAsset a.dat AssetEnd\r\nScriptEnd\r\n",
-            "BankFileName s.tvb\r\nUserAsset a.dat AssetEnd\r\n\r\nUserAsset b.dat\r\nAssetEnd\r\n"
-            "\r\nScriptEnd\r\n"},
-           {"one line", "BankFileName s.tvb UserAsset a.dat AssetEnd ScriptEnd",
-            "BankFileName s.tvb UserAsset a.dat AssetEnd \n\nUserAsset b.dat\nAssetEnd\n\n"
-            "ScriptEnd\n"},
-           {"nothing new", "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n",
-            "BankFileName s.tvb UserAsset a.dat AssetEnd UserAsset b.dat AssetEnd\n"},
-           {"the define of a missing file",
-            "BankFileName s.tvb\nUserAsset no\\b.dat AssetEnd UserAsset a.dat AssetEnd\n",
-            "BankFileName s.tvb\nUserAsset no\\b.dat AssetEnd UserAsset a.dat AssetEnd\n\n"
-            "; Not listed: b.dat: its define, S_B_DAT, is that of no\\b.dat already\n"
-            ";   mv -n b.dat b_2.dat\n",
-            1},
-           {"a define that is taken",
-            "BankFileName s.tvb\nUserAsset sub\\b.dat AssetEnd\n"
-            "; Not listed: b.dat: old\nUserAsset a.dat AssetEnd\n",
-            "BankFileName s.tvb\nUserAsset sub\\b.dat AssetEnd\n"
-            "; Not listed: b.dat: old\nUserAsset a.dat AssetEnd\n",
-            1}}) {
+  for (const char* name : {"a.dat", "b.dat", "sub/b.dat"}) {
+    write(name, name);
+  }
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    write("sub/b.dat", "sub");
-    write("s.txt", row.script);
+    write("s.txt", row.before + row.after);
     EXPECT_EQ(run({"new", "a.dat", "b.dat", "-o", "s.txt", "--add"}), row.code) << output_.messages;
-    EXPECT_EQ(folder_.read("s.txt"), row.result);
+    EXPECT_EQ(folder_.read("s.txt"), row.before + row.added + row.after);
   }
 }
 
 TEST_F(NewTest, RefusesWhatItCannotWrite) {
-  struct Row {
-    std::vector<std::string> options;
-    const char* message;
-  };
   write("a.dat", "a");
   write("old.txt", "old");
   write("open.txt", "BankFileName s.tvb\nUserAsset a.dat\n");
-  for (const Row& row : std::vector<Row>{
-           {{}, "no script to write"},
-           {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},
-           {{"-o", "no/s.txt"}, "can't write no/s.txt"},
-           {{"-o", "s.txt", "none.dat"}, "none.dat: there is no such file"},
-           {{"-o", "1.txt"}, "all defines begin with 1_"},
-           {{"-o", "a-b.txt"}, "Name the bank a_b.tvb"},
-           {{"-o", ".txt"}, "a bank can't be called "},
-           {{"-o", "s.txt", "--bank", "a b"}, "a bank can't be called a b"},
-           {{"-o", "s.txt", "--bank", "x/y"}, "goes into the header"},
-           {{"-o", "s.txt", "--bank", std::string(77, 'n')}, "more than 79 characters"},
-           {{"-o", "s.h"}, "the header and the script are one file"},
-           {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
-           {{"-o", "s.txt", "--add"}, "there is no such file"},
-           {{"-o", "old.txt", "--add"}, "line 1, column 1: old is"},
-           {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
-           {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}}) {
+  const struct {
+    Lines options;
+    const char* message;
+  } rows[] = {{{}, "no script to write"},
+              {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},
+              {{"-o", "no/s.txt"}, "can't write no/s.txt"},
+              {{"-o", "s.txt", "none.dat"}, "none.dat: there is no such file"},
+              {{"-o", "1.txt"}, "all defines begin with 1_"},
+              {{"-o", "a-b.txt"}, "Name the bank a_b.tvb"},
+              {{"-o", ".txt"}, "a bank can't be called "},
+              {{"-o", "s.txt", "--bank", "a b"}, "a bank can't be called a b"},
+              {{"-o", "s.txt", "--bank", "x/y"}, "goes into the header"},
+              {{"-o", "s.txt", "--bank", std::string(77, 'n')}, "more than 79 characters"},
+              {{"-o", "s.h"}, "the header and the script are one file"},
+              {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
+              {{"-o", "s.txt", "--add"}, "there is no such file"},
+              {{"-o", "old.txt", "--add"}, "line 1, column 1: old is"},
+              {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
+              {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.message);
-    std::vector<std::string> arguments{"new", "a.dat"};
-    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
-    EXPECT_EQ(run(arguments), 2);
+    EXPECT_EQ(run({"new", "a.dat"}, row.options), 2);
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
-    EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 3);
+    EXPECT_EQ(filesIn(".").size(), 3);
   }
   EXPECT_EQ(folder_.read("old.txt"), "old");
 }

@@ -1,22 +1,16 @@
 // Extracted files byte for byte, what stops an extraction, and hostile defines.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <array>
 #include <regex>
-#include <set>
 
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/sound_builder.h"
-#include "tests/support/temporary_directory.h"
 
 extern "C" void decodeAdpcm(const std::uint8_t* stream, std::size_t size, std::int16_t* samples);
 
 namespace tavrel::kit {
 namespace {
 
-namespace fs = std::filesystem;
 using test::BankAsset;
 using test::Bytes;
 using test::mono;
@@ -43,37 +37,21 @@ std::string printedDecoder(std::string_view codes) {
   return bytes;
 }
 
-/// A folder with a bank, perhaps its header, and an output folder that isn't there yet.
-class ExtractTest : public testing::Test {
+class ExtractTest : public CommandTest {
  protected:
   /// Writes a bank, and a header unless there are no names.
-  void pack(const std::vector<BankAsset>& assets, const std::vector<std::string>& names = {}) {
-    folder_.write("sfx.tvb", test::bankOf(assets));
+  void pack(const std::vector<BankAsset>& assets, const Lines& names = {}) const {
+    write("sfx.tvb", test::bankOf(assets));
     if (!names.empty()) {
-      folder_.write("sfx.h", test::headerOf(names));
+      write("sfx.h", test::headerOf(names));
     }
   }
 
-  int extract(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {"extract", folder_.path("sfx.tvb")});
-    arguments.insert(arguments.end(), {"-o", folder_.path("out")});
-    output_ = {};
-    return runCommandLine(arguments, output_);
+  /// Extracts to a folder that is removed before.
+  int extract(const Lines& arguments) {
+    fs::remove_all("out");
+    return run({"extract", "sfx.tvb", "-o", "out"}, arguments);
   }
-
-  /// Returns the names in a folder of the test.
-  [[nodiscard]] std::set<std::string> filesIn(const char* folder) const {
-    std::set<std::string> names;
-    if (fs::exists(folder_.path(folder))) {
-      for (const auto& entry : fs::directory_iterator(folder_.path(folder))) {
-        names.insert(entry.path().filename().string());
-      }
-    }
-    return names;
-  }
-
-  test::TemporaryDirectory folder_;
-  Output output_;
 };
 
 TEST_F(ExtractTest, WritesWavesAsWavFiles) {
@@ -122,7 +100,6 @@ TEST_F(ExtractTest, WritesWavesAsWavFiles) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(testing::PrintToString(row.parameters));
-    fs::remove_all(folder_.path("out"));
     pack({{wave, row.blob, row.parameters}});
     EXPECT_EQ(extract({"--channels", row.channels}), 0);
     EXPECT_THAT(output_.messages, HasSubstr(row.note));
@@ -150,120 +127,88 @@ TEST_F(ExtractTest, WritesOtherAssetsAsTheyAre) {
 }
 
 TEST_F(ExtractTest, WritesOnlyTheAssetsThatAreNamed) {
-  struct Row {
-    std::vector<std::string> words;
+  pack({{userAsset, "1"}, {userAsset, "2"}, {sequence, "3"}, {userAsset, "4"}},
+       {"A_DAT", "A_DAT", "THEME_MID", "SFX_THEME_DAT"});
+  const struct {
+    Lines words;
     std::set<std::string> files;
+  } rows[] = {
+      {{}, {"a_0.dat", "a_1.dat", "theme.mid", "sfx_theme.dat"}},
+      {{"0"}, {"a_0.dat"}},
+      {{"0002", "2"}, {"theme.mid"}},
+      {{"a_dat"}, {"a_0.dat", "a_1.dat"}},
+      {{"sfx_Theme_mid"}, {"theme.mid"}},
+      // The define itself comes first, then what it is without a prefix.
+      {{"SFX_THEME_DAT"}, {"sfx_theme.dat"}},
   };
-  const std::set<std::string> all{"a_0.dat", "a_1.dat", "theme.mid", "sfx_theme.dat"};
-  for (const Row& row :
-       {Row{{}, all}, Row{{"0"}, {"a_0.dat"}}, Row{{"0002", "2"}, {"theme.mid"}},
-        Row{{"a_dat"}, {"a_0.dat", "a_1.dat"}}, Row{{"sfx_Theme_mid"}, {"theme.mid"}},
-        // The define itself comes first, then what it is without a prefix.
-        Row{{"SFX_THEME_DAT"}, {"sfx_theme.dat"}}}) {
-    fs::remove_all(folder_.path("out"));
-    pack({{userAsset, "1"}, {userAsset, "2"}, {sequence, "3"}, {userAsset, "4"}},
-         {"A_DAT", "A_DAT", "THEME_MID", "SFX_THEME_DAT"});
+  for (const auto& row : rows) {
     EXPECT_EQ(extract(row.words), 0) << output_.messages;
     EXPECT_EQ(filesIn("out"), row.files);
   }
-}
-
-TEST_F(ExtractTest, LeavesOutThePrefixOfABankWithoutAName) {
-  pack({{userAsset, "1"}});
-  folder_.write("sfx.h", std::regex_replace(test::headerOf({"A_DAT"}), std::regex("SFX_"), "_"));
-  EXPECT_EQ(extract({"a_dat"}), 0) << output_.messages;
+  write("sfx.h", std::regex_replace(test::headerOf({"A_DAT"}), std::regex("SFX_"), "_"));
+  EXPECT_EQ(extract({"a_dat"}), 0) << "the header of a bank without a name";
   EXPECT_THAT(filesIn("out"), ElementsAre("a.dat"));
 }
 
 TEST_F(ExtractTest, WritesNothingIfAnythingIsInTheWay) {
-  struct Row {
-    const char* name;
-    std::vector<std::string> arguments;
+  const struct {
+    Lines arguments;
     const char* message;
-  };
+  } rows[] = {{{"0", "2"}, "has no asset 2"},
+              {{"a_dat", "b_dax"}, "no asset b_dax; did you mean B_DAT?"},
+              {{"--channels", "0"}, "from 1 to 1024, not 0"},
+              {{"--channels", "1025"}, "from 1 to 1024, not 1025"},
+              {{"--channels", "2x"}, "from 1 to 1024, not 2x"},
+              {{"-o", "no/out"}, "can't make the folder"},
+              {{"-o", "sfx.h"}, "can't make the folder"},
+              {{"-o", "old"}, "b.dat exists already; --force replaces it"},
+              {{"-o", "folder", "--force"}, "isn't a file"}};
   pack({{userAsset, "1"}, {userAsset, "2"}}, {"A_DAT", "B_DAT"});
-  for (const Row& row : {Row{"an id", {"0", "2"}, "has no asset 2"},
-                         Row{"a define", {"a_dat", "b_dax"}, "no asset b_dax; did you mean B_DAT?"},
-                         Row{"no channels", {"--channels", "0"}, "from 1 to 1024, not 0"},
-                         Row{"too many", {"--channels", "1025"}, "from 1 to 1024, not 1025"},
-                         Row{"no number", {"--channels", "2x"}, "from 1 to 1024, not 2x"},
-                         Row{"no parent", {"-o", folder_.path("no/out")}, "can't make the folder"},
-                         Row{"a file", {"-o", folder_.path("sfx.h")}, "can't make the folder"}}) {
-    SCOPED_TRACE(row.name);
-    std::vector<std::string> arguments = row.arguments;
-    arguments.insert(arguments.begin(), {"extract", folder_.path("sfx.tvb")});
-    if (arguments[2] != "-o") {
-      arguments.insert(arguments.end(), {"-o", folder_.path("out")});
-    }
-    Output output;
-    EXPECT_EQ(runCommandLine(arguments, output), 2);
-    EXPECT_THAT(output.messages, HasSubstr(row.message));
-    EXPECT_EQ(output.results, "");
-    EXPECT_THAT(filesIn("."), ElementsAre("sfx.h", "sfx.tvb"));
+  write("old/b.dat", "old");
+  fs::create_directories("folder/b.dat");
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.message);
+    EXPECT_EQ(run({"extract", "sfx.tvb"}, row.arguments), 2);
+    EXPECT_THAT(output_.messages, HasSubstr(row.message));
+    EXPECT_THAT(filesIn("."), ElementsAre("folder", "old", "sfx.h", "sfx.tvb"));
+    EXPECT_EQ(filesIn("old").size() + filesIn("folder").size(), 2);
   }
-}
-
-TEST_F(ExtractTest, ReplacesExistingFilesOnlyWhenForced) {
-  pack({{userAsset, "new a"}, {userAsset, "new b"}}, {"A_DAT", "B_DAT"});
-  fs::create_directory(folder_.path("out"));
-  folder_.write("out/b.dat", "old b");
-  EXPECT_EQ(extract({}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("b.dat exists already; --force replaces it"));
-  EXPECT_THAT(filesIn("out"), ElementsAre("b.dat"));
-  EXPECT_EQ(folder_.read("out/b.dat"), "old b");
-  EXPECT_EQ(extract({"--force"}), 0);
-  EXPECT_EQ(folder_.read("out/a.dat"), "new a");
-  EXPECT_EQ(folder_.read("out/b.dat"), "new b");
-  fs::remove(folder_.path("out/b.dat"));
-  fs::create_directory(folder_.path("out/b.dat"));
-  EXPECT_EQ(extract({"--force"}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("isn't a file"));
-}
-
-TEST_F(ExtractTest, NeverReplacesTheBankOrItsHeader) {
+  EXPECT_EQ(folder_.read("old/b.dat"), "old");
+  EXPECT_EQ(run({"extract", "sfx.tvb", "-o", "old", "--force"}), 0);
+  EXPECT_EQ(folder_.read("old/a.dat") + folder_.read("old/b.dat"), "12");
   for (const char* name : {"SFX_TVB", "SFX_H"}) {
     pack({{userAsset, "first"}, {userAsset, "bad"}}, {"A_DAT", name});
-    Output output;
-    EXPECT_EQ(runCommandLine({"extract", folder_.path("sfx.tvb"), "--force", "-o", folder_.path()},
-                             output),
-              2);
-    EXPECT_THAT(output.messages, HasSubstr("it is the bank or its header"));
-    EXPECT_THAT(filesIn("."), ElementsAre("sfx.h", "sfx.tvb"));
+    EXPECT_EQ(run({"extract", "sfx.tvb", "--force"}), 2);
+    EXPECT_THAT(output_.messages, HasSubstr("it is the bank or its header"));
+    EXPECT_THAT(filesIn("."), ElementsAre("folder", "old", "sfx.h", "sfx.tvb"));
   }
 }
 
 #ifndef _WIN32
 TEST_F(ExtractTest, ReplacesLinksThemselves) {
   pack({{userAsset, "new"}}, {"A_DAT"});
-  fs::create_directory(folder_.path("out"));
   for (const char* target : {"target", "missing"}) {
-    folder_.write("target", "old");
-    fs::remove(folder_.path("out/a.dat"));
-    fs::create_symlink(folder_.path(target), folder_.path("out/a.dat"));
-    EXPECT_EQ(extract({}), 2);
-    EXPECT_TRUE(fs::is_symlink(folder_.path("out/a.dat")));
-    EXPECT_EQ(extract({"--force"}), 0);
-    EXPECT_FALSE(fs::is_symlink(folder_.path("out/a.dat")));
-    EXPECT_EQ(folder_.read("out/a.dat"), "new");
+    write("target", "old");
+    fs::remove("a.dat");
+    fs::create_symlink(target, "a.dat");
+    EXPECT_EQ(run({"extract", "sfx.tvb"}), 2);
+    EXPECT_TRUE(fs::is_symlink("a.dat"));
+    EXPECT_EQ(run({"extract", "sfx.tvb", "--force"}), 0);
+    EXPECT_FALSE(fs::is_symlink("a.dat"));
+    EXPECT_EQ(folder_.read("a.dat"), "new");
     EXPECT_EQ(folder_.read("target"), "old");
   }
 }
 #endif
 
 TEST_F(ExtractTest, HostileDefinesStayInTheFolder) {
-  const std::vector<std::string> names = {
-      "../../x_DAT", "/tmp/x_DAT",   "\\\\host\\x_DAT",
-      "C:x_DAT",     "CON_DAT",      "x\x07_DAT",
-      "x._DAT",      "\xC3\x28_DAT", std::string(300, 'A') + "_DAT",
-      "A_../../x",   ".._",          "..",
-      "_",           "%s%n_DAT"};
+  const Lines names{"../../x_DAT", "/tmp/x_DAT", "x\x07_DAT", std::string(300, 'A') + "_DAT",
+                    "A_../../x",   "..",         "_",         "%s%n_DAT"};
   pack(std::vector<BankAsset>(names.size(), {userAsset, "x"}), names);
   EXPECT_EQ(extract({}), 0);
   EXPECT_THAT(filesIn("."), ElementsAre("out", "sfx.h", "sfx.tvb"));
-  EXPECT_THAT(filesIn("out"),
-              ElementsAre("%s%n.dat", "0000.dat", "0001.dat", "0002.dat", "0003.dat", "0004.dat",
-                          "0005.dat", "0006.dat", "0007.dat", "0008.dat", "0009.bin", "0010.bin",
-                          "0011.bin", "0012.bin"));
+  EXPECT_THAT(filesIn("out"), ElementsAre("%s%n.dat", "0000.dat", "0001.dat", "0002.dat",
+                                          "0003.dat", "0004.bin", "0005.bin", "0006.bin"));
 }
 
 }  // namespace

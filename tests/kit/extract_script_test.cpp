@@ -1,23 +1,15 @@
 // Banks that are extracted with a script, and packed from it again by the tool.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <regex>
 
-#include "compiler/run_driver.h"
-#include "kit/frame/captured_console.h"
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/packed_script.h"
 #include "tests/support/script_generator.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
 
-namespace fs = std::filesystem;
 using test::BankAsset;
-using test::Bytes;
 using testing::HasSubstr;
 
 /// What a bank and its header have of an asset: the blob, the record without its offset, the
@@ -30,8 +22,8 @@ std::vector<std::string> contents(const std::string& bytes, const std::string& h
     tavrel_asset asset;
     tavrel_bank_asset(&bank, id, &asset);
     std::smatch define;
-    std::regex_search(header, define,
-                      std::regex("#define\t\t(.*)\t\t\t" + std::to_string(id) + "\n"));
+    const std::regex line("#define\t\t(.*)\t\t\t" + std::to_string(id) + "\n");
+    std::regex_search(header, define, line);
     assets.push_back(define[1].str() + bytes.substr(4 + 44 * id, 4) +
                      bytes.substr(4 + 44 * id + 8, 36) +
                      std::string(asset.bytes, asset.bytes + asset.size));
@@ -39,34 +31,20 @@ std::vector<std::string> contents(const std::string& bytes, const std::string& h
   return assets;
 }
 
-class ExtractScriptTest : public testing::Test {
+class ExtractScriptTest : public CommandTest {
  protected:
-  ExtractScriptTest() { fs::current_path(folder_.path()); }
-  ~ExtractScriptTest() override { fs::current_path(fs::temp_directory_path()); }
-
-  int extract(const std::vector<std::string>& arguments) {
-    output_ = {};
-    std::vector<std::string> all{"extract"};
-    all.insert(all.end(), arguments.begin(), arguments.end());
-    return runCommandLine(all, output_);
-  }
-
   /// Makes an empty folder out, and a folder was with a bank and its header.
-  void pack(const std::vector<BankAsset>& assets, const std::vector<std::string>& defines) {
+  void pack(const std::vector<BankAsset>& assets, const Lines& defines) {
     for (const char* folder : {"was", "out", "files"}) {
       fs::remove_all(folder);
     }
-    fs::create_directory("was");
     fs::create_directory("out");
-    folder_.write("was/sfx.tvb", test::bankOf(assets));
-    folder_.write("was/sfx.h", test::headerOf(defines));
+    write("was/sfx.tvb", test::bankOf(assets));
+    write("was/sfx.h", test::headerOf(defines));
   }
 
-  static bool run(std::vector<const char*> arguments) {
-    const CapturedConsole silence;
-    arguments.insert(arguments.begin(), "tavrel");
-    arguments.push_back(nullptr);
-    return runTavrel(static_cast<int>(arguments.size() - 1), arguments.data()) == 0;
+  int extract(const std::string& files) {
+    return run({"extract", "was/sfx.tvb", "-o", files, "--script", "out/s.txt"});
   }
 
   /// Packs out/s.txt as its comment says.
@@ -76,8 +54,8 @@ class ExtractScriptTest : public testing::Test {
     fs::current_path(folder_.path("out"));
     const bool isPacked =
         std::regex_search(text, prefix, std::regex("\n;.* HeaderPrefix ('?)(.*)\\1\n"))
-            ? run({"s.txt", "HeaderPrefix", prefix[2].str().c_str()})
-            : run({"s.txt"});
+            ? runTool({"s.txt", "HeaderPrefix", prefix[2].str().c_str()})
+            : runTool({"s.txt"});
     fs::current_path(folder_.path());
     return isPacked;
   }
@@ -90,7 +68,7 @@ class ExtractScriptTest : public testing::Test {
   /// Extracts a bank and packs it again. Expects that nothing differs but what was named, and
   /// that what was named differs.
   void judge(const std::string& bank, const std::string& headerName) {
-    ASSERT_EQ(extract({"was/" + bank, "-o", "out/files", "--script", "out/s.txt"}), 0)
+    ASSERT_EQ(run({"extract", "was/" + bank, "-o", "out/files", "--script", "out/s.txt"}), 0)
         << output_.messages;
     SCOPED_TRACE(output_.messages + folder_.read("out/s.txt"));
     ASSERT_TRUE(packAgain());
@@ -113,8 +91,6 @@ class ExtractScriptTest : public testing::Test {
     }
   }
 
-  test::TemporaryDirectory folder_;
-  Output output_;
   int same_ = 0;
 };
 
@@ -136,7 +112,7 @@ TEST_F(ExtractScriptTest, WritesFilesAndStatementsForAllThatAScriptCanState) {
         {userAsset, "y", {0, -2147483647 - 1, 0, 0, 0, 0, 0, 7}}},
        {"BELL_AIF", "A_B_WAV", "LONG_WAVE", "E_D.WAV", "L_WAV", "PLAIN_", "S_MIDI", "M_MTB",
         "T_DOTS.", "F_EXTEN", "USER_"});
-  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/s.txt"}), 0);
+  ASSERT_EQ(extract("files"), 0);
   EXPECT_EQ(output_.messages, "tavkit: a_b.wav: a sample rate of -1 becomes 22050 Hz\n");
   EXPECT_EQ(folder_.read("out/s.txt"),
             "; Packs sfx.tvb from its extracted files. Run tavrel in the folder of this script:\n"
@@ -191,7 +167,7 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.note);
     pack({row.asset, {userAsset, "z"}}, {row.define, "Z_DAT"});
-    ASSERT_EQ(extract({"was/sfx.tvb", "-o", "out", "--script", "out/s.txt"}), 0);
+    ASSERT_EQ(extract("out"), 0);
     EXPECT_THAT(output_.messages, HasSubstr(row.note));
     EXPECT_THAT(output_.messages, Not(HasSubstr("asset 1")));
     ASSERT_TRUE(packAgain());
@@ -203,7 +179,7 @@ TEST_F(ExtractScriptTest, QuotesNamesInItsCommand) {
   pack({{userAsset, "x"}}, {"A_DAT"});
   folder_.write("was/sfx.h",
                 std::regex_replace(folder_.read("was/sfx.h"), std::regex("SFX_"), "A;$$(B)_"));
-  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/$s 1.txt"}), 0);
+  ASSERT_EQ(run({"extract", "was/sfx.tvb", "-o", "files", "--script", "out/$s 1.txt"}), 0);
   EXPECT_THAT(folder_.read("out/$s 1.txt"),
               HasSubstr("\n;   tavrel '$s 1.txt' HeaderPrefix 'A;$(B)'\n"));
 }
@@ -215,18 +191,18 @@ TEST_F(ExtractScriptTest, AssetsWithOneDefineShareAFileThatServesThem) {
         {wave, silence, {22050, 0, 16, 9}},
         {wave, "differs!", {22050, 0, 16}}},
        {"A_WAV", "A_WAV", "A_WAV", "A_WAV"});
-  ASSERT_EQ(extract({"was/sfx.tvb", "-o", "files", "--script", "out/s.txt"}), 0);
+  ASSERT_EQ(extract("files"), 0);
   EXPECT_EQ(output_.messages,
             "tavkit: SFX_A_WAV (asset 3) can't come out the same: its define becomes "
             "SFX_A_3_WAV\n");
-  EXPECT_EQ(std::distance(fs::directory_iterator("files"), {}), 2);
+  EXPECT_EQ(filesIn("files").size(), 2);
   ASSERT_TRUE(packAgain());
   EXPECT_TRUE(folder_.read("out/sfx.tvb") == folder_.read("was/sfx.tvb"));
 }
 
 TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
   const struct {
-    std::vector<std::string> arguments;
+    Lines arguments;
     const char* message;
   } rows[] = {
       {{"--raw", "--script", "out/s.txt"}, "--script doesn't go with --raw"},
@@ -241,24 +217,19 @@ TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
     SCOPED_TRACE(row.message);
     pack({{userAsset, "x"}}, {"A_DAT"});
     folder_.write("out/old.txt", "old");
-    std::vector<std::string> arguments{"was/sfx.tvb"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    EXPECT_EQ(extract(arguments), 2);
+    EXPECT_EQ(run({"extract", "was/sfx.tvb"}, row.arguments), 2);
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
-    EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 2);
-    EXPECT_EQ(std::distance(fs::directory_iterator("out"), {}), 1);
-    EXPECT_EQ(std::distance(fs::directory_iterator("was"), {}), 2);
+    EXPECT_EQ(filesIn(".").size() + filesIn("out").size() + filesIn("was").size(), 2 + 1 + 2);
   }
   fs::rename("was/sfx.tvb", "was/s fx.tvb");
-  EXPECT_EQ(extract({"was/s fx.tvb", "-o", "files", "--script", "out/s.txt"}), 2);
+  EXPECT_EQ(run({"extract", "was/s fx.tvb", "-o", "files", "--script", "out/s.txt"}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("no script can name a bank s fx.tvb"));
 }
 
 TEST_F(ExtractScriptTest, RandomBanksComeOutTheSame) {
-  fs::create_directory("sub");
   const test::SoundFiles files = test::soundFiles();
   for (const auto& [name, file] : files) {
-    folder_.write(name, file.bytes);
+    write(name, file.bytes);
   }
   const char* number = std::getenv("TAVREL_PROMISE_PROJECTS");
   const int count = number != nullptr ? std::atoi(number) : 100;
@@ -277,7 +248,8 @@ TEST_F(ExtractScriptTest, RandomBanksComeOutTheSame) {
     folder_.write("s.txt", script);
     const test::Wanted wanted = test::wantedBy(script);
     const bool isOdd = wanted.bank == wanted.header() || wanted.bank.find('/') != std::string::npos;
-    if (run({"s.txt", "HeaderPrefix", prefix.c_str(), "bankPath", "was/", "headerPath", "was/"}) &&
+    if (runTool(
+            {"s.txt", "HeaderPrefix", prefix.c_str(), "bankPath", "was/", "headerPath", "was/"}) &&
         !isOdd) {
       judge(wanted.bank, wanted.header());
     }

@@ -155,6 +155,7 @@ TEST_F(NewTest, AddsToAScript) {
     const char* name;
     std::string before, added, after = "";
     int code = 0;
+    std::string lineEnd = "";  ///< that is added at the end
   } rows[] = {
       {"other spelling, ScriptEnd in a comment",
        bank + "; ScriptEnd\n\nUserAsset ./a.dat\nAssetEnd\n\n", added + '\n',
@@ -162,7 +163,7 @@ TEST_F(NewTest, AddsToAScript) {
       {"no ScriptEnd, no line end", bank + "UserAsset sub\\..\\a.dat AssetEnd", "\n\n" + added},
       {"CRLF", bank + "\r\n" + a + "\r\n", "\r\nUserAsset b.dat\r\nAssetEnd\r\n\r\n",
        "ScriptEnd\r\n"},
-      {"one line", bank + a + ' ', "\n\n" + added + '\n', "ScriptEnd"},
+      {"one line", bank + a + ' ', "\n\n" + added + '\n', "ScriptEnd", 0, "\n"},
       {"nothing new", bank + a + " UserAsset b.dat AssetEnd\n", ""},
       {"the define of a missing file", bank + "UserAsset no\\b.dat AssetEnd " + a + '\n',
        "\n; Not listed: b.dat: its define, S_B_DAT, is that of no\\b.dat already\n"
@@ -177,7 +178,7 @@ TEST_F(NewTest, AddsToAScript) {
     SCOPED_TRACE(row.name);
     write("s.txt", row.before + row.after);
     EXPECT_EQ(run({"new", "a.dat", "b.dat", "-o", "s.txt", "--add"}), row.code) << output_.messages;
-    EXPECT_EQ(folder_.read("s.txt"), row.before + row.added + row.after);
+    EXPECT_EQ(folder_.read("s.txt"), row.before + row.added + row.after + row.lineEnd);
   }
 }
 

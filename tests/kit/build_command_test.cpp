@@ -1,26 +1,16 @@
 // tavkit build: what it writes, what it leaves alone, and what stops it. build_faults_test.py ends
 // it in the middle.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <filesystem>
 #include <regex>
 
-#include "compiler/run_driver.h"
-#include "kit/frame/captured_console.h"
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/sound_builder.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
 
-namespace fs = std::filesystem;
-using test::wav;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 void setEnvironment(const std::string& variable) {
   static std::string kept;
@@ -28,25 +18,20 @@ void setEnvironment(const std::string& variable) {
   putenv(kept.data());
 }
 
-class BuildTest : public testing::Test {
+class BuildTest : public CommandTest {
  protected:
   BuildTest() {
     setEnvironment("SOURCE_DATE_EPOCH=0");
-    fs::create_directory(directory_.path("sub"));
-    fs::current_path(directory_.path());
-    directory_.write("a.wav", wav().fmt(1, 16, 8000).data("12345678"));
-    directory_.write("sub/b.dat", "bytes");
-    directory_.write("s.txt", kScript);
+    write("a.wav", test::wav().fmt(1, 16, 8000).data("12345678"));
+    write("sub/b.dat", "bytes");
+    write("s.txt",
+          "BankFileName b.tvb\nWaveFile a.wav SampleRate 8000 AssetEnd\n"
+          "UserAsset sub\\b.dat AssetEnd\nScriptEnd\n");
   }
-  ~BuildTest() override {
-    setEnvironment("SOURCE_DATE_EPOCH=");
-    fs::current_path(fs::temp_directory_path());
-  }
+  ~BuildTest() override { setEnvironment("SOURCE_DATE_EPOCH="); }
 
-  int build(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "build");
-    output_ = {};
-    const int code = runCommandLine(arguments, output_);
+  int build(const Lines& arguments) {
+    const int code = run({"build"}, arguments);
     EXPECT_EQ(output_.results, "");
     return code;
   }
@@ -58,40 +43,22 @@ class BuildTest : public testing::Test {
   static bool isNew(const std::string& name) {
     return fs::last_write_time(name) > fs::file_time_type::clock::now() - std::chrono::minutes(30);
   }
-
-  [[nodiscard]] std::vector<std::string> names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(".")) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  const std::string kScript =
-      "BankFileName b.tvb\nWaveFile a.wav SampleRate 8000 AssetEnd\n"
-      "UserAsset sub\\b.dat AssetEnd\nScriptEnd\n";
-  const test::TemporaryDirectory directory_;
-  Output output_;
 };
 
 TEST_F(BuildTest, WritesWhatTheToolWritesAndReplacesOnlyWhatChanges) {
   EXPECT_EQ(build({"s.txt", "--depfile", "d", "--stamp", "sub/t"}), 0);
   EXPECT_EQ(output_.messages, "");
-  const std::string bank = directory_.read("b.tvb");
-  const std::string header = directory_.read("b.h");
+  const std::string bank = folder_.read("b.tvb");
   const std::string folder = fs::current_path().generic_string() + '/';
-  const bool isWindows = fs::path::preferred_separator != '/';
-  std::string depfile = directory_.read("d");
-  if (isWindows) {
+  std::string depfile = folder_.read("d");
+  if (fs::path::preferred_separator != '/') {
     depfile = std::regex_replace(depfile, std::regex(R"(\\:)"), ":");
     depfile = std::regex_replace(depfile, std::regex(R"(\\(?!\n))"), "/");
   }
-  EXPECT_EQ(depfile, folder + "sub/t: \\\n  " + folder + "s.txt \\\n  " + folder + "a.wav \\\n  " +
-                         folder + "sub/b.dat\n\n" + folder + "a.wav:\n\n" + folder +
-                         "sub/b.dat:\n");
-  EXPECT_THAT(header, HasSubstr("Rev:\t1/1/1970 0:00 am - File"));
-  EXPECT_THAT(names(), ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub"));
+  EXPECT_EQ(std::regex_replace(depfile, std::regex(folder), "/"),
+            "/sub/t: \\\n  /s.txt \\\n  /a.wav \\\n  /sub/b.dat\n\n/a.wav:\n\n/sub/b.dat:\n");
+  EXPECT_THAT(folder_.read("b.h"), HasSubstr("Rev:\t1/1/1970 0:00 am - File"));
+  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub"));
 
   for (const char* file : {"b.tvb", "b.h", "d", "sub/t"}) {
     age(file);
@@ -100,17 +67,15 @@ TEST_F(BuildTest, WritesWhatTheToolWritesAndReplacesOnlyWhatChanges) {
   EXPECT_EQ(build({"s.txt", "--depfile", "d", "--stamp", "sub/t"}), 0);
   EXPECT_TRUE(isNew("sub/t"));
   EXPECT_FALSE(isNew("b.tvb") || isNew("b.h") || isNew("d"));
-  directory_.write("sub/b.dat", "bytEs");
+  write("sub/b.dat", "bytEs");
   EXPECT_EQ(build({"s.txt"}), 0);
   EXPECT_TRUE(isNew("b.tvb"));
   EXPECT_FALSE(isNew("b.h"));
 
-  directory_.write("sub/b.dat", "bytes");
+  write("sub/b.dat", "bytes");
   setEnvironment("SOURCE_DATE_EPOCH=");
-  const CapturedConsole silence;
-  const char* const arguments[] = {"tavrel", "s.txt", nullptr};
-  ASSERT_EQ(runTavrel(2, arguments), 0);
-  EXPECT_TRUE(directory_.read("b.tvb") == bank);
+  ASSERT_TRUE(runTool({"s.txt"}));
+  EXPECT_TRUE(folder_.read("b.tvb") == bank);
   age("b.h");
   EXPECT_EQ(build({"s.txt"}), 0);
   EXPECT_FALSE(isNew("b.h")) << "the build's header differs from the tool's";
@@ -118,34 +83,34 @@ TEST_F(BuildTest, WritesWhatTheToolWritesAndReplacesOnlyWhatChanges) {
 
 TEST_F(BuildTest, ReplacesAHeaderOrBankThatDiffersAnywhere) {
   ASSERT_EQ(build({"s.txt"}), 0);
-  const std::string bank = directory_.read("b.tvb");
-  const std::string header = directory_.read("b.h");
+  const std::string bank = folder_.read("b.tvb");
+  const std::string header = folder_.read("b.h");
   for (const std::string& damaged :
        {bank + '\0', bank.substr(0, bank.size() - 1), 'x' + bank.substr(1), std::string()}) {
-    directory_.write("b.tvb", damaged);
+    write("b.tvb", damaged);
     EXPECT_EQ(build({"s.txt"}), 0);
-    EXPECT_TRUE(directory_.read("b.tvb") == bank) << damaged.size();
+    EXPECT_TRUE(folder_.read("b.tvb") == bank) << damaged.size();
   }
   const std::size_t revision = header.find("1/1/1970");
   for (const std::string& damaged : {header + '\n', header.substr(1), header.substr(0, revision),
                                      header.substr(0, revision - 1) + header.substr(revision)}) {
-    directory_.write("b.h", damaged);
+    write("b.h", damaged);
     EXPECT_EQ(build({"s.txt"}), 0);
-    EXPECT_EQ(directory_.read("b.h"), header);
+    EXPECT_EQ(folder_.read("b.h"), header);
   }
 }
 
 TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
-  directory_.write("bad.txt", "BankFileName b.tvb WaveFile a.wav Loop 2 AssetEnd ScriptEnd\n");
-  directory_.write("warned.txt", "BankFileName b.tvb WaveFile a.wav AssetEnd ScriptEnd\n");
-  directory_.write("odd.txt", "BankFileName b.tvb UserAsset sub\\b|.dat AssetEnd ScriptEnd\n");
-  directory_.write("none.txt", "; none\n");
-  directory_.write("list", "./a.wav\r\nsub/../sub/c.dat\n");
-  directory_.write("all", "a.wav\nsub/b.dat\n");
+  write("bad.txt", "BankFileName b.tvb WaveFile a.wav Loop 2 AssetEnd ScriptEnd\n");
+  write("warned.txt", "BankFileName b.tvb WaveFile a.wav AssetEnd ScriptEnd\n");
+  write("odd.txt", "BankFileName b.tvb UserAsset sub\\b|.dat AssetEnd ScriptEnd\n");
+  write("none.txt", "; none\n");
+  write("list", "./a.wav\r\nsub/../sub/c.dat\n");
+  write("all", "a.wav\nsub/b.dat\n");
   const std::string warning = "warned.txt:1:29: warning: a.wav: ";
   const struct {
     int code;
-    std::vector<std::string> arguments;
+    Lines arguments;
     std::string message;
   } kRows[]{
       {1, {"bad.txt"}, "bad.txt:1:40: error: a.wav: "},
@@ -166,70 +131,68 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
       {2, {"s.txt", "--declared", "all", "--depfile", "all"}, "are one: all and all"},
       {2, {"s.txt", "--depfile", "x", "--stamp", "a%"}, "has the character %"},
   };
-  const std::vector<std::string> before = names();
+  const auto before = filesIn(".");
   for (const auto& [code, arguments, message] : kRows) {
     SCOPED_TRACE(testing::PrintToString(arguments));
     EXPECT_EQ(build(arguments), code);
     EXPECT_THAT(output_.messages, HasSubstr(message));
-    EXPECT_EQ(names(), before);
+    EXPECT_EQ(filesIn("."), before);
   }
   EXPECT_EQ(build({"warned.txt"}), 0);
   EXPECT_THAT(output_.messages, HasSubstr(warning));
   EXPECT_EQ(build({"warned.txt", "--no-check"}), 0);
   EXPECT_EQ(output_.messages, "");
-  directory_.write("list", "a.wav\n\nunused\nsub/./b.dat\nsub/b.dat");
+  write("list", "a.wav\n\nunused\nsub/./b.dat\nsub/b.dat");
   EXPECT_EQ(build({"s.txt", "--declared", "list"}), 0);
   EXPECT_EQ(output_.messages, "tavkit: warning: unused is listed in list and not used\n");
 }
 
 TEST_F(BuildTest, FollowsALinkBeforeAParentFolder) {
-  fs::create_directories("other/folder");
-  directory_.write("other/c.dat", "c");
-  directory_.write("c.dat", "another");
+  write("other/folder/c.dat", "not this");
+  write("other/c.dat", "c");
+  write("c.dat", "another");
   std::error_code unsupported;
   fs::create_directory_symlink("other/folder", "link", unsupported);
   if (unsupported) {
     GTEST_SKIP() << "no links on this host";
   }
-  directory_.write("s.txt", "BankFileName b.tvb UserAsset link\\..\\c.dat AssetEnd ScriptEnd\n");
-  directory_.write("list", "c.dat\n");
+  write("s.txt", "BankFileName b.tvb UserAsset link\\..\\c.dat AssetEnd ScriptEnd\n");
+  write("list", "c.dat\n");
   EXPECT_EQ(build({"s.txt", "--declared", "list"}), 1);
-  directory_.write("list", "other/c.dat\n");
+  write("list", "other/c.dat\n");
   EXPECT_EQ(build({"s.txt", "--declared", "list", "--depfile", "d"}), 0);
   EXPECT_EQ(output_.messages, "");
-  EXPECT_THAT(directory_.read("d"), HasSubstr("/other/c.dat:\n"));
+  EXPECT_THAT(folder_.read("d"), HasSubstr("/other/c.dat:\n"));
 }
 
 TEST_F(BuildTest, TakesTheTimeOfTheEnvironment) {
-  const struct {
-    std::string value, expected;
-  } kRows[]{{"951782459", "2/29/2000 0:00 am"},
-            {"253402300799", "12/31/9999 11:59 pm"},
-            {"253402300800", ""},
-            {"-1", ""},
-            {"1x", ""},
-            {" 1", ""},
-            {"99999999999999999999", ""}};
-  for (const auto& [value, expected] : kRows) {
+  const std::map<std::string, std::string> rows{{"951782459", "2/29/2000 0:00 am"},
+                                                {"253402300799", "12/31/9999 11:59 pm"},
+                                                {"253402300800", ""},
+                                                {"-1", ""},
+                                                {"1x", ""},
+                                                {" 1", ""},
+                                                {"99999999999999999999", ""}};
+  for (const auto& [value, expected] : rows) {
     SCOPED_TRACE(value);
     setEnvironment("SOURCE_DATE_EPOCH=" + value);
     fs::remove("b.h");
     EXPECT_EQ(build({"s.txt"}), expected.empty() ? 2 : 0);
-    EXPECT_THAT(expected.empty() ? output_.messages : directory_.read("b.h"),
+    EXPECT_THAT(expected.empty() ? output_.messages : folder_.read("b.h"),
                 HasSubstr(expected.empty() ? "not " + value + '\n' : "\t" + expected + " -"));
   }
 }
 
 TEST_F(BuildTest, KeepsWhatIsReadOnlyAndItsCompany) {
   ASSERT_EQ(build({"s.txt"}), 0);
-  const std::string bank = directory_.read("b.tvb");
+  const std::string bank = folder_.read("b.tvb");
   fs::permissions("b.h", fs::perms::owner_read, fs::perm_options::replace);
   EXPECT_EQ(build({"s.txt", "--stamp", "x"}), 0) << "b.h need not change";
-  directory_.write("s.txt", "BankFileName b.tvb UserAsset a.wav AssetEnd ScriptEnd\n");
+  write("s.txt", "BankFileName b.tvb UserAsset a.wav AssetEnd ScriptEnd\n");
   EXPECT_EQ(build({"s.txt"}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("can't write b.h: "));
-  EXPECT_TRUE(directory_.read("b.tvb") == bank);
-  EXPECT_THAT(names(), ElementsAre("a.wav", "b.h", "b.tvb", "s.txt", "sub", "x"));
+  EXPECT_TRUE(folder_.read("b.tvb") == bank);
+  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "s.txt", "sub", "x"));
   fs::permissions("b.h", fs::perms::owner_write, fs::perm_options::add);
 }
 

@@ -1,65 +1,31 @@
 // What check finds in the bank as a whole, and the forms in which it prints the problems.
 #include "kit/check/bank_check.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include "kit/frame/command_line.h"
-#include "kit/frame/json.h"
-#include "tests/support/temporary_directory.h"
+#include "tests/kit/command_test.h"
 
 namespace tavrel::kit {
 namespace {
-
-class BankCheckTest : public testing::Test {
- protected:
-  BankCheckTest() : before_(std::filesystem::current_path()) {
-    std::filesystem::current_path(directory_.path());
-    std::filesystem::create_directory("in");
-    for (const char* name : {"four.dat", "in/four.dat", "in/x.dat"}) {
-      directory_.write(name, "four");
-    }
-    directory_.write("five.dat", "fives");
-    std::filesystem::create_hard_link("four.dat", "link.dat");
-  }
-  ~BankCheckTest() override { std::filesystem::current_path(before_); }
-
-  /// Runs `tavkit check`. Returns each problem as "code line:column", separated by blanks.
-  std::string check(const std::string& script, std::vector<std::string> options = {}) {
-    directory_.write("s.txt", script + "ScriptEnd\n");
-    options.insert(options.begin(), {"check", "s.txt", "--json"});
-    status_ = runCommandLine(options, output_ = {});
-    std::string problems;
-    const Json document = Json::parse(output_.results);
-    for (const Json& one : document["diagnostics"]) {
-      problems += (problems.empty() ? "" : " ") + one["code"].get<std::string>() + ' ' +
-                  one["line"].dump() + ':' + one["column"].dump();
-    }
-    return problems;
-  }
-
-  test::TemporaryDirectory directory_;
-  std::filesystem::path before_;
-  Output output_;
-  int status_ = 0;
-};
 
 std::string asset(const std::string& file) { return "UserAsset " + file + " AssetEnd\n"; }
 
 std::string bank(const std::string& name) { return "BankFileName " + name + "\n"; }
 
+class BankCheckTest : public CommandTest {};
+
 TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
-  for (const char* name : {"a-b.dat", "bank_data.size", "bank_header.size", "c.h"}) {
-    directory_.write(name, "four");
+  for (const char* name : {"four.dat", "in/four.dat", "in/x.dat", "a-b.dat", "bank_data.size",
+                           "bank_header.size", "c.h"}) {
+    write(name, "four");
   }
+  write("five.dat", "fives");
+  fs::create_hard_link("four.dat", "link.dat");
   const std::string b = bank("b.tvb");
   const std::string four = asset("four.dat");
   const std::string five = asset("five.dat");
   const std::string stem76(76, 'g');
   const struct {
-    std::string problems;
-    std::vector<std::string> scripts, options = {};
+    std::string expected;
+    Lines scripts, options = {};
   } groups[] = {
       {"",
        {b + four, b + asset("in\\x.dat"), bank(stem76 + ".tvb"),
@@ -96,11 +62,13 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
        {bank("b.h") + four},
        {"--bank-dir", "in", "--header-dir", "./in/../in/"}},
   };
-  for (const auto& [problems, scripts, options] : groups) {
+  for (const auto& [expected, scripts, options] : groups) {
     for (const std::string& script : scripts) {
       SCOPED_TRACE(script);
-      EXPECT_EQ(check(script, options), problems);
-      EXPECT_EQ(status_, output_.results.find("\"errors\": 0") == std::string::npos ? 1 : 0);
+      write("s.txt", script + "ScriptEnd\n");
+      const int code = run({"check", "s.txt", "--json"}, options);
+      EXPECT_EQ(problems(), expected);
+      EXPECT_EQ(code, output_.results.find("\"errors\": 0") == std::string::npos ? 1 : 0);
     }
   }
 }

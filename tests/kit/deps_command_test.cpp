@@ -1,56 +1,39 @@
 // tavkit deps: which names it lists, and when it has no answer. deps_builds_test.py has the names
 // that it refuses.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include "kit/frame/command_line.h"
-#include "tests/support/temporary_directory.h"
+#include "tests/kit/command_test.h"
 
 namespace tavrel::kit {
 namespace {
 
 using testing::HasSubstr;
 
-class DepsTest : public testing::Test {
+class DepsTest : public CommandTest {
  protected:
-  DepsTest() : before_(std::filesystem::current_path()) {}
-  ~DepsTest() override { std::filesystem::current_path(before_); }
-
-  int run(std::vector<std::string> arguments) {
-    std::filesystem::current_path(before_);
-    arguments.insert(arguments.begin(), {"deps", "-C", directory_.path()});
-    return runCommandLine(arguments, output_ = {});
-  }
-
-  test::TemporaryDirectory directory_;
-  std::filesystem::path before_;
-  Output output_;
+  int deps(const Lines& arguments) { return run({"deps", "-C", folder_.path()}, arguments); }
 };
 
 // The script has a mistyped keyword, a block that never ends, and a file that it lists twice.
 TEST_F(DepsTest, ListsWhatARunOpens) {
-  directory_.write("s.txt",
-                   "BankFileName old.tvb BankFileName b.tvb\nWaveFile a.wave Lop 1 AssetEnd\n"
-                   "WaveFile b.aif AssetEnd\nWaveFile c.aiff AssetEnd\nUserAset a%b AssetEnd\n"
-                   "UserAsset b.aif\nMidiFileType0 m.mid#$:1 AssetEnd\nScriptEnd UserAsset z\n");
+  write("s.txt",
+        "BankFileName old.tvb BankFileName b.tvb\nWaveFile a.wave Lop 1 AssetEnd\n"
+        "WaveFile b.aif AssetEnd\nWaveFile c.aiff AssetEnd\nUserAset a%b AssetEnd\n"
+        "UserAsset b.aif\nMidiFileType0 m.mid#$:1 AssetEnd\nScriptEnd UserAsset z\n");
   const std::string prerequisites =
       ": \\\n  s.txt \\\n  a.wav \\\n  b.aif \\\n  c.aif \\\n  a%b \\\n  m.mid\\#$$\\:1\n"
       "\na.wav:\n\nb.aif:\n\nc.aif:\n\nm.mid\\#$$\\:1:\n";
-  EXPECT_EQ(run({"s.txt", "--bank-dir", "o u"}), 0);
+  EXPECT_EQ(deps({"s.txt", "--bank-dir", "o u"}), 0);
   EXPECT_EQ(output_.results, "o\\ u/b.tvb" + prerequisites);
-  directory_.write("s.d", "old");
-  EXPECT_EQ(run({"s.txt", "--target", "t", "-o", "s.d"}), 0);
+  write("s.d", "old");
+  EXPECT_EQ(deps({"s.txt", "--target", "t", "-o", "s.d"}), 0);
   EXPECT_EQ(output_.results, "");
-  EXPECT_EQ(directory_.read("s.d"), "t" + prerequisites);
+  EXPECT_EQ(folder_.read("s.d"), "t" + prerequisites);
 }
 
 TEST_F(DepsTest, ExitCode2) {
-  directory_.write("none.txt", "UserAsset a AssetEnd\nScriptEnd\n");
-  directory_.write("odd.txt", "BankFileName b.tvb\nUserAsset a&b AssetEnd\nScriptEnd\n");
+  write("none.txt", "UserAsset a AssetEnd\nScriptEnd\n");
+  write("odd.txt", "BankFileName b.tvb\nUserAsset a&b AssetEnd\nScriptEnd\n");
   const struct {
-    std::vector<std::string> arguments;
+    Lines arguments;
     std::string message;
   } kRows[]{{{"none.txt"}, "none.txt doesn't name its bank"},
             {{"odd.txt"}, "the name \"a&b\" has the character &"},
@@ -59,8 +42,7 @@ TEST_F(DepsTest, ExitCode2) {
             {{"none.txt", "--target", "b", "-o", "no/b.d"}, "can't write no/b.d"},
             {{"missing.txt"}, "can't read missing.txt"}};
   for (const auto& row : kRows) {
-    EXPECT_EQ(run(row.arguments), 2);
-    EXPECT_EQ(output_.results, "");
+    EXPECT_EQ(deps(row.arguments), 2);
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
   }
 }

@@ -1,14 +1,9 @@
 // tavkit list: a bank with every kind of asset, and the headers and command lines it accepts.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <regex>
 
-#include "kit/frame/command_line.h"
-#include "kit/frame/json.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/midi_builder.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
@@ -50,22 +45,14 @@ constexpr const char* kHeader =
     "#define\t\tSFX_FILENAME\t\t\"sfx.tvb\"\n#define\t\tSFX_BOOM_WAV\t\t\t0\n"
     "#define\t\tSFX_\x1B[31m\t\t\t1\n#define\t\tSFX_\xFF\t\t\t2\n#define\t\tSFX_FAR\t\t\t99\n";
 
-class ListTest : public testing::Test {
+class ListTest : public CommandTest {
  protected:
-  int run(std::vector<std::string> arguments) {
-    output_ = {};
-    arguments.insert(arguments.begin(), "list");
-    return runCommandLine(arguments, output_);
-  }
-
-  test::TemporaryDirectory folder_;
   std::string bank_ = folder_.write("sfx.tvb", everyKind());
-  Output output_;
 };
 
 TEST_F(ListTest, PrintsOneLineForEachAssetAndTotals) {
   folder_.write("sfx.h", kHeader);
-  ASSERT_EQ(run({bank_}), 0);
+  ASSERT_EQ(run({"list", bank_}), 0);
   EXPECT_EQ(output_.messages, "");
   EXPECT_EQ(std::regex_replace(output_.results, std::regex(" +"), " "),
             "id define type rate bits bytes length loop details\n"
@@ -101,7 +88,7 @@ TEST_F(ListTest, PrintsOneLineForEachAssetAndTotals) {
 
 TEST_F(ListTest, PrintsJson) {
   folder_.write("sfx.h", kHeader);
-  ASSERT_EQ(run({"--json", bank_}), 0);
+  ASSERT_EQ(run({"list", "--json", bank_}), 0);
   Json document = Json::parse(output_.results);
   const Json assets = document["assets"];
   document["assets"] = Json::array();
@@ -132,49 +119,46 @@ TEST_F(ListTest, PrintsJson) {
 }
 
 TEST_F(ListTest, ReadsTheDefinesFromTheHeaderOfTheBank) {
-  struct Row {
-    const char* name;
-    std::vector<std::string> options;
-    const char* define;  // of asset 0
-  };
-  folder_.write("sfx.h", "#define SFX_BY_HAND 0\n");
-  const std::string named = folder_.write("other.h", "#define OTHER 0\n");
-  for (const Row& row :
-       {Row{"not generated", {}, "null"}, Row{"named", {"--header", named}, "\"OTHER\""},
-        Row{"none", {"--no-header"}, "null"}}) {
-    SCOPED_TRACE(row.name);
-    std::vector<std::string> arguments = row.options;
-    arguments.insert(arguments.end(), {bank_, "--json"});
-    ASSERT_EQ(run(arguments), 0);
+  const struct {
+    Lines options;
+    const char* define;  ///< of asset 0
+  } rows[] = {{{}, "null"}, {{"--header", "other.h"}, "\"OTHER\""}, {{"--no-header"}, "null"}};
+  write("other.h", "#define OTHER 0\n");
+  write("sfx.h", "#define SFX_BY_HAND 0\n");
+  for (const auto& row : rows) {
+    ASSERT_EQ(run({"list", bank_, "--json"}, row.options), 0);
     EXPECT_EQ(Json::parse(output_.results)["assets"][0]["define"].dump(), row.define);
   }
 }
 
 TEST_F(ListTest, FailsWithoutResults) {
-  struct Row {
-    std::vector<std::string> arguments;
+  const struct {
+    Lines arguments;
     const char* message;
-  };
-  const std::string text = folder_.write("text", std::string(64, 'x'));
-  for (const Row& row :
-       {Row{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
-        Row{{bank_, bank_}, "too many operands"}, Row{{bank_, "--jsn"}, "did you mean --json?"},
-        Row{{bank_, "--json=1"}, "--json takes no value"}, Row{{bank_, "--header"}, "--header"},
-        Row{{bank_, "--header", text + "h"}, "can't read"},
-        Row{{text}, "is not a bank: bad number of assets"}, Row{{folder_.path()}, "folder"},
-        Row{{text + "s"}, "no such file"}, Row{{"\x1B\n"}, "can't read \uFFFD\uFFFD: "},
-        Row{{"--", "--json"}, "can't read --json: "}, Row{{"[x]"}, "can't read [x]: "},
-        Row{{"/none"}, "can't read /none: "}}) {
+  } rows[] = {{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
+              {{bank_, bank_}, "too many operands"},
+              {{bank_, "--jsn"}, "did you mean --json?"},
+              {{bank_, "--json=1"}, "--json takes no value"},
+              {{bank_, "--header"}, "--header"},
+              {{bank_, "--header", "none.h"}, "can't read"},
+              {{"text"}, "is not a bank: bad number of assets"},
+              {{"."}, "folder"},
+              {{"texts"}, "no such file"},
+              {{"\x1B\n"}, "can't read \uFFFD\uFFFD: "},
+              {{"--", "--json"}, "can't read --json: "},
+              {{"[x]"}, "can't read [x]: "},
+              {{"/none"}, "can't read /none: "}};
+  write("text", std::string(64, 'x'));
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.message);
-    EXPECT_EQ(run(row.arguments), 2);
-    EXPECT_EQ(output_.results, "");
+    EXPECT_EQ(run({"list"}, row.arguments), 2);
     EXPECT_THAT(output_.messages, HasSubstr(row.message));
   }
-  EXPECT_EQ(runCommandLine({"--help"}, output_), 0);
+  EXPECT_EQ(run({"--help"}), 0);
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
-  EXPECT_EQ(runCommandLine({"lits"}, output_), 2);
+  EXPECT_EQ(run({"lits"}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("did you mean list?\nRun "));
-  EXPECT_EQ(runCommandLine({"--verison"}, output_), 2);
+  EXPECT_EQ(run({"--verison"}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("did you mean --version?"));
 }
 

@@ -1,15 +1,10 @@
 // tavkit show: whole outputs for small files of each kind, and what it makes of damaged ones.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <regex>
 
-#include "kit/frame/command_line.h"
 #include "kit/show/sound_levels.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/sound_builder.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
@@ -21,27 +16,18 @@ using test::midi;
 using test::mono;
 using test::wav;
 
-class ShowTest : public testing::Test {
+class ShowTest : public CommandTest {
  protected:
-  ShowTest() : before_(std::filesystem::current_path()) {
-    std::filesystem::current_path(directory_.path());
-  }
-  ~ShowTest() override { std::filesystem::current_path(before_); }
-
   /// Shows a file and expects the exit code and the output, whose blanks count as one each.
   void expectShown(const std::string& name, const std::string& bytes, int code,
                    const std::string& shown) {
     SCOPED_TRACE(name);
-    directory_.write(name, bytes);
-    Output output;
-    EXPECT_EQ(runCommandLine({"show", name}, output), code);
-    EXPECT_EQ(output.messages, "");
-    EXPECT_THAT(std::regex_replace(output.results, std::regex(" +"), " "),
+    write(name, bytes);
+    EXPECT_EQ(run({"show", name}), code);
+    EXPECT_EQ(output_.messages, "");
+    EXPECT_THAT(std::regex_replace(output_.results, std::regex(" +"), " "),
                 testing::StartsWith(name + ": " + shown));
   }
-
-  test::TemporaryDirectory directory_;
-  std::filesystem::path before_;
 };
 
 TEST_F(ShowTest, Waves) {
@@ -154,15 +140,12 @@ TEST_F(ShowTest, OtherFiles) {
               "a FLAC file, 4 bytes\nin a bank: nothing, WaveFile leaves the file out\n"
               " error: ./c.wav: this is a FLAC file, and WaveFile reads a WAV file of this name "
               "[unreadable-file]\n");
-  directory_.write("d.dat", "\1\2");
-  Output output;
-  EXPECT_EQ(runCommandLine({"show", "d.dat", "b.flac"}, output), 1);
-  EXPECT_THAT(output.results, testing::HasSubstr("files\n\nb.flac: a FLAC file"));
+  write("d.dat", "\1\2");
+  EXPECT_EQ(run({"show", "d.dat", "b.flac"}), 1);
+  EXPECT_THAT(output_.results, testing::HasSubstr("files\n\nb.flac: a FLAC file"));
   for (const std::string name : {"none.wav", "."}) {
-    output = {};
-    EXPECT_EQ(runCommandLine({"show", "d.dat", name}, output), 2);
-    EXPECT_EQ(output.results, "");
-    EXPECT_THAT(output.messages, testing::HasSubstr("can't read " + name));
+    EXPECT_EQ(run({"show", "d.dat", name}), 2);
+    EXPECT_THAT(output_.messages, testing::HasSubstr("can't read " + name));
   }
 }
 

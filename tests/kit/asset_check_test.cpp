@@ -2,17 +2,11 @@
 // must store exactly what the check says, and refuse nothing without an error.
 #include "kit/check/asset_check.h"
 
-#include <gmock/gmock.h>
-
-#include <filesystem>
-#include <set>
-
 #include "compiler/bank_script.h"
 #include "kit/check/source_text.h"
-#include "kit/frame/captured_console.h"
 #include "platform/file_cache.h"
 #include "tests/kit/asset_check_rows.h"
-#include "tests/support/temporary_directory.h"
+#include "tests/kit/command_test.h"
 
 namespace tavrel::kit {
 namespace {
@@ -24,13 +18,8 @@ using testing::HasSubstr;
 const std::set<std::string_view> kJudgements{"encoding",    "stereo-aiff", "damaged-sound",
                                              "empty-sound", "broken-loop", "sequence-broken"};
 
-class AssetCheckTest : public testing::Test {
+class AssetCheckTest : public CommandTest {
  protected:
-  AssetCheckTest() { std::filesystem::current_path(directory_.path()); }
-  ~AssetCheckTest() override {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
-  }
-
   /// Checks a script of one block, and compares what is found with what the tool does.
   void check(const std::string& block) {
     const CapturedConsole silence;
@@ -71,12 +60,6 @@ class AssetCheckTest : public testing::Test {
     file.useMemory(blockOf(text).release(), text.size());
   }
 
-  void write(const std::string& file, const std::string& content) const {
-    std::filesystem::create_directories(std::filesystem::absolute(file).parent_path());
-    directory_.write(file, content);
-  }
-
-  TemporaryDirectory directory_;
   std::string found_, said_;
 };
 
@@ -87,7 +70,7 @@ TEST_F(AssetCheckTest, FindsExactlyWhatIsWrong) {
     check(row.block);
     EXPECT_EQ(found_, row.found);
     EXPECT_THAT(said_, HasSubstr(row.said));
-    std::filesystem::remove(row.file);
+    fs::remove(row.file);
   }
 }
 
@@ -110,14 +93,14 @@ TEST_F(AssetCheckTest, AgreesWithTheToolOnEveryDamagedFile) {
       }
     }
     cache.remove(row.file);
-    std::filesystem::remove(row.file);
+    fs::remove(row.file);
   }
   setFileCache(nullptr);
 }
 
 TEST_F(AssetCheckTest, FindsTheFileThatOtherCaseMeans) {
   write("Boom.wav", kGood);
-  const bool ignoresCase = std::filesystem::exists("BOOM.WAV");
+  const bool ignoresCase = fs::exists("BOOM.WAV");
   check(waveBlock("boom.WAV"));
   EXPECT_EQ(found_, ignoresCase ? "case-differs" : "missing-file");
   EXPECT_THAT(said_, HasSubstr("Boom.wav"));

@@ -2,15 +2,12 @@
 // packed whole and passes `tavkit verify`, and one that the tool packs whole has no errors but
 // those that may be false alarms. The scripts come from a generator, and from good ones by every
 // cut and by exchanged words.
-#include <gtest/gtest.h>
+#include <fstream>
 
-#include "compiler/run_driver.h"
 #include "kit/check/script_fix.h"
-#include "kit/frame/captured_console.h"
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/packed_script.h"
 #include "tests/support/script_generator.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
@@ -29,39 +26,31 @@ bool mayBeFalseAlarms(const Codes& errors, bool hasBankSeparator) {
          });
 }
 
-class CheckPromiseTest : public testing::Test {
+class CheckPromiseTest : public CommandTest {
  protected:
   CheckPromiseTest() {
-    std::filesystem::create_directory(folder_.path("sub"));
     for (const auto& [name, file] : files_) {
-      folder_.write(name, file.bytes);
+      write(name, file.bytes);
     }
-    std::filesystem::current_path(folder_.path());
-  }
-  ~CheckPromiseTest() override {
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
   }
 
   /// Checks the script and packs it, and compares the answers.
   void judge(const std::string& script, const std::string& prefix = "") {
     SCOPED_TRACE(PrintToString(script) + " under the prefix " + prefix);
-    folder_.write("s.txt", script);
+    write("s.txt", script);
     const Codes errors = check(prefix);
     const test::Wanted wanted = test::wantedBy(script);
     const std::string loss = pack(wanted, prefix);
     if (errors.empty()) {
       EXPECT_EQ(loss, "");
-      Output output;
-      const std::vector<std::string> verify{"verify", wanted.bank, "--script",
-                                            "s.txt",  "--prefix",  prefix};
-      EXPECT_EQ(runCommandLine(verify, output), 0) << output.results;
+      const Lines verify{"verify", wanted.bank, "--script", "s.txt", "--prefix", prefix};
+      EXPECT_EQ(run(verify), 0) << output_.results;
       ++good_;
     } else if (loss.empty()) {
       const bool hasSeparator = wanted.bank.find('/') != std::string::npos;
       EXPECT_TRUE(mayBeFalseAlarms(errors, hasSeparator)) << PrintToString(errors);
     }
-    restore(wanted.bank);
-    restore(wanted.header());
+    restore(wanted);
     if (loss.empty()) {
       judgeFixes(script, prefix);
     }
@@ -70,20 +59,19 @@ class CheckPromiseTest : public testing::Test {
   /// Fixes a script that is packed whole. It must still be, and leave nothing to fix.
   void judgeFixes(const std::string& script, const std::string& prefix) {
     const RunPlan plan{.scriptPath = "s.txt", .prefix = prefix};
-    folder_.write("s.txt", script);
+    write("s.txt", script);
     const FixedScript fixed = fixScript(plan, {});
     const std::string text(fixed.left.text.text());
-    folder_.write("s.txt", text);
+    write("s.txt", text);
     EXPECT_EQ(fixScript(plan, {}).fixCount, 0U);
     const test::Wanted wanted = test::wantedBy(text);
     EXPECT_EQ(fixed.fixCount > 0 ? pack(wanted, prefix) : "", "") << PrintToString(text);
-    restore(wanted.bank);
-    restore(wanted.header());
+    restore(wanted);
   }
 
   /// Writes a file that is judged as `file` says.
   void replace(const std::string& name, const test::SoundFile& file) {
-    folder_.write(name, file.bytes);
+    write(name, file.bytes);
     files_[name] = file;
   }
 
@@ -104,37 +92,31 @@ class CheckPromiseTest : public testing::Test {
 
   /// Packs the script. Returns what the tool fails at or leaves out, or nothing.
   std::string pack(const test::Wanted& wanted, const std::string& prefix) {
-    const CapturedConsole silence;
-    const char* const arguments[] = {"tavrel", "s.txt", "HeaderPrefix", prefix.c_str(), nullptr};
-    if (runTavrel(prefix.empty() ? 2 : 4, arguments) != 0) {
+    if (!(prefix.empty() ? runTool({"s.txt"})
+                         : runTool({"s.txt", "HeaderPrefix", prefix.c_str()}))) {
       return "the run fails";
     }
-    const std::string loss = test::lossOfAssets(readAny(wanted.bank), wanted.files, files_);
-    return loss.empty() ? test::faultOfDefines(readAny(wanted.header()), wanted.files.size())
+    const std::string loss = test::lossOfAssets(bytesOf(wanted.bank), wanted.files, files_);
+    return loss.empty() ? test::faultOfDefines(bytesOf(wanted.header()), wanted.files.size())
                         : loss;
   }
 
-  bool hasFile(const std::string& name) const {
-    std::error_code ignored;  // of a name that is too long
-    return std::filesystem::is_regular_file(folder_.path(name), ignored);
-  }
-
   /// Returns the bytes of a file, none if it isn't there.
-  std::string readAny(const std::string& name) const {
-    return hasFile(name) ? folder_.read(name) : "";
+  static std::string bytesOf(const std::string& name) {
+    std::ifstream file(name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  /// Removes what the run has made, or writes the file again that it has replaced.
-  void restore(const std::string& name) {
-    const auto file = files_.find(name);
-    if (file != files_.end()) {
-      folder_.write(name, file->second.bytes);
-    } else if (hasFile(name)) {
-      std::filesystem::remove(folder_.path(name));
+  /// Removes what the run has made, and writes the files again that it has replaced.
+  void restore(const test::Wanted& wanted) const {
+    for (const std::string& name : {wanted.bank, wanted.header()}) {
+      std::error_code isMissing;
+      fs::remove(name, isMissing);
+      if (const auto file = files_.find(name); file != files_.end()) {
+        write(name, file->second.bytes);
+      }
     }
   }
-
-  test::TemporaryDirectory folder_;
 };
 
 TEST_F(CheckPromiseTest, HoldsForRandomScripts) {

@@ -1,13 +1,9 @@
 // tavkit quality and check --below: what they say of a sound whose stream docs/adpcm.md works out.
 // quality_test.py compares other sounds with a decoder of its own.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <cmath>
 
-#include "kit/frame/command_line.h"
+#include "tests/kit/command_test.h"
 #include "tests/support/sound_builder.h"
-#include "tests/support/temporary_directory.h"
 
 namespace tavrel::kit {
 namespace {
@@ -22,70 +18,63 @@ const double kWorked =
                     (762.0 * 762 + 92 * 92 + 58 * 58 + 97 * 97 + 29727.0 * 29727 + 22668.0 * 22668 +
                      25936.0 * 25936 + 1572 * 1572));
 
-TEST(QualityCommand, ComparesSoundsWithTheirFilesAndGatesByTheExactRatio) {
+class QualityTest : public CommandTest {};
+
+TEST_F(QualityTest, ComparesSoundsWithTheirFilesAndGatesByTheExactRatio) {
   Bytes little;
   Bytes big;
   for (const int sample : {1000, 900, -500, 0, 32767, 32767, -32768, -32768, 7}) {
     little.le16(static_cast<std::size_t>(sample));
     big.be16(static_cast<std::size_t>(sample));
   }
-  const TemporaryDirectory folder;
-  folder.write("b.wav", wav().fmt(mono, 16, 8000).data(little));
-  folder.write("c.aif", aiff().comm(mono, 9, 16).ssnd(big));
-  folder.write("zero.wav", wav().fmt(mono, 16, 8000).data(Bytes().fill(8)));
+  write("b.wav", wav().fmt(mono, 16, 8000).data(little));
+  write("c.aif", aiff().comm(mono, 9, 16).ssnd(big));
+  write("zero.wav", wav().fmt(mono, 16, 8000).data(Bytes().fill(8)));
   const Bytes exact = Bytes().le16(15).le16(30).le16(45).le16(60);
-  folder.write("exact.wav", wav().fmt(mono, 16, 8000).data(exact));
-  folder.write("narrow.wav", wav().fmt(mono, 8, 8000).data(little));
-  const std::string script = folder.write(
-      "s.txt",
-      "BankFileName s\nWaveFile zero.wav Adpcm 1 AssetEnd\nWaveFile narrow.wav Adpcm 1 AssetEnd\n"
-      "WaveFile b.wav\n Adpcm 1 AssetEnd\nWaveFile c.aif Adpcm 1 Loop 1 AssetEnd\n"
-      "WaveFile exact.wav Adpcm 1 AssetEnd\nWaveFile .\\c.aif Adpcm 1 AssetEnd\nScriptEnd\n");
-  const std::string gone = folder.write("gone.txt", "WaveFile gone.wav Adpcm 1 AssetEnd\n");
-  const std::string none = folder.write("none.txt", "BankFileName s ");
+  write("exact.wav", wav().fmt(mono, 16, 8000).data(exact));
+  write("narrow.wav", wav().fmt(mono, 8, 8000).data(little));
+  write("s.txt",
+        "BankFileName s\nWaveFile zero.wav Adpcm 1 AssetEnd\nWaveFile narrow.wav Adpcm 1 AssetEnd\n"
+        "WaveFile b.wav\n Adpcm 1 AssetEnd\nWaveFile c.aif Adpcm 1 Loop 1 AssetEnd\n"
+        "WaveFile exact.wav Adpcm 1 AssetEnd\nWaveFile .\\c.aif Adpcm 1 AssetEnd\nScriptEnd\n");
+  write("gone.txt", "WaveFile gone.wav Adpcm 1 AssetEnd\n");
+  write("none.txt", "BankFileName s ");
   const std::string above = std::to_string(kWorked + 1e-4);
   const std::string below = std::to_string(kWorked - 1e-4);
   const struct {
-    std::vector<std::string> arguments;
+    Lines arguments;
     int code;
     std::vector<const char*> results;
   } rows[] = {
-      {{"quality", script},
+      {{"quality", "s.txt"},
        0,
        {"  dB  worst error  at sample  clipped  id  define       file\n"
         "3.16       -29727          4        0   2  S_B_WAV      b.wav\n"
         "3.16       -29727          4        0   5  S_C_AIF      .\\c.aif\n"
         "   -           15          0        0   0  S_ZERO_WAV   zero.wav\n"
         "   -            0          0        0   4  S_EXACT_WAV  exact.wav\n"}},
-      {{"quality", script, "--below", above}, 1, {}},
-      {{"quality", script, "--below", below}, 0, {}},
-      {{"quality", none, "--below", "99"}, 0, {"no wave"}},
-      {{"quality", script, "--below", ""}, 2, {}},
-      {{"quality", script, "--below", "1dB"}, 2, {}},
-      {{"quality", script, "--below", "nan"}, 2, {}},
-      {{"quality", script, "--below", "+1"}, 2, {}},
-      {{"quality", script, "--below", "0x1"}, 2, {}},
-      {{"quality", gone}, 2, {}},
-      {{"check", script, "--below", above},
+      {{"quality", "s.txt", "--below", above}, 1, {}},
+      {{"quality", "s.txt", "--below", below}, 0, {}},
+      {{"quality", "none.txt", "--below", "99"}, 0, {"no wave"}},
+      {{"quality", "s.txt", "--below", ""}, 2, {}},
+      {{"quality", "s.txt", "--below", "1dB"}, 2, {}},
+      {{"quality", "s.txt", "--below", "nan"}, 2, {}},
+      {{"quality", "s.txt", "--below", "+1"}, 2, {}},
+      {{"quality", "s.txt", "--below", "0x1"}, 2, {}},
+      {{"quality", "gone.txt"}, 2, {}},
+      {{"check", "s.txt", "--below", above},
        1,
        {":5:2: warning: b.wav: compression leaves 3.16 dB, ", ":8:18: warning: .\\c.aif: compr"}},
   };
-  const auto before = std::filesystem::current_path();
   for (const auto& [arguments, code, results] : rows) {
     SCOPED_TRACE(testing::PrintToString(arguments));
-    std::vector<std::string> inFolder = arguments;
-    inFolder.insert(inFolder.end(), {"-C", folder.path()});
-    Output output;
-    EXPECT_EQ(runCommandLine(inFolder, output), code);
-    std::filesystem::current_path(before);
+    EXPECT_EQ(run(arguments), code);
     for (const char* result : results) {
-      EXPECT_THAT(output.results, HasSubstr(result));
+      EXPECT_THAT(output_.results, HasSubstr(result));
     }
   }
-  Output output;
-  runCommandLine({"check", script, "-C", folder.path(), "--below", below}, output);
-  std::filesystem::current_path(before);
-  EXPECT_THAT(output.results, testing::Not(HasSubstr("low-quality")));
+  run({"check", "s.txt", "--below", below});
+  EXPECT_THAT(output_.results, testing::Not(HasSubstr("low-quality")));
 }
 
 }  // namespace

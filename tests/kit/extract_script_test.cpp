@@ -12,25 +12,6 @@ namespace {
 using test::BankAsset;
 using testing::HasSubstr;
 
-/// What a bank and its header have of an asset: the blob, the record without its offset, the
-/// define.
-std::vector<std::string> contents(const std::string& bytes, const std::string& header) {
-  tavrel_bank bank;
-  EXPECT_EQ(tavrel_bank_open(&bank, bytes.data(), bytes.size()), TAVREL_OK);
-  std::vector<std::string> assets;
-  for (std::uint32_t id = 0; id < bank.count; ++id) {
-    tavrel_asset asset;
-    tavrel_bank_asset(&bank, id, &asset);
-    std::smatch define;
-    const std::regex line("#define\t\t(.*)\t\t\t" + std::to_string(id) + "\n");
-    std::regex_search(header, define, line);
-    assets.push_back(define[1].str() + bytes.substr(4 + 44 * id, 4) +
-                     bytes.substr(4 + 44 * id + 8, 36) +
-                     std::string(asset.bytes, asset.bytes + asset.size));
-  }
-  return assets;
-}
-
 class ExtractScriptTest : public CommandTest {
  protected:
   /// Makes an empty folder out, and a folder was with a bank and its header.
@@ -65,6 +46,25 @@ class ExtractScriptTest : public CommandTest {
     return std::regex_replace(folder_.read(name), std::regex("// Rev:.*"), "");
   }
 
+  /// Returns what a bank and its header have of each asset: the define, the record without its
+  /// offset, the blob.
+  [[nodiscard]] Lines contents(const std::string& bankName, const std::string& headerName) const {
+    const std::string bytes = folder_.read(bankName);
+    const std::string defines = folder_.read(headerName);
+    tavrel_bank bank;
+    EXPECT_EQ(tavrel_bank_open(&bank, bytes.data(), bytes.size()), TAVREL_OK);
+    Lines assets;
+    tavrel_asset asset;
+    for (std::uint32_t id = 0; tavrel_bank_asset(&bank, id, &asset) != 0; ++id) {
+      std::smatch define;
+      const std::regex line("#define\t\t(.*)\t\t\t" + std::to_string(id) + "\n");
+      std::regex_search(defines, define, line);
+      const std::string record = bytes.substr(4 + 44 * id, 44).replace(4, 4, "");
+      assets.push_back(define.str(1) + record + bytes.substr(asset.offset, asset.size));
+    }
+    return assets;
+  }
+
   /// Extracts a bank and packs it again. Expects that nothing differs but what was named, and
   /// that what was named differs.
   void judge(const std::string& bank, const std::string& headerName) {
@@ -72,10 +72,8 @@ class ExtractScriptTest : public CommandTest {
         << output_.messages;
     SCOPED_TRACE(output_.messages + folder_.read("out/s.txt"));
     ASSERT_TRUE(packAgain());
-    const std::string before = folder_.read("was/" + bank);
-    const std::string after = folder_.read("out/" + bank);
-    const auto old = contents(before, header("was/" + headerName));
-    const auto now = contents(after, header("out/" + headerName));
+    const Lines old = contents("was/" + bank, "was/" + headerName);
+    const Lines now = contents("out/" + bank, "out/" + headerName);
     ASSERT_EQ(now.size(), old.size());
     bool isSame = true;
     for (std::size_t id = 0; id < old.size(); ++id) {
@@ -85,7 +83,7 @@ class ExtractScriptTest : public CommandTest {
       isSame = isSame && !isNamed;
     }
     if (isSame) {
-      EXPECT_TRUE(before == after);
+      EXPECT_TRUE(folder_.read("was/" + bank) == folder_.read("out/" + bank));
       EXPECT_EQ(header("was/" + headerName), header("out/" + headerName));
       ++same_;
     }
@@ -135,8 +133,7 @@ TEST_F(ExtractScriptTest, WritesFilesAndStatementsForAllThatAScriptCanState) {
   EXPECT_EQ(bell.substr(bell.size() - 6), "badcfe");
   ASSERT_TRUE(packAgain());
   EXPECT_TRUE(folder_.read("out/sfx.tvb") == folder_.read("was/sfx.tvb"));
-  EXPECT_TRUE(contents(folder_.read("out/sfx.tvb"), header("out/sfx.h")) ==
-              contents(folder_.read("was/sfx.tvb"), header("was/sfx.h")));
+  EXPECT_EQ(contents("out/sfx.tvb", "out/sfx.h"), contents("was/sfx.tvb", "was/sfx.h"));
 }
 
 TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
@@ -171,7 +168,7 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
     EXPECT_THAT(output_.messages, HasSubstr(row.note));
     EXPECT_THAT(output_.messages, Not(HasSubstr("asset 1")));
     ASSERT_TRUE(packAgain());
-    EXPECT_EQ(contents(folder_.read("out/sfx.tvb"), "").size(), row.isLeftOut ? 1 : 2);
+    EXPECT_EQ(contents("out/sfx.tvb", "out/sfx.h").size(), row.isLeftOut ? 1 : 2);
   }
 }
 

@@ -58,7 +58,8 @@ TEST_F(BuildTest, WritesWhatTheToolWritesAndReplacesOnlyWhatChanges) {
   EXPECT_EQ(std::regex_replace(depfile, std::regex(folder), "/"),
             "/sub/t: \\\n  /s.txt \\\n  /a.wav \\\n  /sub/b.dat\n\n/a.wav:\n\n/sub/b.dat:\n");
   EXPECT_THAT(folder_.read("b.h"), HasSubstr("Rev:\t1/1/1970 0:00 am - File"));
-  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub"));
+  EXPECT_THAT(filesIn("."),
+              ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub", "sub/b.dat", "sub/t"));
 
   for (const char* file : {"b.tvb", "b.h", "d", "sub/t"}) {
     age(file);
@@ -192,7 +193,7 @@ TEST_F(BuildTest, KeepsWhatIsReadOnlyAndItsCompany) {
   EXPECT_EQ(build({"s.txt"}), 2);
   EXPECT_THAT(output_.messages, HasSubstr("can't write b.h: "));
   EXPECT_TRUE(folder_.read("b.tvb") == bank);
-  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "s.txt", "sub", "x"));
+  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "s.txt", "sub", "sub/b.dat", "x"));
   fs::permissions("b.h", fs::perms::owner_write, fs::perm_options::add);
 }
 

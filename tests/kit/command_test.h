@@ -48,12 +48,29 @@ class CommandTest : public testing::Test {
     folder_.write(name, content);
   }
 
+  /// Returns the names of all files and folders in a folder and below it.
   static std::set<std::string> filesIn(const std::string& folder) {
     std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      names.insert(entry.path().filename().string());
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      names.insert(entry.path().lexically_relative(folder).generic_string());
     }
     return names;
+  }
+
+  struct Refusal {
+    Lines arguments;
+    std::string message;  ///< a part of what is printed
+  };
+
+  /// Expects that the command can't be answered with any of these arguments, and writes nothing.
+  void expectRefused(const Lines& command, const std::vector<Refusal>& refusals) {
+    const std::set<std::string> before = filesIn(".");
+    for (const auto& [arguments, message] : refusals) {
+      SCOPED_TRACE(testing::PrintToString(arguments));
+      EXPECT_EQ(run(command, arguments), 2);
+      EXPECT_THAT(output_.messages, testing::HasSubstr(message));
+      EXPECT_EQ(filesIn("."), before);
+    }
   }
 
   /// Returns what the JSON document of `tavkit check` lists: "code line:column", separated by

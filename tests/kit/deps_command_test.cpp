@@ -32,19 +32,13 @@ TEST_F(DepsTest, ListsWhatARunOpens) {
 TEST_F(DepsTest, ExitCode2) {
   write("none.txt", "UserAsset a AssetEnd\nScriptEnd\n");
   write("odd.txt", "BankFileName b.tvb\nUserAsset a&b AssetEnd\nScriptEnd\n");
-  const struct {
-    Lines arguments;
-    std::string message;
-  } kRows[]{{{"none.txt"}, "none.txt doesn't name its bank"},
-            {{"odd.txt"}, "the name \"a&b\" has the character &"},
-            {{"none.txt", "--target", "a%b"}, "the name \"a%b\" has the character %"},
-            {{"none.txt", "--target", "b", "-o", "./none.txt"}, "would replace ./none.txt"},
-            {{"none.txt", "--target", "b", "-o", "no/b.d"}, "can't write no/b.d"},
-            {{"missing.txt"}, "can't read missing.txt"}};
-  for (const auto& row : kRows) {
-    EXPECT_EQ(deps(row.arguments), 2);
-    EXPECT_THAT(output_.messages, HasSubstr(row.message));
-  }
+  expectRefused({"deps", "-C", folder_.path()},
+                {{{"none.txt"}, "none.txt doesn't name its bank"},
+                 {{"odd.txt"}, "the name \"a&b\" has the character &"},
+                 {{"none.txt", "--target", "a%b"}, "the name \"a%b\" has the character %"},
+                 {{"none.txt", "--target", "b", "-o", "./none.txt"}, "would replace ./none.txt"},
+                 {{"none.txt", "--target", "b", "-o", "no/b.d"}, "can't write no/b.d"},
+                 {{"missing.txt"}, "can't read missing.txt"}});
 }
 
 }  // namespace

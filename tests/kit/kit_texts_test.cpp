@@ -62,16 +62,6 @@ TEST(DisplayTextTest, ShowsDurations) {
   EXPECT_EQ(durationText(3723.5), "62:03.500");
 }
 
-TEST(TextTableTest, AlignsColumnsByCharacters) {
-  TextTable table({{"id", Alignment::right}, {"name"}, {"last"}});
-  table.add({"7", "\xC3\xA9", "x"});
-  table.add({"123", "abcdef", ""});
-  EXPECT_EQ(table.text(),
-            " id  name    last\n"
-            "  7  \xC3\xA9       x\n"
-            "123  abcdef\n");
-}
-
 TEST(TextTableTest, LetsOneLongCellWidenNoOtherLineByMoreThan200Characters) {
   TextTable table({{"a"}, {"b"}});
   table.add({std::string(1000, 'x'), "1"});

@@ -78,15 +78,10 @@ TEST_F(NewTest, ExplainsWhyAFileIsNotListed) {
       {std::string(80, 'm') + ".wav", wavOf(2), "84 characters", std::string(67, 'm') + ".wav"},
       {"o.wav", aif, "this is an AIFF file", "mv -n o.wav o.aif"},
       {"n.AIF", wavOf(2), "this is a WAV file", "mv -n n.AIF n.wav"},
-      {"p.flac", "fLaC", "this is a FLAC file", "sox -t flac p.flac -b 16 p.wav"},
       {"p-.flac", "fLaC", "this is a FLAC file", "sox -t flac p-.flac -b 16 p_.wav"},
       {"p_.mp3", "ID3", "this is an MP3 file", "ffmpeg -nostdin -i p_.mp3 -c:a pcm_s16le p__2.wav"},
-      {"q.mp3", "ID3", "this is an MP3 file", "ffmpeg -nostdin -i q.mp3 -c:a pcm_s16le q.wav"},
       {"r.wav", "", "the file has 0 bytes"},
-      {"t.wav", wavOf(9).substr(0, 50), "ends before the last of its samples", "Export"},
       {"u.mid", test::midi(96, 1).track(test::events().endOfTrack()), "of type 1", "python3 -c"},
-      {"v.aif", test::aiff().comm(mono, 2, 16).mark({{1, 2}, {2, 2}}).inst({1, 1, 2}).ssnd("abcd"),
-       "a loop from sample 2 to 2", "remove Loop 1"},
   };
 #ifndef _WIN32
   const std::string deep = std::string(200, 'd') + '/';
@@ -186,31 +181,24 @@ TEST_F(NewTest, RefusesWhatItCannotWrite) {
   write("a.dat", "a");
   write("old.txt", "old");
   write("open.txt", "BankFileName s.tvb\nUserAsset a.dat\n");
-  const struct {
-    Lines options;
-    const char* message;
-  } rows[] = {{{}, "no script to write"},
-              {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},
-              {{"-o", "no/s.txt"}, "can't write no/s.txt"},
-              {{"-o", "s.txt", "none.dat"}, "none.dat: there is no such file"},
-              {{"-o", "1.txt"}, "all defines begin with 1_"},
-              {{"-o", "a-b.txt"}, "Name the bank a_b.tvb"},
-              {{"-o", ".txt"}, "a bank can't be called "},
-              {{"-o", "s.txt", "--bank", "a b"}, "a bank can't be called a b"},
-              {{"-o", "s.txt", "--bank", "x/y"}, "goes into the header"},
-              {{"-o", "s.txt", "--bank", std::string(77, 'n')}, "more than 79 characters"},
-              {{"-o", "s.h"}, "the header and the script are one file"},
-              {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
-              {{"-o", "s.txt", "--add"}, "there is no such file"},
-              {{"-o", "old.txt", "--add"}, "line 1, column 1: old is"},
-              {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
-              {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.message);
-    EXPECT_EQ(run({"new", "a.dat"}, row.options), 2);
-    EXPECT_THAT(output_.messages, HasSubstr(row.message));
-    EXPECT_EQ(filesIn(".").size(), 3);
-  }
+  expectRefused(
+      {"new", "a.dat"},
+      {{{}, "no script to write"},
+       {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},
+       {{"-o", "no/s.txt"}, "can't write no/s.txt"},
+       {{"-o", "s.txt", "none.dat"}, "none.dat: there is no such file"},
+       {{"-o", "1.txt"}, "all defines begin with 1_"},
+       {{"-o", "a-b.txt"}, "Name the bank a_b.tvb"},
+       {{"-o", ".txt"}, "a bank can't be called "},
+       {{"-o", "s.txt", "--bank", "a b"}, "a bank can't be called a b"},
+       {{"-o", "s.txt", "--bank", "x/y"}, "goes into the header"},
+       {{"-o", "s.txt", "--bank", std::string(77, 'n')}, "more than 79 characters"},
+       {{"-o", "s.h"}, "the header and the script are one file"},
+       {{"-o", "s.txt", "--prefix", "1"}, "Set another prefix"},
+       {{"-o", "s.txt", "--add"}, "there is no such file"},
+       {{"-o", "old.txt", "--add"}, "line 1, column 1: old is"},
+       {{"-o", "open.txt", "--add"}, "line 2, column 1: a.dat: the block has no AssetEnd"},
+       {{"-o", "old.txt", "--add", "--bank", "x"}, "--bank is for new scripts"}});
   EXPECT_EQ(folder_.read("old.txt"), "old");
 }
 

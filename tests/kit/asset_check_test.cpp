@@ -66,11 +66,11 @@ class AssetCheckTest : public CommandTest {
 TEST_F(AssetCheckTest, FindsExactlyWhatIsWrong) {
   for (const AssetRow& row : kAssetRows) {
     SCOPED_TRACE(row.name);
-    write(row.file, row.content);
+    write(row.file(), row.content);
     check(row.block);
     EXPECT_EQ(found_, row.found);
     EXPECT_THAT(said_, HasSubstr(row.said));
-    fs::remove(row.file);
+    fs::remove(row.file());
   }
 }
 
@@ -80,10 +80,10 @@ TEST_F(AssetCheckTest, AgreesWithTheToolOnEveryDamagedFile) {
   for (const AssetRow& row : kAssetRows) {
     SCOPED_TRACE(row.name);
     const auto checkBytes = [&](const std::string& bytes) {
-      cache.add(row.file, {blockOf(bytes), bytes.size()});
+      cache.add(row.file(), {blockOf(bytes), bytes.size()});
       check(row.block);
     };
-    write(row.file, row.content);
+    write(row.file(), row.content);
     for (std::size_t i = 0; i < row.content.size() && !HasFailure(); ++i) {
       checkBytes(row.content.substr(0, i));
       for (const int flipped : {0x01, 0x80, 0xFF}) {
@@ -92,8 +92,8 @@ TEST_F(AssetCheckTest, AgreesWithTheToolOnEveryDamagedFile) {
         checkBytes(damaged);
       }
     }
-    cache.remove(row.file);
-    fs::remove(row.file);
+    cache.remove(row.file());
+    fs::remove(row.file());
   }
   setFileCache(nullptr);
 }

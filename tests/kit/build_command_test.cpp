@@ -109,36 +109,28 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
   write("list", "./a.wav\r\nsub/../sub/c.dat\n");
   write("all", "a.wav\nsub/b.dat\n");
   const std::string warning = "warned.txt:1:29: warning: a.wav: ";
-  const struct {
-    int code;
-    Lines arguments;
-    std::string message;
-  } kRows[]{
-      {1, {"bad.txt"}, "bad.txt:1:40: error: a.wav: "},
-      {1, {"bad.txt", "--format", "json"}, "\"code\": \"bad-flag\""},
-      {1, {"bad.txt", "--no-check"}, "Error: Failed to parse script...\ntavkit: "},
-      {1, {"none.txt", "--no-check", "--stamp", "x"}, "Failed to parse script"},
-      {1, {"warned.txt", "--werror", "--stamp", "x"}, warning},
-      {1, {"s.txt", "--max-bytes", "3"}, "[over-budget]"},
-      {1, {"s.txt", "--declared", "list"}, "b.dat isn't listed in list\n"},
-      {2, {"s.txt", "--declared", "gone"}, "can't read gone"},
-      {2, {"gone.txt"}, "can't read gone.txt"},
-      {2, {"s.txt", "--allow", "flag"}, "there is no code flag"},
-      {2, {"s.txt", "--stamp", "no/x"}, "can't write no/x: "},
-      {2, {"s.txt", "--bank-dir", "no"}, "can't write no/b.tvb: "},
-      {2, {"s.txt", "--stamp", "x", "--depfile", "x"}, "two files of the build are one: x and x"},
-      {2, {"s.txt", "--stamp", "b.tvb"}, "two files of the build are one: b.tvb and b.tvb"},
-      {2, {"s.txt", "--depfile", "sub/b.dat"}, "two files of the build are one: sub/b.dat and sub"},
-      {2, {"s.txt", "--declared", "all", "--depfile", "all"}, "are one: all and all"},
-      {2, {"s.txt", "--depfile", "x", "--stamp", "a%"}, "has the character %"},
-  };
-  const auto before = filesIn(".");
-  for (const auto& [code, arguments, message] : kRows) {
-    SCOPED_TRACE(testing::PrintToString(arguments));
-    EXPECT_EQ(build(arguments), code);
-    EXPECT_THAT(output_.messages, HasSubstr(message));
-    EXPECT_EQ(filesIn("."), before);
-  }
+  expectAnswers(
+      {"build"},
+      {
+          {{"bad.txt"}, "bad.txt:1:40: error: a.wav: ", 1},
+          {{"bad.txt", "--format", "json"}, "\"code\": \"bad-flag\"", 1},
+          {{"bad.txt", "--no-check"}, "Error: Failed to parse script...\ntavkit: ", 1},
+          {{"none.txt", "--no-check", "--stamp", "x"}, "Failed to parse script", 1},
+          {{"warned.txt", "--werror", "--stamp", "x"}, warning, 1},
+          {{"s.txt", "--max-bytes", "3"}, "[over-budget]", 1},
+          {{"s.txt", "--declared", "list"}, "b.dat isn't listed in list\n", 1},
+          {{"s.txt", "--declared", "gone"}, "can't read gone"},
+          {{"gone.txt"}, "can't read gone.txt"},
+          {{"s.txt", "--allow", "flag"}, "there is no code flag"},
+          {{"s.txt", "--stamp", "no/x"}, "can't write no/x: "},
+          {{"s.txt", "--bank-dir", "no"}, "can't write no/b.tvb: "},
+          {{"s.txt", "--stamp", "x", "--depfile", "x"}, "two files of the build are one: x and x"},
+          {{"s.txt", "--stamp", "b.tvb"}, "two files of the build are one: b.tvb and b.tvb"},
+          {{"s.txt", "--depfile", "sub/b.dat"},
+           "two files of the build are one: sub/b.dat and sub"},
+          {{"s.txt", "--declared", "all", "--depfile", "all"}, "are one: all and all"},
+          {{"s.txt", "--depfile", "x", "--stamp", "a%"}, "has the character %"},
+      });
   EXPECT_EQ(build({"warned.txt"}), 0);
   EXPECT_THAT(output_.messages, HasSubstr(warning));
   EXPECT_EQ(build({"warned.txt", "--no-check"}), 0);

@@ -40,35 +40,28 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
 }
 
 TEST_F(CheckFormsTest, ExitCodes) {
-  const struct {
-    Lines arguments;
-    int status;
-    std::string messages;  ///< how they begin
-  } rows[] = {
-      {{"a b.txt"}, 0, "0 errors, 1 warning\n"},
-      {{"--werror", "a b.txt"}, 1, "0 errors, 1 warning\n"},
-      {{"--werror", "--allow", "bank-name", "a b.txt"}, 0, "0 errors, 0"},
-      {{"here.txt", "all.txt"}, 0, "0 errors, 0 warnings\n"},
-      {{"blank.txt"}, 0, "0 errors, 1 warning\n"},
-      {{"error.txt"}, 0, "0 errors, 1 warning\n"},
-      {{"--allow", "unaligned,bank-name", "a b.txt"}, 0, "0 errors, 0"},
-      {{"--allow", "bank-name,", "a b.txt"}, 2, "tavkit: there is no code"},
-      {{"--json", "--format", "sarif", "a b.txt"}, 2, "tavkit: --json contra"},
-      {{"--max-bytes", "1K", "all.txt"}, 0, "0 errors"},
-      {{"--max-bytes", "1G", "all.txt"}, 2, "tavkit: --max-bytes takes"},
-      {{"--max-bytes", "18446744073709551615K", "all.txt"}, 2, "tavkit: --max"},
-      {{"--allow", "bank-nam", "all.txt"}, 2, "tavkit: there is no code bank-nam; did you mean b"},
-      {{"--allow", "missing-file", "all.txt"}, 2, "tavkit: missing-file is an"},
-      {{"--prefix", std::string(81, 'p'), "all.txt"}, 2, "tavkit: the prefix"},
-      {{"--list-codes", "--json"}, 2, "tavkit: --list-codes"},
-      {{"all.txt", "none.txt"}, 2, "tavkit: can't read none.txt"},
-      {{}, 2, "tavkit: no script"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(testing::PrintToString(row.arguments));
-    EXPECT_EQ(run({"check"}, row.arguments), row.status);
-    EXPECT_THAT(output_.messages, StartsWith(row.messages));
-  }
+  expectAnswers(
+      {"check"},
+      {
+          {{"a b.txt"}, "0 errors, 1 warning\n", 0},
+          {{"--werror", "a b.txt"}, "0 errors, 1 warning\n", 1},
+          {{"--werror", "--allow", "bank-name", "a b.txt"}, "0 errors, 0", 0},
+          {{"here.txt", "all.txt"}, "0 errors, 0 warnings\n", 0},
+          {{"blank.txt"}, "0 errors, 1 warning\n", 0},
+          {{"error.txt"}, "0 errors, 1 warning\n", 0},
+          {{"--allow", "unaligned,bank-name", "a b.txt"}, "0 errors, 0", 0},
+          {{"--allow", "bank-name,", "a b.txt"}, "tavkit: there is no code"},
+          {{"--json", "--format", "sarif", "a b.txt"}, "tavkit: --json contra"},
+          {{"--max-bytes", "1K", "all.txt"}, "0 errors", 0},
+          {{"--max-bytes", "1G", "all.txt"}, "tavkit: --max-bytes takes"},
+          {{"--max-bytes", "18446744073709551615K", "all.txt"}, "tavkit: --max"},
+          {{"--allow", "bank-nam", "all.txt"}, "tavkit: there is no code bank-nam; did you mean b"},
+          {{"--allow", "missing-file", "all.txt"}, "tavkit: missing-file is an"},
+          {{"--prefix", std::string(81, 'p'), "all.txt"}, "tavkit: the prefix"},
+          {{"--list-codes", "--json"}, "tavkit: --list-codes"},
+          {{"all.txt", "none.txt"}, "tavkit: can't read none.txt"},
+          {{}, "tavkit: no script"},
+      });
 }
 
 TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
@@ -82,10 +75,8 @@ TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
     EXPECT_THAT(output_.results, StartsWith(code + " ("));
   }
   EXPECT_EQ(count, 54U);  // 27 errors and 27 warnings
-  EXPECT_EQ(run({"explain"}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("check --list-codes"));
-  EXPECT_EQ(run({"explain", "adpcm-lop"}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("did you mean adpcm-loop?"));
+  expectAnswers({"explain"},
+                {{{}, "check --list-codes"}, {{"adpcm-lop"}, "did you mean adpcm-loop?"}});
 }
 
 }  // namespace

@@ -57,17 +57,18 @@ class CommandTest : public testing::Test {
     return names;
   }
 
-  struct Refusal {
+  struct Answer {
     Lines arguments;
     std::string message;  ///< a part of what is printed
+    int code = 2;
   };
 
-  /// Expects that the command can't be answered with any of these arguments, and writes nothing.
-  void expectRefused(const Lines& command, const std::vector<Refusal>& refusals) {
+  /// Expects the answers of a command, and that it writes nothing.
+  void expectAnswers(const Lines& command, const std::vector<Answer>& answers) {
     const std::set<std::string> before = filesIn(".");
-    for (const auto& [arguments, message] : refusals) {
+    for (const auto& [arguments, message, code] : answers) {
       SCOPED_TRACE(testing::PrintToString(arguments));
-      EXPECT_EQ(run(command, arguments), 2);
+      EXPECT_EQ(run(command, arguments), code);
       EXPECT_THAT(output_.messages, testing::HasSubstr(message));
       EXPECT_EQ(filesIn("."), before);
     }

@@ -32,7 +32,7 @@ TEST_F(DepsTest, ListsWhatARunOpens) {
 TEST_F(DepsTest, ExitCode2) {
   write("none.txt", "UserAsset a AssetEnd\nScriptEnd\n");
   write("odd.txt", "BankFileName b.tvb\nUserAsset a&b AssetEnd\nScriptEnd\n");
-  expectRefused({"deps", "-C", folder_.path()},
+  expectAnswers({"deps", "-C", folder_.path()},
                 {{{"none.txt"}, "none.txt doesn't name its bank"},
                  {{"odd.txt"}, "the name \"a&b\" has the character &"},
                  {{"none.txt", "--target", "a%b"}, "the name \"a%b\" has the character %"},

@@ -200,7 +200,7 @@ TEST_F(ExtractScriptTest, AssetsWithOneDefineShareAFileThatServesThem) {
 TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
   pack({{userAsset, "x"}}, {"A_DAT"});
   write("out/old.txt", "old");
-  expectRefused({"extract", "was/sfx.tvb"},
+  expectAnswers({"extract", "was/sfx.tvb"},
                 {
                     {{"--raw", "--script", "out/s.txt"}, "--script doesn't go with --raw"},
                     {{"-o", "a b", "--script", "out/s.txt"}, "can't name files in"},
@@ -212,7 +212,7 @@ TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
                      "out/old.txt exists already; --force replaces"},
                 });
   fs::rename("was/sfx.tvb", "was/s fx.tvb");
-  expectRefused({"extract", "was/s fx.tvb", "--script", "out/s.txt"},
+  expectAnswers({"extract", "was/s fx.tvb", "--script", "out/s.txt"},
                 {{{}, "no script can name a bank s fx.tvb"}});
 }
 

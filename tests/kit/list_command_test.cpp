@@ -132,7 +132,7 @@ TEST_F(ListTest, ReadsTheDefinesFromTheHeaderOfTheBank) {
 
 TEST_F(ListTest, FailsWithoutResults) {
   write("text", std::string(64, 'x'));
-  expectRefused({"list"}, {{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
+  expectAnswers({"list"}, {{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
                            {{bank_, bank_}, "too many operands"},
                            {{bank_, "--jsn"}, "did you mean --json?"},
                            {{bank_, "--json=1"}, "--json takes no value"},
@@ -145,7 +145,7 @@ TEST_F(ListTest, FailsWithoutResults) {
                            {{"--", "--json"}, "can't read --json: "},
                            {{"[x]"}, "can't read [x]: "},
                            {{"/none"}, "can't read /none: "}});
-  expectRefused(
+  expectAnswers(
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
   EXPECT_EQ(run({"--help"}), 0);
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));

@@ -181,7 +181,7 @@ TEST_F(NewTest, RefusesWhatItCannotWrite) {
   write("a.dat", "a");
   write("old.txt", "old");
   write("open.txt", "BankFileName s.tvb\nUserAsset a.dat\n");
-  expectRefused(
+  expectAnswers(
       {"new", "a.dat"},
       {{{}, "no script to write"},
        {{"-o", "old.txt"}, "old.txt exists already; --add adds to it"},

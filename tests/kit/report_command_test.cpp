@@ -73,7 +73,7 @@ TEST_F(ReportTest, RefusesWhatItCantAnswer) {
   write("b.tvb", bankOf({{6, "four"}}));
   write("a.dat", "four");
   write("s.txt", "BankFileName b.tvb\nUserAsset a.dat AssetEnd\nUserAsset gone AssetEnd\n");
-  expectRefused({"report", "b.tvb"}, {{{"--header", "gone.h"}, "gone.h"},
+  expectAnswers({"report", "b.tvb"}, {{{"--header", "gone.h"}, "gone.h"},
                                       {{"--script", "gone.txt"}, "gone.txt"},
                                       {{"--audio-limit", "1k"}, "--audio-limit takes"},
                                       {{"--prefix", "P"}, "--prefix needs --script"},

@@ -159,20 +159,16 @@ TEST_F(BuildTest, FollowsALinkBeforeAParentFolder) {
 }
 
 TEST_F(BuildTest, TakesTheTimeOfTheEnvironment) {
-  const std::map<std::string, std::string> rows{{"951782459", "2/29/2000 0:00 am"},
-                                                {"253402300799", "12/31/9999 11:59 pm"},
-                                                {"253402300800", ""},
-                                                {"-1", ""},
-                                                {"1x", ""},
-                                                {" 1", ""},
-                                                {"99999999999999999999", ""}};
-  for (const auto& [value, expected] : rows) {
-    SCOPED_TRACE(value);
-    setEnvironment("SOURCE_DATE_EPOCH=" + value);
+  for (const auto& [value, time] : {std::pair("951782459", "\t2/29/2000 0:00 am -"),
+                                    std::pair("253402300799", "\t12/31/9999 11:59 pm -")}) {
+    setEnvironment(std::string("SOURCE_DATE_EPOCH=") + value);
     fs::remove("b.h");
-    EXPECT_EQ(build({"s.txt"}), expected.empty() ? 2 : 0);
-    EXPECT_THAT(expected.empty() ? output_.messages : folder_.read("b.h"),
-                HasSubstr(expected.empty() ? "not " + value + '\n' : "\t" + expected + " -"));
+    EXPECT_EQ(build({"s.txt"}), 0);
+    EXPECT_THAT(folder_.read("b.h"), HasSubstr(time));
+  }
+  for (const std::string value : {"253402300800", "-1", "1x", " 1", "99999999999999999999"}) {
+    setEnvironment("SOURCE_DATE_EPOCH=" + value);
+    expectAnswers({"build"}, {{{"s.txt"}, "not " + value + '\n'}});
   }
 }
 
@@ -182,10 +178,8 @@ TEST_F(BuildTest, KeepsWhatIsReadOnlyAndItsCompany) {
   fs::permissions("b.h", fs::perms::owner_read, fs::perm_options::replace);
   EXPECT_EQ(build({"s.txt", "--stamp", "x"}), 0) << "b.h need not change";
   write("s.txt", "BankFileName b.tvb UserAsset a.wav AssetEnd ScriptEnd\n");
-  EXPECT_EQ(build({"s.txt"}), 2);
-  EXPECT_THAT(output_.messages, HasSubstr("can't write b.h: "));
+  expectAnswers({"build"}, {{{"s.txt"}, "can't write b.h: "}});
   EXPECT_TRUE(folder_.read("b.tvb") == bank);
-  EXPECT_THAT(filesIn("."), ElementsAre("a.wav", "b.h", "b.tvb", "s.txt", "sub", "sub/b.dat", "x"));
   fs::permissions("b.h", fs::perms::owner_write, fs::perm_options::add);
 }
 

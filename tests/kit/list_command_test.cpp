@@ -118,15 +118,13 @@ TEST_F(ListTest, PrintsJson) {
 }
 
 TEST_F(ListTest, ReadsTheDefinesFromTheHeaderOfTheBank) {
-  const struct {
-    Lines options;
-    const char* define;  ///< of asset 0
-  } rows[] = {{{}, "null"}, {{"--header", "other.h"}, "\"OTHER\""}, {{"--no-header"}, "null"}};
   write("other.h", "#define OTHER 0\n");
   write("sfx.h", "#define SFX_BY_HAND 0\n");
-  for (const auto& row : rows) {
-    ASSERT_EQ(run({"list", bank_, "--json"}, row.options), 0);
-    EXPECT_EQ(Json::parse(output_.results)["assets"][0]["define"].dump(), row.define);
+  const std::map<Lines, const char*> rows{
+      {{}, "null"}, {{"--header", "other.h"}, "\"OTHER\""}, {{"--no-header"}, "null"}};
+  for (const auto& [options, define] : rows) {
+    ASSERT_EQ(run({"list", bank_, "--json"}, options), 0);
+    EXPECT_EQ(Json::parse(output_.results)["assets"][0]["define"].dump(), define);
   }
 }
 

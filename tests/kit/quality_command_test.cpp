@@ -41,38 +41,26 @@ TEST_F(QualityTest, ComparesSoundsWithTheirFilesAndGatesByTheExactRatio) {
   write("none.txt", "BankFileName s ");
   const std::string above = std::to_string(kWorked + 1e-4);
   const std::string below = std::to_string(kWorked - 1e-4);
-  const struct {
-    Lines arguments;
-    int code;
-    std::vector<const char*> results;
-  } rows[] = {
-      {{"quality", "s.txt"},
-       0,
-       {"  dB  worst error  at sample  clipped  id  define       file\n"
-        "3.16       -29727          4        0   2  S_B_WAV      b.wav\n"
-        "3.16       -29727          4        0   5  S_C_AIF      .\\c.aif\n"
-        "   -           15          0        0   0  S_ZERO_WAV   zero.wav\n"
-        "   -            0          0        0   4  S_EXACT_WAV  exact.wav\n"}},
-      {{"quality", "s.txt", "--below", above}, 1, {}},
-      {{"quality", "s.txt", "--below", below}, 0, {}},
-      {{"quality", "none.txt", "--below", "99"}, 0, {"no wave"}},
-      {{"quality", "s.txt", "--below", ""}, 2, {}},
-      {{"quality", "s.txt", "--below", "1dB"}, 2, {}},
-      {{"quality", "s.txt", "--below", "nan"}, 2, {}},
-      {{"quality", "s.txt", "--below", "+1"}, 2, {}},
-      {{"quality", "s.txt", "--below", "0x1"}, 2, {}},
-      {{"quality", "gone.txt"}, 2, {}},
-      {{"check", "s.txt", "--below", above},
-       1,
-       {":5:2: warning: b.wav: compression leaves 3.16 dB, ", ":8:18: warning: .\\c.aif: compr"}},
-  };
-  for (const auto& [arguments, code, results] : rows) {
-    SCOPED_TRACE(testing::PrintToString(arguments));
-    EXPECT_EQ(run(arguments), code);
-    for (const char* result : results) {
-      EXPECT_THAT(output_.results, HasSubstr(result));
-    }
-  }
+  EXPECT_EQ(run({"quality", "s.txt"}), 0);
+  EXPECT_THAT(output_.results,
+              HasSubstr("  dB  worst error  at sample  clipped  id  define       file\n"
+                        "3.16       -29727          4        0   2  S_B_WAV      b.wav\n"
+                        "3.16       -29727          4        0   5  S_C_AIF      .\\c.aif\n"
+                        "   -           15          0        0   0  S_ZERO_WAV   zero.wav\n"
+                        "   -            0          0        0   4  S_EXACT_WAV  exact.wav\n"));
+  expectAnswers({"quality"}, {{{"s.txt", "--below", above}, "", 1},
+                              {{"s.txt", "--below", below}, "", 0},
+                              {{"s.txt", "--below", ""}, "--below"},
+                              {{"s.txt", "--below", "1dB"}, "--below"},
+                              {{"s.txt", "--below", "nan"}, "--below"},
+                              {{"s.txt", "--below", "+1"}, "--below"},
+                              {{"s.txt", "--below", "0x1"}, "--below"},
+                              {{"gone.txt"}, ""},
+                              {{"none.txt", "--below", "99"}, "", 0}});
+  EXPECT_THAT(output_.results, HasSubstr("no wave"));
+  EXPECT_EQ(run({"check", "s.txt", "--below", above}), 1);
+  EXPECT_THAT(output_.results, HasSubstr(":5:2: warning: b.wav: compression leaves 3.16 dB, "));
+  EXPECT_THAT(output_.results, HasSubstr(":8:18: warning: .\\c.aif: compr"));
   run({"check", "s.txt", "--below", below});
   EXPECT_THAT(output_.results, testing::Not(HasSubstr("low-quality")));
 }

@@ -17,7 +17,7 @@ struct Version {
       : assets(std::move(all)), defines(std::move(names)) {}
 
   /// User assets: "A=a =b/3" has the blob a under the define A, and b with 3 as first parameter.
-  Version(const std::string& text) {  // NOLINT(google-explicit-constructor)
+  Version(const std::string& text) {
     std::istringstream words(text);
     for (std::string word; words >> word;) {
       const std::size_t equal = word.find('=');
@@ -29,7 +29,7 @@ struct Version {
       }
     }
   }
-  Version(const char* text) : Version(std::string(text)) {}  // NOLINT(google-explicit-constructor)
+  Version(const char* text) : Version(std::string(text)) {}
 
   std::vector<BankAsset> assets;
   Lines defines;

@@ -106,6 +106,7 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
   write("warned.txt", "BankFileName b.tvb WaveFile a.wav AssetEnd ScriptEnd\n");
   write("odd.txt", "BankFileName b.tvb UserAsset sub\\b|.dat AssetEnd ScriptEnd\n");
   write("none.txt", "; none\n");
+  write("long.txt", "BankFileName " + std::string(77, 'g') + ".tvb\nScriptEnd\n");
   write("list", "./a.wav\r\nsub/../sub/c.dat\n");
   write("all", "a.wav\nsub/b.dat\n");
   const std::string warning = "warned.txt:1:29: warning: a.wav: ";
@@ -115,6 +116,9 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
           {{"bad.txt"}, "bad.txt:1:40: error: a.wav: ", 1},
           {{"bad.txt", "--format", "json"}, "\"code\": \"bad-flag\"", 1},
           {{"bad.txt", "--no-check"}, "Error: Failed to parse script...\ntavkit: ", 1},
+          {{"long.txt", "--no-check"},
+           "chars allowed\nError: Failed to write header...\ntavkit: ",
+           1},
           {{"none.txt", "--no-check", "--stamp", "x"}, "Failed to parse script", 1},
           {{"warned.txt", "--werror", "--stamp", "x"}, warning, 1},
           {{"s.txt", "--max-bytes", "3"}, "[over-budget]", 1},

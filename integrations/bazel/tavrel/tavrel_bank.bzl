@@ -39,8 +39,8 @@ def _tavrel_bank_impl(ctx):
         assets = [_linked(ctx, file) for file in assets]
 
     # tavkit changes to the folder of the script. All other paths lead back from it.
-    folder = script.dirname or "."
-    back = "../" * len(script.dirname.split("/")) if script.dirname else ""
+    folder = script.dirname
+    back = "../" * len(folder.split("/")) if folder != "." else ""
 
     declared = ctx.actions.declare_file(ctx.label.name + ".declared")
     names = ctx.actions.args()

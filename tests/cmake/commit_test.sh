@@ -1,29 +1,19 @@
 #!/usr/bin/env bash
 # The commit that a source tree takes for its own: in a clone, in an archive, and where there is none. And
 # the form in which tavkit prints it, where that is built: commit_test.sh [TAVKIT VERSION]
-set -euo pipefail
-root=$(realpath "$(dirname "$0")/../..")
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder"
+source "$(dirname "$0")/../support/sandbox.sh"
+cd "$sandbox"
 export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_SYSTEM=/dev/null
 unset GIT_DIR GIT_WORK_TREE
 
 commit_all() {
-  git -C "$1" init -q
+  git init -q "$1"
   git -C "$1" add .
   git -C "$1" -c user.name=A -c user.email=a@example.org commit -qm All
 }
 
-# expect TREE COMMIT: the commit of the tree is this one.
-expect() {
-  local found
-  found=$(cmake -D "tree=$PWD/$1" -P print.cmake 2>&1)
-  if [[ $found != "<$2>" ]]; then
-    echo "$1: $found instead of <$2>" >&2
-    exit 1
-  fi
-}
+# expect_commit TREE COMMIT
+expect_commit() { expect "$1" "<$2>" "$(cmake -D "tree=$PWD/$1" -P print.cmake 2>&1)"; }
 
 cat >print.cmake <<'END'
 cmake_minimum_required(VERSION 3.20)
@@ -41,22 +31,21 @@ commit_all outer
 git init -q no_commits
 git -C clone worktree add -q ../worktree
 git -C clone archive HEAD | tar -x -C archive
-commit=$(git -C clone rev-parse HEAD)
-commit=${commit:0:12}
+commit=$(git -C clone rev-parse HEAD | head -c 12)
 
-expect clone "$commit"
-expect worktree "$commit"
-GIT_DIR=$PWD/outer/.git expect clone "$commit"
-expect archive "$commit"
-expect outer/copy ""
-expect no_commits ""
+expect_commit clone "$commit"
+expect_commit worktree "$commit"
+GIT_DIR=$PWD/outer/.git expect_commit clone "$commit"
+expect_commit archive "$commit"
+expect_commit outer/copy ""
+expect_commit no_commits ""
 commit_all archive # an archive that is part of another repository
-expect archive "$commit"
+expect_commit archive "$commit"
 mkdir bin
 ln -s "$(type -P cmake)" bin
-PATH=$PWD/bin expect clone ""
+PATH=$PWD/bin expect_commit clone "" # without git
 
 if [[ $# -gt 0 ]]; then
-  [[ $("$1" --version) =~ ^"tavkit $2"(" ("[0-9a-f]{12}")")?$ ]]
-  [[ $("$1" list --version) == $("$1" --version) ]]
+  [[ $("$1" --version) =~ ^"tavkit $2"(" ("[0-9a-f]{12}")")?$ ]] || fail "$("$1" --version)"
+  expect "a command's version" "$("$1" --version)" "$("$1" list --version)"
 fi

@@ -1,20 +1,12 @@
 #!/usr/bin/env bash
 # Fails for a source that no CMakeLists.txt lists: it would never be built, and a test in it could
 # never fail. The list is in the source's folder or in the one above.
-set -euo pipefail
-cd "$(dirname "$0")/../.."
+source "$(dirname "$0")/../support/sandbox.sh"
+cd "$root"
 
-failed=0
 while read -r source; do
-  folder=$(dirname "$source")
-  list=$folder/CMakeLists.txt
-  [[ -e $list ]] || list=$(dirname "$folder")/CMakeLists.txt
-  name=$(basename "$source" .cpp)
-  name=${name%_bench}
-  name=${name%_fuzzer}
-  if ! grep -qw "$name" "$list"; then
-    echo "$list doesn't list $source" >&2
-    failed=1
-  fi
+  list=$(dirname "$source")/CMakeLists.txt
+  [[ -e $list ]] || list=$(dirname "$source")/../CMakeLists.txt
+  name=$(basename "$source" .cpp | sed -E 's/_(bench|fuzzer)$//')
+  grep -qw "$name" "$list" || fail "$list doesn't list $source"
 done < <(find . -path './build*' -prune -o -name '*.cpp' -print)
-exit "$failed"

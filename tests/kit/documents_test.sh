@@ -1,17 +1,14 @@
 #!/usr/bin/env bash
 # The man pages are well-formed, the completions work, and both are those that the program makes:
 #   documents_test.sh BUILD
-set -euo pipefail
+source "$(dirname "$0")/../support/sandbox.sh"
 build=$(realpath "$1")
-cd "$(dirname "$0")/../.."
+cd "$root"
 
 scripts/documents --check "$build"
 # mandoc knows only the pages that are installed. tests/docs checks whether the others exist.
-problems=$(mandoc -T lint -W all docs/*.1 | grep -v 'referenced manual not found') || true
-[[ -z $problems ]] || {
-  echo "$problems" >&2
-  exit 1
-}
+expect "what mandoc reports" "" \
+  "$(mandoc -T lint -W all docs/*.1 | grep -v 'referenced manual not found')"
 
 # What bash offers after the given words, the last one being typed.
 offered() {
@@ -22,13 +19,11 @@ offered() {
 }
 compopt() { :; } # works only while bash completes
 source kit/completions/tavkit.bash
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-touch "$folder"/{a.tvb,a.h,b.txt}
-[[ $(offered li) == list ]]
-[[ $(offered list --no-) == --no-header ]]
-[[ $(offered list "$folder/") == "$folder/a.tvb" ]]
-[[ $(offered list --header "$folder/a.h") == "$folder/a.h" ]]
+touch "$sandbox"/{a.tvb,a.h,b.txt}
+expect "a command" list "$(offered li)"
+expect "an option" --no-header "$(offered list --no-)"
+expect "an operand" "$sandbox/a.tvb" "$(offered list "$sandbox/")"
+expect "an option's value" "$sandbox/a.h" "$(offered list --header "$sandbox/a.h")"
 if type zsh >/dev/null 2>&1; then
   zsh -n kit/completions/_tavkit
 else

@@ -1,12 +1,9 @@
 #!/usr/bin/env bash
 # Runs the tool with special files, full disks and closed streams. It must never hang, crash, or print
 # "Done!" without a whole bank and header: strange_files.sh TOOL EXAMPLES
-set -euo pipefail
+source "$(dirname "$0")/../support/sandbox.sh"
 tool=$(realpath "$1")
 examples=$(realpath "$2")
-sandbox=$(mktemp -d)
-trap 'rm -rf "$sandbox"' EXIT
-failures=0
 
 # Packs the example bank in a new folder, after running $1 there, with the arguments or redirections
 # $2. Prints the hash of the bank, or the last word of the failure.
@@ -26,51 +23,40 @@ outcome() {
   fi
 }
 
-expect() {
-  local expected=$1 actual
-  actual=$(outcome "${@:2}")
-  if [[ $actual != "$expected" ]]; then
-    echo "${*:2}: expected $expected, but it is $actual" >&2
-    failures=$((failures + 1))
-  fi
-}
+expect_outcome() { expect "${*:2}" "$1" "$(outcome "${@:2}")"; }
 
 whole=$(outcome :)
 without_sequence=$(outcome "sed -i /Midi.*0/,/AssetEnd/d demo.txt")
-for bank in "$whole" "$without_sequence"; do
-  if [[ ! $bank =~ ^[0-9a-f]{64} || $whole == "$without_sequence" ]]; then
-    echo "The example isn't packed: $bank" >&2
-    exit 1
-  fi
-done
+if ! grep -qxE '[0-9a-f]{64}  - [0-9a-f]{64}  -' <<<"$whole $without_sequence" ||
+  [[ $whole == "$without_sequence" ]]; then
+  fail "The example isn't packed: $whole $without_sequence"
+fi
 
 for make in : mkdir mkfifo 'ln -s /dev/zero' 'ln -s loop' 'ln -s /proc/self/mem'; do
   for name in demo.txt boom.wav engine.aif level.dat; do
-    expect script "rm $name; ln -s loop loop; $make $name"
+    expect_outcome script "rm $name; ln -s loop loop; $make $name"
   done
   # Only a sequence that can't be read is left out.
-  expect "$without_sequence" "rm theme.mid; ln -s loop loop; $make theme.mid"
+  expect_outcome "$without_sequence" "rm theme.mid; ln -s loop loop; $make theme.mid"
 done
 
 for make in mkdir mkfifo 'ln -s /dev/full'; do
-  expect bank "$make demo.tvb"
-  expect header "$make demo.h"
+  expect_outcome bank "$make demo.tvb"
+  expect_outcome header "$make demo.h"
 done
 for folder in none/ /proc/; do
-  expect bank : "bankPath $folder"
-  expect header : "headerPath $folder"
+  expect_outcome bank : "bankPath $folder"
+  expect_outcome header : "headerPath $folder"
 done
-expect header 'ln -s /dev/null demo.tvb' # a bank without a length
-expect bank 'ulimit -f 1'
-expect "$whole" 'ln -s demo.txt demo.tvb; ln -s blip.wav demo.h' # outputs that are inputs
+expect_outcome header 'ln -s /dev/null demo.tvb' # a bank without a length
+expect_outcome bank 'ulimit -f 1'
+expect_outcome "$whole" 'ln -s demo.txt demo.tvb; ln -s blip.wav demo.h' # outputs that are inputs
 
 for redirection in '>&-' '2>&-' '>&- 2>&- <&-' '>/dev/full' '2>/dev/full'; do
-  expect "$whole" : "$redirection"
+  expect_outcome "$whole" : "$redirection"
 done
 for stream in 1 2; do
   # The reader of the pipe exits at once.
-  expect "$whole" 'mkfifo pipe; timeout 60 head -c 0 pipe >/dev/null &' "$stream>pipe"
+  expect_outcome "$whole" 'mkfifo pipe; timeout 60 head -c 0 pipe >/dev/null &' "$stream>pipe"
 done
-expect script 'rm demo.txt' '<&-'
-
-[[ $failures -eq 0 ]]
+expect_outcome script 'rm demo.txt' '<&-'

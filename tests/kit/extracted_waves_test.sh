@@ -52,7 +52,7 @@ for row in "1 2 3:blip.wav engine.wav" ":no folder"; do
   # shellcheck disable=SC2086 # ids are words
   answer=$( (ulimit -f 40 && "$tavkit" extract demo.tvb ${row%:*} -o full 2>&1) || echo "exit code $?")
   [[ $answer =~ ^"tavkit: can't write full/".*"exit code 2"$ ]] || fail "a full disk: $answer"
-  expect "files" "${row#*:}" "$(cd full 2>/dev/null && ls -A | xargs || echo no folder)"
+  expect "files" "${row#*:}" "$(cd full 2>/dev/null && ls -A | paste -sd " " - || echo no folder)"
   rm -rf full
 done
 

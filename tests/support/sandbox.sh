@@ -2,6 +2,7 @@
 # Sourced by the tests in bash: $root is the source tree, and $sandbox a folder that is deleted at the
 # end. A test that has called `fail` goes on, and fails when it ends.
 set -euo pipefail
+# shellcheck disable=SC2034 # used by the tests
 root=$(realpath "$(dirname "${BASH_SOURCE[0]}")/../..")
 sandbox=$(mktemp -d)
 failures=0

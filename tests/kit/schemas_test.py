@@ -16,7 +16,6 @@ import unittest
 import jsonschema
 
 SOURCE = pathlib.Path(__file__).parents[2]
-SCHEMAS = SOURCE / "kit" / "schemas"
 TAVREL, TAVKIT = (str(pathlib.Path(path).resolve()) for path in sys.argv[1:3])
 
 WAVE = struct.pack("<4sI4s4sIHHIIHH4sI", b"RIFF", 236, b"WAVE", b"fmt ", 16, 1, 1, 8000, 16000, 2,
@@ -36,52 +35,45 @@ ScriptEnd
 
 class SchemasTest(unittest.TestCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-        self.validators = {}
-        for path in SCHEMAS.glob("*.json"):
-            schema = json.loads(path.read_text())
-            jsonschema.Draft202012Validator.check_schema(schema)
-            self.validators[path.stem] = jsonschema.Draft202012Validator(schema)
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        for name in ("a.wav", "b.wav", "c.mid", "d.dat", "e.dat", "f.dat"):
+            content = {".wav": WAVE, ".mid": SEQUENCE, ".dat": b"opaque"}[name[1:]]
+            (self.folder / name).write_bytes(content)
+        self.bank = self.pack("old", SCRIPT)
 
     def pack(self, name, script):
-        folder = self.folder / name
-        folder.mkdir()
-        for asset in "abcdef":
-            extension = {"a": "wav", "b": "wav", "c": "mid"}.get(asset, "dat")
-            content = {"wav": WAVE, "mid": SEQUENCE}.get(extension, b"opaque")
-            (folder / f"{asset}.{extension}").write_bytes(content)
-        (folder / "sfx.txt").write_text(script)
-        subprocess.run([TAVREL, "sfx.txt"], cwd=folder, check=True, stdout=subprocess.DEVNULL)
-        return folder / "sfx.tvb"
+        (self.folder / name).mkdir()
+        (self.folder / f"{name}.txt").write_text(script)
+        tool = [TAVREL, f"{name}.txt", "bankPath", f"{name}/", "headerPath", f"{name}/"]
+        subprocess.run(tool, cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
+        return self.folder / name / "sfx.tvb"
 
     def validate(self, command, *operands):
-        run = subprocess.run([TAVKIT, command, "--json", *operands], capture_output=True)
+        run = subprocess.run([TAVKIT, command, "--json", *operands], capture_output=True, cwd=self.folder)
         self.assertIn(run.returncode, (0, 1, 2), run.stderr)
         if run.returncode == 2:
             self.assertEqual(run.stdout, b"")
             return None
-        document = json.loads(run.stdout.decode())
-        self.validators[command].validate(document)
+        document = json.loads(run.stdout)
+        jsonschema.validate(document, json.loads((SOURCE / f"kit/schemas/{command}.json").read_text()))
         return document
 
     def test_whole_banks(self):
-        bank = self.pack("old", SCRIPT)
         other = self.pack("new", SCRIPT.replace("UserAsset", "FxOutputBank d.dat AssetEnd UserAsset"))
-        self.assertEqual(len(self.validate("list", bank)["assets"]), 6)
-        self.assertIsNone(self.validate("list", "--no-header", bank)["assets"][0]["define"])
-        self.assertTrue(self.validate("verify", bank)["ok"])
-        new = self.validate("verify", "-C", other.parent, bank, "--script", other.with_name("sfx.txt"))
+        self.assertEqual(len(self.validate("list", self.bank)["assets"]), 6)
+        self.assertIsNone(self.validate("list", "--no-header", self.bank)["assets"][0]["define"])
+        self.assertTrue(self.validate("verify", self.bank)["ok"])
+        new = self.validate("verify", self.bank, "--script", "new.txt")
         self.assertEqual([one["code"] for one in new["findings"]], ["missing"])
-        self.assertTrue(self.validate("diff", bank, bank)["same"])
-        self.assertEqual(len(self.validate("diff", bank, other)["assets"]), 2)
-        self.assertIsNone(self.validate("diff", "--no-header", bank, bank)["rebuild"])
+        self.assertTrue(self.validate("diff", self.bank, self.bank)["same"])
+        self.assertEqual(len(self.validate("diff", self.bank, other)["assets"]), 2)
+        self.assertIsNone(self.validate("diff", "--no-header", self.bank, self.bank)["rebuild"])
+        wave, = self.validate("quality", "old.txt")["waves"]
+        self.assertEqual(wave["file"], "a.wav")
 
     def test_damaged_banks(self):
-        bank = self.pack("old", SCRIPT)
-        whole = bank.read_bytes()
-        damaged = bank.with_name("damaged.tvb")
+        whole = self.bank.read_bytes()
+        damaged = self.folder / "damaged.tvb"
         generator = random.Random(1)
         for _ in range(60):
             content = bytearray(whole)
@@ -90,22 +82,17 @@ class SchemasTest(unittest.TestCase):
             damaged.write_bytes(content)
             self.validate("list", damaged)
             self.validate("verify", damaged)
-            self.validate("diff", bank, damaged)
-
-    def test_quality(self):
-        script = self.pack("old", SCRIPT).with_name("sfx.txt")
-        wave, = self.validate("quality", script, "-C", script.parent)["waves"]
-        self.assertEqual(wave["file"], "a.wav")
+            self.validate("diff", self.bank, damaged)
 
     def test_check(self):
-        script = self.pack("old", SCRIPT).with_name("sfx.txt")
-        script.write_text(SCRIPT.replace("Loop 1", "Loop 10").replace("c.mid", "[n:1:2: \u00e9].mid"))
-        document = self.validate("check", "-C", script.parent, script.name)
+        script = SCRIPT.replace("Loop 1", "Loop 10").replace("c.mid", "[n:1:2: \u00e9].mid")
+        (self.folder / "bad.txt").write_text(script)
+        document = self.validate("check", "-C", self.folder, "bad.txt")
         self.assertGreaterEqual(document["warnings"], 1)
         self.assertGreaterEqual(document["errors"], 1)
-        text, sarif = (subprocess.run([TAVKIT, "check", "-C", script.parent, script.name, *form],
+        text, sarif = (subprocess.run([TAVKIT, "check", "--format", form, "-C", self.folder, "bad.txt"],
                                       capture_output=True, encoding="utf-8").stdout
-                       for form in ([], ["--format", "sarif"]))
+                       for form in ("text", "sarif"))  # fmt: skip
         self.match_lines(text, document["diagnostics"])
         self.judge_sarif(json.loads(sarif), document["diagnostics"])
 
@@ -124,8 +111,8 @@ class SchemasTest(unittest.TestCase):
         self.assertEqual(log["version"], "2.1.0")
         run, = log["runs"]
         self.assertEqual(run["columnKind"], "unicodeCodePoints")
-        rules = run["tool"]["driver"]["rules"]
         self.assertTrue(run["tool"]["driver"]["name"])
+        rules = run["tool"]["driver"]["rules"]
         self.assertEqual(len({rule["id"] for rule in rules}), len(rules))
         self.assertTrue(all(rule["fullDescription"]["text"] and rule["help"]["text"] for rule in rules))
         found = []
@@ -133,8 +120,8 @@ class SchemasTest(unittest.TestCase):
             self.assertEqual(rules[result["ruleIndex"]]["id"], result["ruleId"])
             place = result["locations"][0]["physicalLocation"]
             path = place["artifactLocation"]["uri"].removeprefix("file://")
-            found.append([result["ruleId"], result["level"], path,
-                          place["region"]["startLine"], place["region"]["startColumn"]])
+            found.append([result["ruleId"], result["level"], path, place["region"]["startLine"],
+                          place["region"]["startColumn"]])  # fmt: skip
             self.assertTrue(result["message"]["text"])
         keys = ("code", "severity", "file", "line", "column")
         self.assertEqual(found, [[one[key] for key in keys] for one in diagnostics])

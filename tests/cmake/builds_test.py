@@ -16,17 +16,17 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 INSTALLED = Path(sys.argv[1]).resolve()
 DOCUMENT = Path(sys.argv[2])
-SCRIPT = "sound assets/my sounds.txt"
-LEVEL = "sound assets/level_one.dat"
+ASSETS = "sound assets"
+LEVEL = f"{ASSETS}/level_one.dat"
 RECORDER = '#!/bin/sh\necho "{name} $*" >>"{log}"\nexec {program} "$@"\n'
 
 # How each build system is set up and run. %s is the folder of the build, except for make.
-CMAKE = "cmake -S . -B %s -DCMAKE_BUILD_TYPE=Debug -G "
+CMAKE = "cmake -S . -B %s -DCMAKE_BUILD_TYPE=Debug '-DTAVKIT_EXECUTABLE={tavkit}' -G "
 SYSTEMS = {
     "Ninja": ("cmake", CMAKE + "Ninja", "cmake --build %s"),
     "Ninja Multi-Config": ("cmake", CMAKE + "'Ninja Multi-Config'", "cmake --build %s"),
     "Makefiles": ("cmake", CMAKE + "'Unix Makefiles'", "cmake --build %s"),
-    "make": ("make", None, "make"),
+    "make": ("make", ": %s", """make 'TAVKIT="{tavkit}"' 'CC={compiler}' folder=%s"""),
     "Meson": ("meson", "meson setup %s", "ninja -C %s"),
 }
 
@@ -36,12 +36,14 @@ class Project:
 
     def __init__(self, work, system):
         self.system = system
-        folder, self.setup, self.command = SYSTEMS[system]
+        folder, setup, command = SYSTEMS[system]
         self.folder = work / f"{system} game"
         self.log = work / f"{system}.log"
         shutil.copytree(ROOT / "integrations" / folder, self.folder)
         tavkit = self.record(work / f"{system} tavkit", "packs", INSTALLED / "bin/tavkit")
         compiler = self.record(work / f"{system.replace(' ', '_')}_cc", "compiles", "cc")
+        self.setup = setup.format(tavkit=tavkit)
+        self.command = command.format(tavkit=tavkit, compiler=compiler)
         self.environment = dict(
             os.environ, TAVKIT=str(tavkit), CC=str(compiler),
             CMAKE_PREFIX_PATH=str(INSTALLED), PKG_CONFIG_PATH=str(INSTALLED / "share/pkgconfig"),
@@ -49,12 +51,9 @@ class Project:
         # A launcher that keeps objects would hide what is compiled.
         for variable in ("SOURCE_DATE_EPOCH", "CMAKE_C_COMPILER_LAUNCHER"):
             self.environment.pop(variable, None)
-        if folder == "cmake":
-            self.setup += f" '-DTAVKIT_EXECUTABLE={tavkit}'"
-        if folder == "make":
-            self.command += f" 'TAVKIT=\"{tavkit}\"' 'CC={compiler}'"
 
     def record(self, path, name, program):
+        """Makes a program that is another one, and writes its arguments to the log."""
         path.write_text(RECORDER.format(name=name, log=self.log, program=f"'{program}'"))
         path.chmod(0o755)
         return path
@@ -65,55 +64,43 @@ class Project:
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
         )  # fmt: skip
 
-    def configure(self, build="build"):
-        if self.setup:
-            done = self.run(self.setup % build)
-            if done.returncode != 0:
-                sys.exit(f"{self.system}: {done.stdout}")
+    def configure(self, build):
+        done = self.run(self.setup % build)
+        assert done.returncode == 0, (self.system, done.stdout)
 
-    def build(self, command=None):
+    def build(self, command):
         """Returns what a build runs, as a cell of the table."""
         time.sleep(0.02)  # of the clock of the file system
         self.log.write_text("")
-        command = command or (self.command % "build" if self.setup else self.command)
         done = self.run(command)
-        ran = self.log.read_text().splitlines()
-        packs = sum(line.startswith("packs") for line in ran)
-        compiles = sum(line.startswith("compiles") and " -c " in line for line in ran)
-        cell = [f"{n} {what}" for n, what in ((packs, "pack"), (compiles, "compile")) if n]
         if done.returncode != 0:
             named = re.search(r"^(.*: )?error: (\w+\.dat)", done.stdout, re.M)
-            cell = [f"fails, names {named.group(2)}" if named else f"fails: {done.stdout}"]
-        return ", ".join(cell) or "nothing"
+            return f"fails, names {named[2]}" if named else f"fails: {done.stdout}"
+        ran = self.log.read_text()
+        packs, compiles = (re.findall(line, ran, re.M) for line in ("^packs", "^compiles.* -c "))
+        counts = (len(packs), "pack"), (len(compiles), "compile")
+        return ", ".join(f"{n} {what}" for n, what in counts if n) or "nothing"
 
     def output(self, name):
         return next(p for p in self.folder.rglob(name) if "CMakeFiles" not in p.parts)
 
-    def edit(self, old, new):
-        script = self.folder / SCRIPT
-        text = script.read_text()
+    def edit(self, name, old, new):
+        text = (self.folder / name).read_text()
         assert old in text
-        script.write_text(text.replace(old, new))
+        (self.folder / name).write_text(text.replace(old, new))
 
+    def edit_script(self, old, new):
+        self.edit(f"{ASSETS}/my sounds.txt", old, new)
 
-def renamed(project):
-    level = project.folder / LEVEL
-    level.rename(level.with_name("level_1.dat"))
-    project.edit("level_one.dat", "level_1.dat")
-    game = project.folder / "game.c"
-    game.write_text(game.read_text().replace("LEVEL_ONE", "LEVEL_1"))
+    def rename(self, old, new):
+        """Renames the level, in the script and the game too."""
+        (self.folder / f"{ASSETS}/{old}.dat").rename(self.folder / f"{ASSETS}/{new}.dat")
+        self.edit_script(f"{old}.dat", f"{new}.dat")
+        self.edit("game.c", old.upper(), new.upper())
 
-
-def renamed_back(project):
-    (project.folder / LEVEL).with_name("level_1.dat").rename(project.folder / LEVEL)
-    project.edit("level_1.dat", "level_one.dat")
-    game = project.folder / "game.c"
-    game.write_text(game.read_text().replace("LEVEL_1", "LEVEL_ONE"))
-
-
-def added(project):
-    (project.folder / "sound assets/more.dat").write_text("more")
-    project.edit("ScriptEnd", "UserAsset more.dat AssetEnd ScriptEnd")
+    def add(self):
+        (self.folder / f"{ASSETS}/more.dat").write_text("more")
+        self.edit_script("ScriptEnd", "UserAsset more.dat AssetEnd ScriptEnd")
 
 
 # What happens between two builds; each row begins where the one before it ends.
@@ -123,12 +110,12 @@ ROWS = [
     ("... and nothing more", lambda p: None),
     ("an asset changes", lambda p: (p.folder / LEVEL).write_text("two")),
     ("an asset changes its size", lambda p: (p.folder / LEVEL).write_text("three")),
-    ("an asset is added to disk and script", added),
-    ("an asset is removed from disk", lambda p: (p.folder / "sound assets/more.dat").unlink()),
-    ("... and from the script", lambda p: p.edit("UserAsset more.dat AssetEnd ", "")),
-    ("an asset is renamed, and its define in the game", renamed),
-    ("... and gets its old name again", renamed_back),
-    ("the script is touched", lambda p: (p.folder / SCRIPT).touch()),
+    ("an asset is added to disk and script", Project.add),
+    ("an asset is removed from disk", lambda p: (p.folder / f"{ASSETS}/more.dat").unlink()),
+    ("... and from the script", lambda p: p.edit_script("UserAsset more.dat AssetEnd ", "")),
+    ("an asset is renamed, and its define in the game", lambda p: p.rename("level_one", "level_1")),
+    ("... and gets its old name again", lambda p: p.rename("level_1", "level_one")),
+    ("the script is touched", lambda p: (p.folder / ASSETS / "my sounds.txt").touch()),
     ("the header is deleted", lambda p: p.output("sfx.h").unlink()),
     ("the bank is deleted", lambda p: p.output("sfx.tvb").unlink()),
     ("nothing, once more", lambda p: None),
@@ -144,28 +131,25 @@ def two_configurations(project):
         return "-"
     project.configure("one")
     project.configure("other")
-    first, second = project.command % "one", project.command % "other"
-    return project.build(f"{first} & {second} && wait $!")
+    return project.build(f"{project.command} & {project.command} && wait $!" % ("one", "other"))
 
 
 def check_game(project):
     """Runs the game: it finds its bank, and the bank fits the header with which it was compiled."""
-    game = project.output("game")
-    done = subprocess.run(
-        [game, project.output("sfx.tvb")], capture_output=True, text=True, check=False
-    )  # fmt: skip
+    game, bank = project.output("game"), project.output("sfx.tvb")
+    done = subprocess.run([game, bank], capture_output=True, text=True)
     assert done.stdout == "2 assets, level three\n", (project.system, done)
 
 
 def column(work, system):
     """Returns the cells of a system's column."""
     project = Project(work, system)
-    project.configure()
-    command = project.command % "build" if project.setup else project.command
-    cells = [project.build(command + " -j8")]
+    project.configure("build")
+    command = project.command % "build"
+    cells = [project.build(f"{command} -j8")]
     for _, change in ROWS:
         change(project)
-        cells.append(project.build())
+        cells.append(project.build(command))
     check_game(project)
     return cells + [two_configurations(project)]
 

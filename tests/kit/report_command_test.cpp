@@ -1,5 +1,7 @@
 // tavkit report: the documents of the page and what the command refuses. tests/report has the page
 // in a browser.
+#include <cmath>
+
 #include "tests/kit/command_test.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/midi_builder.h"
@@ -39,11 +41,14 @@ TEST_F(ReportTest, HasWhatIsDrawn) {
   const Json wave = document("asset-0");
   EXPECT_EQ(wave["peak"], 1);
   EXPECT_EQ(wave["clipped"], 2);
+  const double squares = std::pow(127 / 128.0, 2) + std::pow(1, 2) + 2 * std::pow(0.5, 2);
+  EXPECT_NEAR(wave["rms"], std::sqrt(squares / 8), 1e-6);
   EXPECT_EQ(wave["seam"], Json::parse(R"({"before": [16384, -16384], "after": [16384, -16384]})"));
   EXPECT_EQ(wave["peaks"][0], "AH8AfwCAAIAAQABAAMAAwAAAAAAAAAAAAAAAAAAAAAA=");
   EXPECT_EQ(wave["audio"], "f4BAwAAAAAA=");
   const Json sequence = document("asset-1")["sequence"];
   EXPECT_EQ(sequence["notes"], Json::parse("[48, 48, 60, 100, 0]"));
+  EXPECT_EQ(sequence["hasAllNotes"], true);
   EXPECT_EQ(sequence["ticks"], 192);
   EXPECT_EQ(document("asset-2")["firstBytes"], "PCEtLQ==");
 }

@@ -33,23 +33,26 @@ class ShowTest : public CommandTest {
 TEST_F(ShowTest, Waves) {
   // The channels alternate: the left one is 16384 and 0, the right one silent.
   const Bytes samples = Bytes().le16(16384).fill(6);
-  const Bytes sampler = Bytes().fill(28).le32(1).le32(0).fill(4).le32(1).le32(0).le32(1).fill(4);
+  const Bytes header = Bytes().fill(28).le32(2).le32(0);
+  const Bytes first = Bytes().fill(4).le32(1).le32(0).le32(1).fill(4).le32(3);
+  const Bytes second = Bytes().fill(4).le32(3).le32(1).le32(1).fill(4).le32(0);
   expectShown("pair.wav",
               wav()
                   .fmt(test::stereo, 16, 2)
                   .data(samples)
-                  .chunk("smpl", sampler.str() + Bytes().le32(3).str()),
+                  .chunk("smpl", header.str() + first.str() + second.str()),
               0,
-              "a WAV file, 120 bytes\n"
+              "a WAV file, 144 bytes\n"
               "in a bank: a wave, 8 bytes, by WaveFile with SampleRate 2; 4 bytes with Adpcm 1\n"
               " warning: pair.wav: the bank won't hold the file's loop [loop-ignored]\n"
               " Save the sound as AIFF with its loop, and write Loop 1\n"
               " warning: pair.wav: the samples of 2 channels alternate, and the bank doesn't say "
               "how many there are [stereo-wave]\n"
               " sox pair.wav -c 1 pair_mono.wav\n\n"
-              "chunk offset bytes\nfmt 20 16\ndata 44 8\nsmpl 60 60\n\n"
+              "chunk offset bytes\nfmt 20 16\ndata 44 8\nsmpl 60 84\n\n"
               "format: PCM, 2 channels, 2 Hz, 16 bits, 2 frames, 0:01.000\n"
-              "loop: forwards and backwards, 0-2, 3 times\n\n"
+              "loop: forwards and backwards, 0-2, 3 times\n"
+              "loop: type 3, 1-2, without end\n\n"
               "channel peak dBFS RMS dBFS DC offset %\n"
               " 1 -6.02 -9.03 25.000\n 2 -inf -inf 0.000\n");
   expectShown("cut.wav", wav().fmt(mono, 16, 2).data(samples).claimDataSize(0xFFFFFFFF), 1,

@@ -122,11 +122,10 @@ export class Card {
     if (!quality) {
       return [];
     }
-    const ratio =
-      quality.snr === null ? "no error" : `${quality.snr.toFixed(2)} dB against its source`;
-    const { worstError, worstSample, clipped } = quality;
+    const { snr, worstError, worstSample, clipped } = quality;
+    const withoutRatio = worstError === 0 ? "no error" : "its source is silent";
     const facts = [
-      ratio,
+      snr === null ? withoutRatio : `${snr.toFixed(2)} dB against its source`,
       `worst error ${numberText(worstError)} at sample ${numberText(worstSample)}`,
     ];
     return clipped > 0 ? [...facts, `${numberText(clipped)} clipped by compression`] : facts;

@@ -225,6 +225,12 @@ function addListeners() {
   document.addEventListener("keyup", showAddress);
   container.addEventListener("wheel", takeWheel, { passive: false });
   addEventListener("hashchange", followLink);
+  // A link to what the address names already doesn't change it.
+  document.addEventListener("click", ({ target }) => {
+    if (target.closest("a")?.hash === location.hash) {
+      followLink();
+    }
+  });
   addEventListener("resize", drawAgain);
   addEventListener("beforeprint", () => setPrinting(true));
   addEventListener("afterprint", () => setPrinting(false));

@@ -152,7 +152,7 @@ export class WaveView {
     context.fillStyle = colour("muted");
     context.font = "11px system-ui, sans-serif";
     context.textAlign = "right"; // most sounds are loud, and their errors large, at the left
-    context.fillText(`Error, ×${numberText(Math.max(1, Math.round(1 / range)))}`, width, top);
+    context.fillText(`Error, ×${numberText(Math.max(1, Math.round(1 / range)))}`, width, top - 3);
   }
 
   drawSeam() {

@@ -35,7 +35,7 @@ struct SmallBank {
       {6, "any", {1, 2, 3, 4, 5, 6, 7, 0x80000000}},
       {4, "fx"},
   };
-  std::size_t lastByte = 0;
+  char lastByte = '\0';
   std::string end = "";  ///< what follows the padding of the bank
   std::string header = headerOf({"U", "V", "W", "X", "Y", "Z"}, 62, 290);
 
@@ -51,7 +51,9 @@ struct SmallBank {
       blobs.text(asset.blob).text(isPadded(asset.type) ? asset.padding : "");
     }
     table.text(blobs).fill(-table.size() % 32);
-    table.back() = static_cast<char>(table.back() | lastByte);
+    if (lastByte != '\0') {
+      table.back() = lastByte;
+    }
     return table.text(end);
   }
   void edit(const std::string& from, const std::string& to) {
@@ -138,7 +140,7 @@ TEST_F(VerifyTest, FindsDamageOfTheLayout) {
        },
        "gap5"},
       {"padding of a blob", [](SmallBank& bank) { bank.assets[1].padding[1] = 1; }, "padding1"},
-      {"padding of the bank", [](SmallBank& bank) { bank.lastByte = 1; }, "padding"},
+      {"padding of the bank", [](SmallBank& bank) { bank.lastByte = '\1'; }, "padding"},
       {"a longer bank",
        [](SmallBank& bank) {
          bank.end = std::string(32, 'x');

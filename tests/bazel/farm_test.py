@@ -49,6 +49,9 @@ def write_project(folder):
     shutil.copy(ROOT / "runtime/include/tavrel/bank.h", folder / "tavrel")
     for name in BANKS:
         write_bank(folder / "banks" / name, "abcd")
+    (folder / "top.txt").write_text("BankFileName top.tvb ScriptEnd\n")
+    with (folder / "BUILD.bazel").open("a") as root_package:
+        root_package.write('tavrel_bank(name = "top", script = "top.txt")\n')
     more = folder / "more"
     write_bank(more / "relative", ["a", "..\\made\\a"])
     write_bank(more / "absolute", ["a", f"{more}/made/a"])
@@ -124,7 +127,7 @@ class Farm:
 
     def build(self, *arguments, **others):
         return self.run("build", "--experimental_repository_disable_download", "--jobs=2",
-                        "--nosandbox_debug", "--color=no", *arguments, **others)  # fmt: skip
+                        "--color=no", *arguments, **others)  # fmt: skip
 
     def outputs(self, package):
         return outputs(self.sources / "bazel-bin" / package, Path(package).name)

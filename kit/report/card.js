@@ -58,7 +58,10 @@ export class Card {
     const picture = pictureOf(this.asset);
     this.body.append(element("ul", { className: "facts" }, ...this.facts(picture)));
     this.view = this.viewOf(picture);
-    this.body.append(this.view ? this.view.element : firstBytes(picture), this.controls(picture));
+    this.body.append(
+      this.view ? this.view.element : firstBytes(this.asset, picture),
+      this.controls(picture),
+    );
     this.showPlaying(null);
   }
 
@@ -243,7 +246,7 @@ function warning(text) {
 }
 
 // The first bytes of an asset that can't be drawn, as numbers and as text.
-function firstBytes(picture) {
+function firstBytes(asset, picture) {
   const bytes = [...bytesFrom(picture.firstBytes)];
   const lines = [];
   for (let i = 0; i < bytes.length; i += 16) {
@@ -251,6 +254,9 @@ function firstBytes(picture) {
     const numbers = row.map((byte) => byte.toString(16).padStart(2, "0")).join(" ");
     const text = row.map((byte) => (byte > 31 && byte < 127 ? String.fromCharCode(byte) : "·"));
     lines.push(`${i.toString(16).padStart(4, "0")}  ${numbers.padEnd(47)}  ${text.join("")}`);
+  }
+  if (bytes.length < asset.bytes) {
+    lines.push("…");
   }
   return element("pre", {
     className: "bytes",

@@ -102,7 +102,9 @@ function verifyPanel() {
 
 function checkPanel() {
   const { errors, warnings, diagnostics } = report.check;
-  const rows = diagnostics.map(({ severity, message, code, file, line, column, hint }) =>
+  const isError = ({ severity }) => Number(severity === "error");
+  const errorsFirst = [...diagnostics].sort((a, b) => isError(b) - isError(a));
+  const rows = errorsFirst.map(({ severity, message, code, file, line, column, hint }) =>
     row(severity === "error" ? "bad" : "warning", message, code, `${file}:${line}:${column}`, hint),
   );
   const state = errors > 0 ? "bad" : warnings > 0 ? "warning" : "good";

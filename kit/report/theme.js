@@ -40,6 +40,9 @@ export function timeText(seconds) {
   if (seconds === null) {
     return "length unknown";
   }
+  if (seconds < 1) {
+    return `${Math.round(1000 * seconds)} ms`;
+  }
   if (seconds < 60) {
     return `${seconds.toFixed(seconds < 10 ? 2 : 1)} s`;
   }

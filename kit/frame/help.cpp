@@ -31,7 +31,7 @@ void appendOptions(std::string& help, const std::vector<CommandOption>& options)
 const std::vector<CommandOption>& commonOptions() {
   static const std::vector<CommandOption> kOptions{
       {.names = "-h,--help", .help = "Show this help"},
-      {.names = "--version", .help = "Show the version"},
+      {.names = "--version", .help = "Show the version, and the commit it is built from"},
   };
   return kOptions;
 }

@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Checks where the documents lead: links_test.py ROOT
+"""Checks where the documents lead: links_test.py FOLDER
+
+FOLDER is the source tree, or where the documents are installed.
 
 Links lead to files that exist, and anchors to headings. README.md links to every document. The man pages
 and files that man pages and documents name exist. The newest version of the changelog is the project's.
@@ -11,6 +13,7 @@ import re
 import sys
 import urllib.parse
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 root = pathlib.Path(sys.argv[1]).resolve()
 documents = [root / name for name in ("README.md", "CONTRIBUTING.md", "CHANGELOG.md")]
 for folder in ("docs", "examples", "integrations"):
@@ -69,7 +72,8 @@ for document in documents + man_pages:
     if document not in indexed:
         problems.append(f"README.md doesn't link to {document.relative_to(root)}")
 
-version = re.search(r"^project\(.* VERSION (\S+)", (root / "CMakeLists.txt").read_text(), re.M)[1]
+project = (ROOT / "CMakeLists.txt").read_text()
+version = re.search(r"^project\(.* VERSION (\S+)", project, re.M)[1]
 newest = re.search(r"^## \[(\d\S*)\]", (root / "CHANGELOG.md").read_text(), re.M)[1]
 if newest != version:
     problems.append(f"CHANGELOG.md ends with version {newest}, and the project has {version}")

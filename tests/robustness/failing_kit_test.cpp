@@ -79,6 +79,7 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
       {"deps", "demo.txt"},
       {"build", "demo.txt", "--depfile", "demo.d"},
       {"check", "--fix", "fix.txt"},
+      {"explain", "adpcm-loop"},
       {"new", ".", "-o", "out"},
   };
   for (const std::vector<std::string>& command : commands) {

@@ -9,6 +9,9 @@ cd "$sandbox/banks"
 # Runs cmake, with what it prints in a log, which is printed if it fails.
 run() { cmake "$@" >log 2>&1 || { cat log && exit 1; } }
 
+# CMake breaks a message into lines, which depends on the length of the paths in it.
+unwrapped() { tr -s ' \n' ' ' <"$1"; }
+
 configure() {
   run -S . -B "$@" "-Dtavrel_DIR=$installed/lib/cmake/tavrel" -DCMAKE_BUILD_TYPE=Debug
 }
@@ -28,14 +31,14 @@ for generator in Ninja 'Ninja Multi-Config' 'Unix Makefiles'; do
 
   sed -i 's/sfx.tvb/new.tvb/' sounds.txt
   ! (run --build "$generator") >messages || fail "$generator: sfx.tvb is the wrong name"
-  grep -q 'names another bank now: new.tvb' messages || fail "$(cat messages)"
+  grep -q 'names another bank now: new.tvb' <(unwrapped messages) || fail "$(cat messages)"
   run --build "$generator"
   [[ -e $generator/Debug/new.tvb ]] || fail "$generator: no new.tvb"
   sed -i 's/new.tvb/sfx.tvb/' sounds.txt
 done
 
 ! (configure away -DCMAKE_SYSTEM_NAME=Windows) >messages || fail 'found a tavkit for this host'
-grep -q 'Set TAVKIT_EXECUTABLE' <(tr -s ' \n' ' ' <messages) || fail "$(cat messages)"
+grep -q 'Set TAVKIT_EXECUTABLE' <(unwrapped messages) || fail "$(cat messages)"
 configure named -DCMAKE_SYSTEM_NAME=Windows "-DTAVKIT_EXECUTABLE=$installed/bin/tavkit"
 PATH=$installed/bin:$PATH configure away -DCMAKE_SYSTEM_NAME=Windows
 run --build away

@@ -211,6 +211,8 @@ def main():
     try:
         campaign = Campaign(files, arguments.jobs)
         mutants = [mutant for mutant in mutants if mutant.file in campaign.sources]
+        if not mutants:
+            sys.exit("mutate: the build compiles no file that could be damaged")
         if arguments.again:
             order = [mutant for mutant in mutants if mutant.key() in survivors]
         else:

@@ -37,6 +37,7 @@ def _mirror(source, target):
     for name in wanted:
         if present.get(name) != wanted[name]:
             (target / name).parent.mkdir(parents=True, exist_ok=True)
+            (target / name).unlink(missing_ok=True)  # copy2 refuses to replace a link
             shutil.copy2(source / name, target / name, follow_symlinks=False)
 
 
@@ -79,7 +80,10 @@ class WorkingCopy:
     def sources(self):
         """Returns the names of the files of the tree that the build compiles or includes."""
         listed = self._ask("ninja", "-C", self._build, "-t", "deps")
-        return set(re.findall(rf"^ +{re.escape(str(self._tree))}/(.*)", listed, re.M))
+        # A compiler cache may have made the paths relative to the build.
+        paths = {os.path.normpath(self._build / p) for p in re.findall("^ +(.*)", listed, re.M)}
+        tree = f"{self._tree}/"
+        return {path.removeprefix(tree) for path in paths if path.startswith(tree)}
 
     def judge(self, mutant):
         """Returns what became of the mutant, and by which test or limit."""

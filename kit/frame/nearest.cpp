@@ -52,8 +52,9 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
   }
   std::size_t limit = std::max<std::size_t>(1, word.size() / 3) + 1;
   for (const std::string& candidate : candidates) {
-    if (candidate.size() > kLongestWord) {
-      continue;
+    const auto [shorter, longer] = std::minmax({word.size(), candidate.size()});
+    if (longer - shorter >= limit) {
+      continue;  // the distance is at least this
     }
     const std::size_t distance = editDistance(word, candidate);
     if (distance < limit) {

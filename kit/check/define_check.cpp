@@ -157,7 +157,7 @@ void checkDuplicates(const BankNames& names, const AssetList& assets, Findings& 
       findings.add("define-duplicate", file.offset,
                    fmt::format("{}: its define, {}, is that of {} already", file.text, owner->first,
                                owner->second),
-                   "Rename the file");
+                   owner->second == file.text ? "Remove one of the two blocks" : "Rename the file");
     }
   }
 }

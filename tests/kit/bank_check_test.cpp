@@ -6,6 +6,8 @@
 namespace tavrel::kit {
 namespace {
 
+using testing::HasSubstr;
+
 std::string asset(const std::string& file) { return "UserAsset " + file + " AssetEnd\n"; }
 
 std::string bank(const std::string& name) { return "BankFileName " + name + "\n"; }
@@ -71,6 +73,11 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
       EXPECT_EQ(code, output_.results.find("\"errors\": 0") == std::string::npos ? 1 : 0);
     }
   }
+  write("s.txt", b + four + four + asset("in\\four.dat"));
+  run({"check", "s.txt"});
+  const std::string mark = "AssetEnd\n          ^\n  ";
+  EXPECT_THAT(output_.results, HasSubstr("four.dat " + mark + "Remove one of the two blocks\n"));
+  EXPECT_THAT(output_.results, HasSubstr("in\\four.dat " + mark + "Rename the file\n"));
 }
 
 TEST(BankLimitsTest, CountAndLengthPointAtTheFirstFileTooMuch) {

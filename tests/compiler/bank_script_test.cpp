@@ -86,8 +86,9 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
   BankScript script("a.txt");
   for (const auto& row : rows) {
     SCOPED_TRACE(row.tokens);
-    for (const bool isWhole : {true, false}) {
-      std::string text = "\tKeyword " + row.tokens + (isWhole ? " AssetEnd " : " ");
+    for (const std::string& rest : {row.tokens + " AssetEnd ", row.tokens + " ", std::string()}) {
+      const bool isWhole = rest.ends_with("AssetEnd ");
+      std::string text = "\tKeyword " + rest;
       TokenFile source;
       source.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
       EXPECT_TRUE(source.readToken());
@@ -99,6 +100,15 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
     EXPECT_EQ(asset.scriptOffset, 1U) << "of the keyword";
     EXPECT_EQ(asset.compressed, &row == rows);
   }
+}
+
+TEST(BankScript, HasRoomFor32768Assets) {
+  BankScript script("a.txt");
+  for (int i = 0; i < 32768; ++i) {
+    storeAsset(script, 0);
+  }
+  EXPECT_FALSE(script.storeAsset(std::make_unique<AssetData>(), std::make_unique<AssetEntry>()));
+  EXPECT_EQ(script.assets.size(), 32768U);
 }
 
 TEST(BankScript, HoldsTheSizeOfABlobNear4GiB) {

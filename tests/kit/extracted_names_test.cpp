@@ -26,7 +26,7 @@ TEST(ExtractedNamesTest, NamesFilesAfterDefinesAndTellsThemApart) {
     std::string names, extension = "";
   } rows[] = {
       {{"BOOM_WAV", "BELL_AIF", ""}, "boom.wav bell.wav 0002.wav", "wav"},
-      {{"BIG_MAP_DAT", "BARE", "END_", ""}, "big_map.dat bare.bin end.bin 0003.bin"},
+      {{"BIG_MAP_DAT", "BARE", "END_", "", "1_DAT"}, "big_map.dat bare.bin end.bin 0003.bin 1.dat"},
       {{"A_DAT", "B_DAT", "A_DAT"}, "a_0.dat b.dat a_2.dat"},
       {{"A_DAT", "a_dat", "A_DAT"}, "a_0.dat a_1.dat a_2.dat"},
       {{"A_2_DAT", "A_DAT", "A_DAT"}, "a_2.dat a_1.dat 0002.dat"},

@@ -30,8 +30,13 @@ class ReportTest : public CommandTest {
 
 TEST_F(ReportTest, HasWhatIsDrawn) {
   const auto loud = std::string("\x7F\x80\x40\xC0", 4) + std::string(4, '\0');
-  const std::string song = test::midi(96).track(
-      test::events().tempo(0, 500000).note(48, 1, 60, 100).note(48, 1, 60, 0).endOfTrack(96));
+  const std::string song = test::midi(96).track(test::events()
+                                                    .tempo(0, 500000)
+                                                    .message(0, 0xB0, 7, 100)
+                                                    .meta(0, 0x58, "\6\3\x18\x8")
+                                                    .note(48, 1, 60, 100)
+                                                    .note(48, 1, 60, 0)
+                                                    .endOfTrack(96));
   write("b.tvb",
         bankOf({{1, loud, {8000, 1, 8, 0, 2, 4}}, {2, song, {96}}, {6, "<!--"}, {6, "<!--"}}));
   ASSERT_EQ(report({}), 0) << output_.messages;
@@ -49,6 +54,7 @@ TEST_F(ReportTest, HasWhatIsDrawn) {
   const Json sequence = document("asset-1")["sequence"];
   EXPECT_EQ(sequence["notes"], Json::parse("[48, 48, 60, 100, 0]"));
   EXPECT_EQ(sequence["hasAllNotes"], true);
+  EXPECT_EQ(sequence["signatures"], Json::parse("[[0, 6, 3]]"));
   EXPECT_EQ(sequence["ticks"], 192);
   EXPECT_EQ(document("asset-2")["firstBytes"], "PCEtLQ==");
 }
@@ -82,6 +88,7 @@ TEST_F(ReportTest, RefusesWhatItCantAnswer) {
                                       {{"--script", "gone.txt"}, "gone.txt"},
                                       {{"--audio-limit", "1k"}, "--audio-limit takes"},
                                       {{"--prefix", "P"}, "--prefix needs --script"},
+                                      {{"c.tvb"}, "too many operands"},
                                       {{"--script", "s.txt", "-o", "b.tvb"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "s.txt"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "a.dat"}, "would replace"}});

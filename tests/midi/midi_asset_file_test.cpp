@@ -81,6 +81,9 @@ TEST(MidiAssetFile, HoldsTheHeadersOfAnyFormatAndWritesTheWholeImage) {
   EXPECT_EQ(directory.read("b.mid"), content);
   const std::string folder = directory.path();
   EXPECT_NE(printedBy([&] { EXPECT_FALSE(file.writeImageAs(folder.c_str())); }).errors, "");
+  if (std::filesystem::exists("/dev/full")) {
+    EXPECT_NE(printedBy([&] { EXPECT_FALSE(file.writeImageAs("/dev/full")); }).errors, "");
+  }
 }
 
 }  // namespace tavrel::test

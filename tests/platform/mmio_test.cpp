@@ -46,7 +46,7 @@ TEST_F(Mmio, ReadsOfAllLengthsFollowEachOther) {
   }
   // Back and forth, by the end of a chunk and its pad byte.
   for (const auto& [offset, size, next] :
-       {std::array{39000U, 1U, 39002U}, {38997, 2, 38999}, {39000, 0xFFFFFFFF, 40000}}) {
+       {std::array{39000U, 1U, 39002U}, {38997, 2, 38999}, {39000, 0xFFFFFFFF, 40000}, {0, 1, 2}}) {
     const ChunkInfo chunk{0, size, 0, offset, 0};
     mmioAscend(file_, &chunk, 0);
     EXPECT_EQ(mmioBytesLeft(file_), 40000 - next);

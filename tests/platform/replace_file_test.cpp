@@ -69,6 +69,7 @@ TEST_F(ReplaceFile, TemporaryFileIsWrittenByNameAndDiscarded) {
   ASSERT_FALSE(other.createNew(directory_.path("out"), followLink));
   EXPECT_EQ(fileCount(), 2);
   other.discard();
+  EXPECT_EQ(other.write("x", 1), bad_file_descriptor);
   ASSERT_FALSE(file.flushToDisk());
   ASSERT_FALSE(file.replaceFile());
   EXPECT_EQ(file.temporaryPath(), "");
@@ -121,6 +122,12 @@ TEST_F(ReplaceFile, FollowsOrReplacesLinksAndKeepsModes) {
   EXPECT_FALSE(isLink());
   EXPECT_EQ(mode("link"), modeOfNewFiles);
 
+  for (int length = 1; length <= 40; ++length) {
+    const std::string next = length == 1 ? "plain" : std::to_string(length - 1);
+    fs::create_symlink(next, directory_.path(std::to_string(length)));
+  }
+  EXPECT_EQ(replace("39", followLink), std::error_code());
+  EXPECT_EQ(replace("40", followLink), too_many_symbolic_link_levels);
   fs::create_symlink("loop", directory_.path("loop"));
   EXPECT_EQ(replace("loop", followLink), too_many_symbolic_link_levels);
   // Not the function, which a host without links may not have either.

@@ -66,6 +66,8 @@ TEST(BankScript, IsLaidOutWithoutWriting) {
   EXPECT_EQ(script.entries.at(0)->offset, 4 + 3 * 44);
   EXPECT_EQ(script.entries.at(1)->offset, 4 + 3 * 44 + 5);
   EXPECT_EQ(script.entries.at(2)->offset, 4 + 3 * 44 + 5);
+  EXPECT_TRUE(script.setAssetOffset(1, 7));
+  EXPECT_EQ(script.entries.at(1)->offset, 7U);
 }
 
 TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {

@@ -1,6 +1,6 @@
 #include "platform/local_time.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <ctime>
 
@@ -25,6 +25,13 @@ TEST(LocalTime, IsThatOfTheHost) {
   EXPECT_LE(std::mktime(&fields), std::time(nullptr) + 1);
   EXPECT_EQ(clock.wDayOfWeek, fields.tm_wday);
   EXPECT_LT(clock.wMilliseconds, 1000);
+}
+
+TEST(UtcTime, IsThatOfTheSecond) {
+  const SYSTEMTIME clock = utcTime(951782400 + 59);
+  const int fields[] = {clock.wYear, clock.wMonth,  clock.wDayOfWeek, clock.wDay,
+                        clock.wHour, clock.wMinute, clock.wSecond,    clock.wMilliseconds};
+  EXPECT_THAT(fields, testing::ElementsAre(2000, 2, 2, 29, 0, 0, 59, 0));
 }
 
 }  // namespace tavrel::test

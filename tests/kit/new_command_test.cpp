@@ -66,6 +66,8 @@ TEST_F(NewTest, ExplainsWhyAFileIsNotListed) {
       {"a b.wav", wavOf(2), space.c_str(), "mv -n 'a b.wav' a_b.wav"},
       {"c;d.aiff", aif, "a semicolon ends a name in a script", "mv -n 'c;d.aiff' c_d.aif"},
       {"e f/g.wav", wavOf(2), space.c_str(), "mv -n 'e f' e_f"},
+      {"q r/t", "", space.c_str(), "mv -n 'q r' q_r_2"},
+      {"q_r/t", "", nullptr},
       {"NAME.wav", wavOf(2), nullptr},
       {"h/name.wav", wavOf(2), "that of NAME.wav already", "name_3.wav"},
       {"name_2.wav", wavOf(2), nullptr},

@@ -5,6 +5,7 @@
 #include "tests/kit/command_test.h"
 #include "tests/support/bank_builder.h"
 #include "tests/support/midi_builder.h"
+#include "tests/support/sound_builder.h"
 
 namespace tavrel::kit {
 namespace {
@@ -69,6 +70,15 @@ TEST_F(ReportTest, LeavesOutSoundsThatDontFit) {
   EXPECT_TRUE(document("asset-1")["audio"].is_null());
   EXPECT_EQ(document("asset-1")["bucket"], 1024);
   EXPECT_TRUE(document("asset-2")["audio"].is_string());
+}
+
+TEST_F(ReportTest, ShowsTheQualityOfAScriptThatPacks) {
+  write("b.tvb", bankOf({{6, "four"}}));
+  write("a.wav", test::wav().fmt(test::mono, 16, 8000).data("four"));
+  write("s.txt", "BankFileName b.tvb WaveFile a.wav SampleRate 8000 Adpcm 1 AssetEnd ScriptEnd\n");
+  ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
+  EXPECT_EQ(document("report")["packs"], true);
+  EXPECT_EQ(document("report")["quality"]["waves"][0]["file"], "a.wav");
 }
 
 TEST_F(ReportTest, ShowsAScriptThatDoesntPack) {

@@ -76,6 +76,7 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
       {"no name length", small().chunk("MARK", halfMarker), "", "MARK"},
       {"cut name", marked().claimSize("MARK", 2 + 7 + 1), "", "MARK"},
       {"no pad byte", marked().claimSize("MARK", 2 + 7 + 2), "", "MARK"},
+      {"cut marker", marked().claimSize("MARK", 2 + 10 + 6), "", "MARK"},
       {"another form", small().form("AIFC"), "", "", noForm},
   };
   const TemporaryDirectory directory;

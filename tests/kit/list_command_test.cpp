@@ -147,6 +147,8 @@ TEST_F(ListTest, FailsWithoutResults) {
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
   EXPECT_EQ(run({"--help"}), 0);
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
+  EXPECT_EQ(run({"list", "--help"}), 0);
+  EXPECT_THAT(output_.results, HasSubstr("Usage: tavkit list [OPTION ...] BANK\n"));
 }
 
 }  // namespace

@@ -1,5 +1,17 @@
 #include "platform/file_identity.h"
 
+namespace tavrel {
+
+std::string inOtherCase(std::string name) {
+  for (char& c : name) {
+    const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    c = isLetter ? static_cast<char>(c ^ 0x20) : c;
+  }
+  return name;
+}
+
+}  // namespace tavrel
+
 #ifdef _WIN32
 
 #include <windows.h>
@@ -33,7 +45,6 @@ bool ignoresCase(const char* /*folder*/) { return true; }
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <string>
 #include <system_error>
 
 namespace tavrel {
@@ -50,12 +61,7 @@ std::optional<FileIdentity> fileIdentity(const char* path) {
 bool ignoresCase(const char* folder) {
   std::error_code error;
   const std::filesystem::path whole = std::filesystem::canonical(folder, error);
-  std::string name = whole.filename().string();
-  for (char& c : name) {
-    const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    c = isLetter ? static_cast<char>(c ^ 0x20) : c;
-  }
-  const std::filesystem::path other = whole.parent_path() / name;
+  const std::filesystem::path other = whole.parent_path() / inOtherCase(whole.filename().string());
   return !error && other != whole && fileIdentity(other.c_str()) == fileIdentity(whole.c_str());
 }
 

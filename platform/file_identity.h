@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <tuple>
 
 namespace tavrel {
@@ -22,6 +23,9 @@ struct FileIdentity {
 /// Returns the identity of the file or folder at `path`, with links followed. Returns nothing if it
 /// isn't there or can't be examined.
 std::optional<FileIdentity> fileIdentity(const char* path);
+
+/// Returns the name with the case of its letters A to Z exchanged.
+std::string inOtherCase(std::string name);
 
 /// Returns true if names in `folder` that differ in the case of letters are names of one file.
 /// Returns false where that can't be seen: where the folder isn't there, or has no letter in its

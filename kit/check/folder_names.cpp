@@ -6,6 +6,7 @@
 
 #include "foundation/text_utilities.h"
 #include "kit/frame/nearest.h"
+#include "platform/file_identity.h"
 #include "platform/folder.h"
 #include "platform/host_path.h"
 
@@ -50,12 +51,8 @@ std::string noOtherPart(std::string_view /*name*/, const std::vector<std::string
 }
 
 /// Returns true if the host finds the same file under a name whose letters have the other case.
-bool ignoresCase(const std::string& path) {
-  std::string exchanged = path;
-  for (char& c : exchanged) {
-    const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    c = isLetter ? static_cast<char>(c ^ 0x20) : c;
-  }
+bool isFoundInOtherCase(const std::string& path) {
+  const std::string exchanged = inOtherCase(path);
   std::error_code failed;
   return exchanged != path && fs::equivalent(exchanged, path, failed);
 }
@@ -110,7 +107,7 @@ std::string FolderNames::spelling(const std::string& name) {
   if (replaceParts(name, noOtherPart) == name) {
     return name;
   }
-  if (!ignoresCase(hostPath(name.c_str()))) {
+  if (!isFoundInOtherCase(hostPath(name.c_str()))) {
     return name;
   }
   std::string found = replaceParts(name, partInOtherCase);

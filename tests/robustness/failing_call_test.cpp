@@ -79,6 +79,7 @@ TEST_F(FailingCall, NeverLeavesADamagedBankAfterDone) {
           run(script_.substr(0, static_cast<std::size_t>(it->position())) + it->suffix().str()));
     }
     EXPECT_EQ(std::count(acceptable.begin(), acceptable.end(), ""), 0);
+    EXPECT_EQ(run(script_, Fault::inPieces), acceptable.front());
     acceptable.emplace_back();  // of a run that has failed
     std::size_t failures = 0;
     for (std::size_t call = 1; call == 1 || machine.hasStruck; ++call) {

@@ -31,6 +31,18 @@ bool strikes(Fault fault) {
 /// Writes to the standard streams never fail.
 bool isFull(int file) { return file > STDERR_FILENO && strikes(Fault::noSpace); }
 
+/// Reduces the size of a transfer, and returns false if it is interrupted.
+bool proceeds(int file, std::size_t& size) {
+  static bool wasInterrupted = false;
+  if (machine.fault != Fault::inPieces || file <= STDERR_FILENO) {
+    return true;
+  }
+  size = (size + 1) / 2;
+  errno = EINTR;
+  wasInterrupted = !wasInterrupted;
+  return !wasInterrupted;
+}
+
 void* allocate(std::size_t size) {
   const bool fails = strikes(Fault::oneAllocation) || strikes(Fault::noMemory);
   void* block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
@@ -65,7 +77,7 @@ void operator delete[](void* block, size_t /*size*/) noexcept { release(block); 
 extern "C" {
 
 ssize_t write(int file, const void* bytes, size_t size) {
-  return isFull(file) ? -1 : syscall(SYS_write, file, bytes, size);
+  return isFull(file) || !proceeds(file, size) ? -1 : syscall(SYS_write, file, bytes, size);
 }
 
 ssize_t writev(int file, const iovec* parts, int count) {
@@ -73,7 +85,7 @@ ssize_t writev(int file, const iovec* parts, int count) {
 }
 
 ssize_t read(int file, void* bytes, size_t size) {
-  if (strikes(Fault::read)) {
+  if (strikes(Fault::read) || !proceeds(file, size)) {
     return -1;
   }
   return strikes(Fault::readAtEnd) ? 0 : syscall(SYS_read, file, bytes, size);

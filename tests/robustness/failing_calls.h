@@ -6,8 +6,9 @@
 
 namespace tavrel::test {
 
-/// `noMemory` and `noSpace` last from the failing call on. With `readAtEnd` a file has shrunk.
-enum class Fault { none, oneAllocation, noMemory, noSpace, close, read, readAtEnd };
+/// `noMemory` and `noSpace` last from the failing call on. With `readAtEnd` a file has shrunk. With
+/// `inPieces` nothing fails, but each transfer is interrupted once and then does half of its work.
+enum class Fault { none, oneAllocation, noMemory, noSpace, close, read, readAtEnd, inPieces };
 
 /// The machine that this program runs on.
 struct Machine {

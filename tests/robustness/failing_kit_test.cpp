@@ -38,6 +38,7 @@ class FailingKit : public testing::Test {
     machine = {fault, call};
     try {
       code_ = kit::runCommandLine(arguments, output);
+      blocks_ = machine.blocks;
     } catch (const std::bad_alloc&) {
       machine.fault = Fault::none;
       output = {.results = {}, .messages = "as main reports it"};
@@ -61,6 +62,7 @@ class FailingKit : public testing::Test {
 
   const TemporaryDirectory directory_;
   int code_ = 0;
+  std::ptrdiff_t blocks_ = 0;  ///< of memory, that the last command has left
 };
 
 TEST_F(FailingKit, AnswersRightOrNotAtAll) {
@@ -85,6 +87,8 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
   for (const std::vector<std::string>& command : commands) {
     auto whole = run(command);
     ASSERT_EQ(code_, kit::exitYes);
+    EXPECT_EQ(run(command, Fault::inPieces), whole) << command[0];
+    EXPECT_LE(blocks_, 2) << command[0] << " leaks: the output has two texts at most";
     for (const Fault fault :
          {Fault::oneAllocation, Fault::noMemory, Fault::noSpace, Fault::read, Fault::readAtEnd}) {
       if (command[0] == "new" && fault == Fault::oneAllocation) {

@@ -16,7 +16,7 @@ constexpr char kComment = ';';
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isWhiteSpace(char c) { return isBlank(c) || (c >= '\n' && c <= '\r'); }
+bool isWhiteSpace(char c) { return c == '\v' || c == '\f'; }  // that a token can have
 
 /// Returns the decimal number at the start of `text`, modulo 2 to the power 32.
 std::int32_t decimalValue(const char* text) {

@@ -83,7 +83,7 @@ TEST(TokenFileTest, LoadsAFileAndReadsItAgainOrReportsIt) {
   EXPECT_EQ(allOf(file), "a@1:0 b@2:3 !@2:5 ");
   file.rewind();
   EXPECT_EQ(allOf(file), "a@2:0 b@3:3 !@3:5 ");
-  EXPECT_TRUE(file.freeData() && file.rewind());
+  EXPECT_TRUE(file.freeData() && file.rewind() && TokenFile::freeBlock(nullptr));
   EXPECT_FALSE(file.readToken());
 }
 

@@ -1,7 +1,6 @@
 #include "kit/extract/script_source.h"
 
 #include <algorithm>
-#include <limits>
 #include <new>
 
 #include "compiler/wave_rules.h"
@@ -52,11 +51,11 @@ std::optional<WaveExport> waveFile(const tavrel_asset& asset, bool prefersAiff,
                                    std::uint16_t channels) {
   const WaveFacts wave = waveFacts(asset);
   const bool isDecoded = isCompressedWave(asset);
-  const std::int32_t bits = isDecoded ? kDecodedBits : wave.bits;
-  if (bits < 0 || bits > std::numeric_limits<std::uint16_t>::max() ||
-      (asset.size == 0 && !isDecoded)) {
+  if (asset.size == 0 && !isDecoded) {
     return std::nullopt;
   }
+  // Of a width that no file has, packing the file shows the difference.
+  const auto bits = isDecoded ? kDecodedBits : static_cast<std::uint16_t>(wave.bits);
   WaveExport description{.isDecoded = isDecoded, .sampleBytes = asset.size};
   if (isDecoded) {
     // The tool refuses an empty file, and compresses a single sample to nothing.
@@ -64,15 +63,14 @@ std::optional<WaveExport> waveFile(const tavrel_asset& asset, bool prefersAiff,
   }
   const bool fitsAiff = bits == 8 || (bits == 16 && description.sampleBytes % 2 == 0);
   const bool needsAiff = wave.loops && !loopsAsWav(wave, asset.size);
-  const auto width = static_cast<std::uint16_t>(bits);
   const std::uint32_t rate = exportedRate(asset, description.changes);
   if (fitsAiff && (prefersAiff || needsAiff)) {
-    description.format = aiffFormat(wave, width);
+    description.format = aiffFormat(wave, bits);
     if (channels > 1) {
       description.changes.emplace_back("an AIFF file for tavrel has one channel");
     }
   } else {
-    description.format = wavFormat(wave, width, channels);
+    description.format = wavFormat(wave, bits, channels);
   }
   std::visit([rate](auto& format) { format.framesPerSecond = rate; }, description.format);
   return description;

@@ -15,9 +15,8 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr std::string_view kRateMissing = "sample-rate-missing";
-
-/// Returns the block that a script would have for the file.
+/// Returns the block that a script would have for the file, but without its end: a finished block
+/// must state a rate, and that of a sound that can't be read isn't known.
 ScriptBlock blockFor(const std::string& name, const FileView& view) {
   ScriptBlock block{.row = findStatement(view.keyword), .keyword = {view.keyword}};
   block.file = ScriptWord{name};
@@ -26,7 +25,6 @@ ScriptBlock blockFor(const std::string& name, const FileView& view) {
     option.value = ScriptWord{value};
     block.options.push_back(std::move(option));
   }
-  block.isFinished = true;
   return block;
 }
 
@@ -92,9 +90,6 @@ BankView bankView(const ShownFile& file, const FileView& view) {
   const CheckedAsset asset = checkAsset(block, folders, findings);
   BankView bank{.text = fmt::format("in a bank: {}\n", storedText(asset, view))};
   for (const Diagnostic& problem : findings.sorted()) {
-    if (problem.code->name == kRateMissing) {
-      continue;  // the rate of a sound that can't be read isn't known
-    }
     bank.text += problemText(problem);
     bank.isWhole = bank.isWhole && problem.code->severity != Severity::error;
   }

@@ -29,7 +29,9 @@ int main(int argumentCount, char** arguments) {
   const std::string_view wanted = argumentCount == 2 ? arguments[1] : "";
   for (const Document& document : kDocuments) {
     if (document.name == wanted) {
-      return std::fputs(document.text().c_str(), stdout) < 0 ? 1 : 0;
+      const bool isPrinted =
+          std::fputs(document.text().c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+      return isPrinted ? 0 : 1;
     }
   }
   std::fputs("usage: print_document manual|codes|bash|zsh\n", stderr);

@@ -10,6 +10,9 @@ scripts/documents --check "$build"
 expect "what mandoc reports" "" \
   "$(mandoc -T lint -W all docs/*.1 | grep -v 'referenced manual not found')"
 
+expect "the exit code of print_document on a full disk" 1 \
+  "$("$build/print_document" bash 2>&1 >/dev/full || echo $?)"
+
 # What bash offers after the given words, the last one being typed.
 offered() {
   COMP_WORDS=(tavkit "$@")

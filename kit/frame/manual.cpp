@@ -100,7 +100,11 @@ constexpr const char* kClosing =
     "Standard output is then empty.\n"
     ".El\n"
     ".Sh SEE ALSO\n"
-    ".Xr tavrel 1\n";
+    ".Xr tavrel 1\n"
+    ".Pp\n"
+    "The commands are described with examples in the file\n"
+    ".Pa tavkit.md ,\n"
+    "which is installed with the program.\n";
 
 }  // namespace
 

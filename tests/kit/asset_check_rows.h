@@ -177,7 +177,13 @@ inline const std::vector<AssetRow> kAssetRows{
     {"loop of a WAV", kWave, mono16("12").chunk("smpl", sampler(1)), "loop-ignored"},
     {"smpl without a loop", kWave, mono16("12").chunk("smpl", sampler(0)), ""},
     {"markers out of order", kLoopedAiff,
-     aiffOf(mono, 4, 8, "abcd").inst({1, 1, 2}).mark({{2, 0}, {1, 4}}), "loop-markers"},
+     aiffOf(mono, 4, 8, "abcd").inst({1, 1, 2}).mark({{2, 0}, {1, 4}}), "loop-markers",
+     "numbers 2, 1, and"},
+    {"nine markers out of order", kLoopedAiff,
+     aiffOf(mono, 4, 8, "abcd")
+         .inst({1, 1, 2})
+         .mark({{2, 0}, {1, 4}, {3, 4}, {4, 4}, {5, 4}, {6, 4}, {7, 4}, {8, 4}, {9, 4}}),
+     "loop-markers", "numbers 2, 1, 3, 4, 5, 6, 7, 8, ..., and"},
     {"wrap of 4 steps", kLooped, mono16(samples16({0, 251, 502, 753, 1004})), ""},
     {"wrap of 5 steps", kLooped, mono16(samples16({0, 201, 402, 602, 802, 1003})),
      "loop-click 4:1"},

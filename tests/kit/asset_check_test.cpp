@@ -104,6 +104,10 @@ TEST_F(AssetCheckTest, FindsTheFileThatOtherCaseMeans) {
   check(waveBlock("boom.WAV"));
   EXPECT_EQ(found_, ignoresCase ? "case-differs" : "missing-file");
   EXPECT_THAT(said_, HasSubstr("Boom.wav"));
+  const std::string parts =
+      "../" + fs::path(folder_.path()).parent_path().filename().string() + "/./";
+  check(waveBlock(parts + "boom.WAV"));
+  EXPECT_THAT(said_, HasSubstr(parts + "Boom.wav"));
   check(waveBlock("Boom.wav"));
   EXPECT_EQ(found_, "");
 }

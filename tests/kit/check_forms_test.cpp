@@ -39,6 +39,18 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
   EXPECT_THAT(output_.results, HasSubstr(R"(/a%20b.txt")"));
 }
 
+TEST_F(CheckFormsTest, TextHasAPartOfALongLine) {
+  const std::string blanks(150, ' ');
+  const std::string name(300, 'x');
+  write("wide.txt", "BankFileName b.tvb\nUserAsset " + name + " AssetEnd\n" + blanks +
+                        "UserAsset gone AssetEnd\nScriptEnd\n");
+  EXPECT_EQ(run({"check", "wide.txt"}), 1);
+  EXPECT_THAT(output_.results, HasSubstr("\nUserAsset " + name.substr(0, 190) + '\n' +
+                                         blanks.substr(0, 10) + "^\n"));
+  EXPECT_THAT(output_.results, HasSubstr('\n' + blanks.substr(0, 89) + "UserAsset gone AssetEnd\n" +
+                                         blanks.substr(0, 99) + "^\n"));
+}
+
 TEST_F(CheckFormsTest, ExitCodes) {
   expectAnswers(
       {"check"},
@@ -64,6 +76,22 @@ TEST_F(CheckFormsTest, ExitCodes) {
       });
 }
 
+/// Expects paragraphs, up to an empty line, whose lines have at most 80 characters but as many
+/// words as they can. The second paragraph starts with "Fix: ".
+void expectFilled(const std::string& text) {
+  std::istringstream lines(text);
+  std::string line;
+  std::string next;
+  for (std::getline(lines, line); !line.empty(); line = next) {
+    next.clear();
+    std::getline(lines, next);
+    EXPECT_LE(line.size(), 80U) << line;
+    EXPECT_TRUE(next.empty() || next.starts_with("Fix: ") ||
+                line.size() + 1 + std::min(next.find(' '), next.size()) > 80U)
+        << line;
+  }
+}
+
 TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
   ASSERT_EQ(run({"check", "--list-codes"}), 0);
   std::istringstream list(output_.results);
@@ -73,6 +101,7 @@ TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
     const std::string code = line.substr(0, line.find(' '));
     EXPECT_EQ(run({"explain", code}), 0) << code;
     EXPECT_THAT(output_.results, StartsWith(code + " ("));
+    expectFilled(output_.results.substr(output_.results.find("\n\n") + 2));
   }
   EXPECT_EQ(count, 54U);  // 27 errors and 27 warnings
   expectAnswers({"explain"},

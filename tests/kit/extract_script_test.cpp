@@ -172,6 +172,17 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
   }
 }
 
+TEST_F(ExtractScriptTest, NamesFilesFromItsOwnFolder) {
+  pack({{wave, "abc", {1, 1, 4, 0, 0, 6}}}, {"A_WAV"});
+  ASSERT_EQ(run({"extract", "was/sfx.tvb", "-o", "out/../files", "--script", "s.txt"},
+                {"--channels", "2"}),
+            0);
+  EXPECT_THAT(folder_.read("s.txt"), HasSubstr("WaveFile files\\a.wav\n"));
+  const std::string file = folder_.read("files/a.wav");
+  const std::string loop = file.substr(file.find("smpl") + 8 + 36, 16);
+  EXPECT_EQ(loop.substr(8), test::Bytes().le32(0).le32(2).str()) << "3 frames of 2 samples";
+}
+
 TEST_F(ExtractScriptTest, QuotesNamesInItsCommand) {
   pack({{userAsset, "x"}}, {"A_DAT"});
   folder_.write("was/sfx.h",

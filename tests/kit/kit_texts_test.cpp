@@ -1,9 +1,11 @@
-// What the commands share: suggestions, text that is fit to be shown, tables, and the header
-// reader.
+// What the commands share: suggestions, text that is fit to be shown, tables, colours, and the
+// header reader.
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "kit/bank/bank_header.h"
+#include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/nearest.h"
 #include "kit/frame/text_table.h"
@@ -32,6 +34,8 @@ TEST(NearestTest, SuggestsTheFirstOfTheNearestWords) {
   EXPECT_EQ(nearest("Loup", {"Loop", "Soup"}), "Loop");
   EXPECT_EQ(nearest("x", {"y"}), "y");
   EXPECT_EQ(nearest("xy", {"ab"}), "");
+  EXPECT_EQ(nearest("abcdef", {"abcxyz", "abcdxy"}), "abcdxy") << "a third may differ";
+  EXPECT_EQ(nearest("abcdef", {"abcxyz"}), "");
   EXPECT_EQ(nearest(std::string(300, 'a'), {std::string(300, 'a')}), "");
 }
 
@@ -67,6 +71,22 @@ TEST(TextTableTest, LetsOneLongCellWidenNoOtherLineByMoreThan200Characters) {
   table.add({std::string(1000, 'x'), "1"});
   EXPECT_EQ(table.text(), 'a' + std::string(201, ' ') + "b\n" + std::string(1000, 'x') + "  1\n");
 }
+
+#ifndef _WIN32
+TEST(ColourTest, IsForTerminalsUnlessNoColorIsSet) {
+  using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+  const Stream terminal(fdopen(posix_openpt(O_RDWR | O_NOCTTY), "w"), std::fclose);
+  const Stream file(std::tmpfile(), std::fclose);
+  ASSERT_TRUE(terminal && file);
+  for (const auto& [refusal, isColoured] : {std::pair("", true), {"1", false}}) {
+    setenv("NO_COLOR", refusal, 1);
+    EXPECT_EQ(showsColours(terminal.get()), isColoured) << refusal;
+    EXPECT_FALSE(showsColours(file.get()));
+  }
+  unsetenv("NO_COLOR");
+  EXPECT_TRUE(showsColours(terminal.get()));
+}
+#endif
 
 TEST(BankHeaderTest, ReadsDefinesInAnyOrder) {
   const BankHeader header = parseHeader(

@@ -145,6 +145,10 @@ TEST_F(ListTest, FailsWithoutResults) {
                            {{"/none"}, "can't read /none: "}});
   expectAnswers(
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
+  for (const Lines& arguments : {Lines{"--version"}, {"list", "--version"}}) {
+    EXPECT_EQ(run(arguments), 0);
+    EXPECT_THAT(output_.results, testing::StartsWith("tavkit 1."));
+  }
   EXPECT_EQ(run({"--help"}), 0);
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
   EXPECT_EQ(run({"list", "--help"}), 0);

@@ -29,8 +29,12 @@ TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
   write("in/byte.wav", test::wav().fmt(mono, 8, 11025).data("012"));
   write("in/one.wav", wavOf(1));
   write("in/Theme", test::midi().track(test::events().tempo(0, 9).endOfTrack(1)));
+  write("in/game.tvb", "the bank isn't listed");
+  write("in/sub/game.h", "nor is the header");
   fs::create_directory("to");
-  EXPECT_EQ(run({"new", "in", "in/b.dat", "-o", "to/game.txt", "--adpcm"}), 0);
+  EXPECT_EQ(run({"new", "in", "in/b.dat", "-o", "to/game.txt", "--adpcm"},
+                {"--bank-dir", "in", "--header-dir", "in/sub"}),
+            0);
   EXPECT_EQ(output_.messages + output_.results, "");
   EXPECT_EQ(folder_.read("to/game.txt"),
             "BankFileName game.tvb\n\n"
@@ -77,11 +81,13 @@ TEST_F(NewTest, ExplainsWhyAFileIsNotListed) {
       {"i-j.wav", wavOf(2), "S_I-J_WAV", "mv -n i-j.wav i_j.wav"},
       {"k.opaque", "", "has opaqu alone", "mv -n k.opaque k.opaqu"},
       {"l.wave", wavOf(2), "l.wav isn't there", "mv -n l.wave l.wav"},
-      {std::string(80, 'm') + ".wav", wavOf(2), "84 characters", std::string(67, 'm') + ".wav"},
+      {std::string(80, 'm') + ".wav", wavOf(2), "84 characters",
+       ' ' + std::string(67, 'm') + ".wav"},
       {"o.wav", aif, "this is an AIFF file", "mv -n o.wav o.aif"},
       {"n.AIF", wavOf(2), "this is a WAV file", "mv -n n.AIF n.wav"},
       {"p-.flac", "fLaC", "this is a FLAC file", "sox -t flac p-.flac -b 16 p_.wav"},
       {"p_.mp3", "ID3", "this is an MP3 file", "ffmpeg -nostdin -i p_.mp3 -c:a pcm_s16le p__2.wav"},
+      {"v.aif", test::aiff().comm(mono, 1, 24).ssnd("123"), "24 bits", "sox v.aif -b 16 v_16.aif"},
       {"r.wav", "", "the file has 0 bytes"},
       {"u.mid", test::midi(96, 1).track(test::events().endOfTrack()), "of type 1", "python3 -c"},
   };

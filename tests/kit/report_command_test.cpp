@@ -72,6 +72,23 @@ TEST_F(ReportTest, LeavesOutSoundsThatDontFit) {
   EXPECT_TRUE(document("asset-2")["audio"].is_string());
 }
 
+TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
+  const struct {
+    std::size_t samples, bucket, scales;
+  } rows[] = {{1024, 1, 2}, {1028, 1, 3}, {2047, 1, 3}, {2048, 4, 2}};
+  std::vector<test::BankAsset> assets;
+  for (const auto& row : rows) {
+    assets.push_back({1, std::string(row.samples, 'a'), {8000, 0, 8}});
+  }
+  write("b.tvb", bankOf(assets));
+  ASSERT_EQ(report({}), 0) << output_.messages;
+  for (std::size_t id = 0; id < assets.size(); ++id) {
+    const Json wave = document("asset-" + std::to_string(id));
+    EXPECT_EQ(wave["bucket"], rows[id].bucket) << id;
+    EXPECT_EQ(wave["peaks"].size(), rows[id].scales) << id;
+  }
+}
+
 TEST_F(ReportTest, ShowsTheQualityOfAScriptThatPacks) {
   write("b.tvb", bankOf({{6, "four"}}));
   write("a.wav", test::wav().fmt(test::mono, 16, 8000).data("four"));

@@ -40,17 +40,19 @@ NameParts partsOf(const std::string& name) {
   return {name.substr(0, dot), name.substr(dot)};
 }
 
-/// Returns the name of a new file: pluck.wav for pluck24.wav of 24 bits, else with `mark` after the
-/// stem where the name would be that of the old file. Appends more marks while there is such a
-/// file: the commands would replace it.
-std::string newName(const std::string& name, std::uint16_t oldBits, std::string_view extension,
-                    std::string_view mark) {
-  const NameParts parts = partsOf(name);
-  const std::string width = std::to_string(oldBits);
-  std::string stem = parts.stem;
-  if (mark == "16" && stem.size() > width.size() && stem.ends_with(width)) {
-    stem.resize(stem.size() - width.size());
+/// Returns pluck for pluck24 and 24.
+std::string withoutNumber(std::string stem, std::uint16_t number) {
+  const std::string end = std::to_string(number);
+  if (stem.size() > end.size() && stem.ends_with(end)) {
+    stem.resize(stem.size() - end.size());
   }
+  return stem;
+}
+
+/// Returns the name of a file to be made of the file `name`. Appends `mark` to the stem while that
+/// would be the same file or another one that is there: the commands would replace it.
+std::string newName(const std::string& name, std::string stem, std::string_view extension,
+                    std::string_view mark) {
   std::string result = fmt::format("{}{}", stem, extension);
   while (equalsIgnoringCase(result.c_str(), name.c_str()) ||
          pathKind(hostPath(result.c_str()).c_str()) != PathKind::missing) {
@@ -71,8 +73,10 @@ std::string moveCommand(const std::string& from, const std::string& to) {
 }
 
 std::string soxCommand(const std::string& name, const SoundFix& fix) {
+  const std::string stem = partsOf(name).stem;
   const std::string output =
-      newName(name, fix.oldBits, fix.extension, fix.to16Bits ? "16" : "mono");
+      fix.to16Bits ? newName(name, withoutNumber(stem, fix.oldBits), fix.extension, "16")
+                   : newName(name, stem, fix.extension, "mono");
   const std::string type = fix.inputType.empty() ? "" : fmt::format("-t {} ", fix.inputType);
   return fmt::format("sox {}{}{}{}{} {}", type, fileWord(name), fix.toMono ? " -c 1" : "",
                      fix.to16Bits ? " -b 16" : "", fix.toPcm ? " -e signed-integer" : "",
@@ -80,7 +84,7 @@ std::string soxCommand(const std::string& name, const SoundFix& fix) {
 }
 
 std::string convertCommand(const std::string& name, const FileKind& kind) {
-  return convertCommand(name, kind, newName(name, 0, ".wav", "new"));
+  return convertCommand(name, kind, newName(name, partsOf(name).stem, ".wav", "new"));
 }
 
 std::string convertCommand(const std::string& name, const FileKind& kind,
@@ -102,11 +106,12 @@ std::string convertCommand(const std::string& name, const FileKind& kind,
 }
 
 std::string sequenceCommand(const std::string& name) {
+  const NameParts parts = partsOf(name);
   return fmt::format(
       "python3 -c 'import sys, mido; old = mido.MidiFile(sys.argv[1]); "
       "new = mido.MidiFile(type=0, ticks_per_beat=old.ticks_per_beat); "
       "new.tracks.append(mido.merge_tracks(old.tracks)); new.save(sys.argv[2])' {} {}",
-      fileWord(name), fileWord(newName(name, 0, partsOf(name).extension, "type0")));
+      fileWord(name), fileWord(newName(name, parts.stem, parts.extension, "type0")));
 }
 
 }  // namespace tavrel::kit

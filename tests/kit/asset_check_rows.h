@@ -130,7 +130,7 @@ inline const std::vector<AssetRow> kAssetRows{
     {"3 samples compressed", kCompressed, mono16("123456"), "adpcm-odd 4:1"},
     {"no format", kWave, wav().data("12"), "damaged-sound"},
     {"format cut", kWave, wav().chunk("fmt ", "123").claimSize("fmt ", 16), "damaged-sound"},
-    {"no data", kWave, format(mono, 16), "damaged-sound"},
+    {"no data", kWave, format(mono, 16), "damaged-sound", "has no samples"},
     {"data cut", kWave, mono16("12").claimDataSize(4), "damaged-sound"},
     {"data first", kWave, wav().data("12").fmt(mono, 16, 22050), "damaged-sound",
      "before the format"},

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <regex>
 
+#include "kit/build/comparing_buffer.h"
 #include "tests/kit/command_test.h"
 #include "tests/support/sound_builder.h"
 
@@ -185,6 +186,25 @@ TEST_F(BuildTest, KeepsWhatIsReadOnlyAndItsCompany) {
   expectAnswers({"build"}, {{{"s.txt"}, "can't write b.h: "}});
   EXPECT_TRUE(folder_.read("b.tvb") == bank);
   fs::permissions("b.h", fs::perms::owner_write, fs::perm_options::add);
+}
+
+TEST_F(BuildTest, ComparesWhatIsWrittenWithAFile) {
+  const struct {
+    std::string file, written;
+    bool isEqual;
+  } rows[] = {{"", "", true},      {"ab", "ab", true}, {"ab", "a", false},
+              {"ab", "ac", false}, {"a", "ab", false}, {"", "a", false}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.file + ' ' + row.written);
+    write("old", row.file);
+    ComparingBuffer buffer("old");
+    std::ostream stream(&buffer);
+    for (const char c : row.written) {
+      stream.put(c);
+    }
+    EXPECT_EQ(buffer.isEqual(), row.isEqual);
+    EXPECT_FALSE(ComparingBuffer("missing").isEqual());
+  }
 }
 
 }  // namespace

@@ -138,7 +138,8 @@ Command newCommand() {
       .summary = "Write a build script for files and folders of sounds",
       .description =
           "Writes a build script with a block for each file, sorted by name. All files in a folder "
-          "and in the folders inside it are listed. The content of a file decides what it is: WAV "
+          "and in the folders inside it are listed, except hidden ones, whose names start with a "
+          "dot. The content of a file decides what it is: WAV "
           "and AIFF files are waves, MIDI files are sequences, and all other files are user "
           "assets. Waves get the SampleRate of the file, and Loop 1 if the file has loop points of "
           "its own. Names are relative to the folder of SCRIPT: run tavrel there.\n\n"

@@ -93,7 +93,9 @@ class Walk {
       addFile(folder, fmt::format("the folder can't be read: {}", error.message()));
     }
     for (const std::string& name : names) {
-      addEntry(folder == "." ? fs::path(name) : folder / name);
+      if (!name.starts_with('.')) {
+        addEntry(folder == "." ? fs::path(name) : folder / name);
+      }
     }
   }
 

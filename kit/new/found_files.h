@@ -14,7 +14,8 @@ struct FoundFile {
 };
 
 /// Returns all files that are among `paths`, or in folders that are, sorted by name. Folders are
-/// walked to the end, each of them once, however many links lead to it. `paths` are absolute.
+/// walked to the end, each of them once, however many links lead to it. What is hidden in a folder,
+/// under a name that starts with a dot, is left out. `paths` are absolute.
 /// Throws Failure for a path where nothing is.
 std::vector<FoundFile> findFiles(const std::vector<std::string>& paths);
 

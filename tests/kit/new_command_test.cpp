@@ -31,8 +31,11 @@ TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
   write("in/Theme", test::midi().track(test::events().tempo(0, 9).endOfTrack(1)));
   write("in/game.tvb", "the bank isn't listed");
   write("in/sub/game.h", "nor is the header");
+  write("in/.DS_Store", "nor is a hidden file");
+  write("in/.git/config", "nor what is in a hidden folder");
+  write("in/sub/.in/c.dat", "but it is if the folder is named");
   fs::create_directory("to");
-  EXPECT_EQ(run({"new", "in", "in/b.dat", "-o", "to/game.txt", "--adpcm"},
+  EXPECT_EQ(run({"new", "in", "in/sub/.in", "in/b.dat", "-o", "to/game.txt", "--adpcm"},
                 {"--bank-dir", "in", "--header-dir", "in/sub"}),
             0);
   EXPECT_EQ(output_.messages + output_.results, "");
@@ -43,6 +46,7 @@ TEST_F(NewTest, WritesABlockForEachFileByItsContent) {
             "UserAsset ..\\in\\b.dat\nAssetEnd\n\n"
             "WaveFile ..\\in\\byte.wav\n    SampleRate 11025\nAssetEnd\n\n"
             "WaveFile ..\\in\\one.wav\n    SampleRate 22050\nAssetEnd\n\n"
+            "UserAsset ..\\in\\sub\\.in\\c.dat\nAssetEnd\n\n"
             "WaveFile ..\\in\\sub\\loop.aif\n    SampleRate 44100\n    Loop 1\nAssetEnd\n\n"
             "WaveFile ..\\in\\sub\\plain.aif\n    SampleRate 44100\n    Adpcm 1\nAssetEnd\n\n"
             "WaveFile ..\\in\\sub\\smpl.wav\n    SampleRate -1\n    Loop 1\nAssetEnd\n\n"

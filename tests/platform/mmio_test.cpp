@@ -23,7 +23,8 @@ class Mmio : public testing::Test {
   MmioHandle file_ = nullptr;
 };
 
-TEST_F(Mmio, OpensNothingButRegularFiles) {
+TEST_F(Mmio, OpensNothingButRegularFilesWithAnEnd) {
+  EXPECT_EQ(mmioOpenA("/proc/self/status", nullptr, kMmioBuffered), nullptr);
   EXPECT_EQ(mmioOpenA(directory_.path().c_str(), nullptr, kMmioBuffered), nullptr);
   EXPECT_EQ(mmioOpenA(nullptr, nullptr, kMmioBuffered), nullptr);
 }

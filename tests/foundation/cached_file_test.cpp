@@ -46,7 +46,7 @@ TEST_F(CachedFile, IsReadInsteadOfTheDisk) {
 TEST_F(CachedFile, IsReadLikeAFile) {
   add("0123456789");
   std::uint32_t size = 0;
-  EXPECT_TRUE(all({file_.open(), file_.getSize(size), file_.read(bytes_, 10)}));
+  EXPECT_TRUE(all({file_.open(), file_.read(bytes_, 10), file_.getSize(size)}));
   EXPECT_STREQ(bytes_, "0123456789");
   EXPECT_EQ(size, 10U);
   EXPECT_TRUE(all({file_.seek(9), file_.read(bytes_, 1), file_.seek(2), file_.read(bytes_ + 1, 3),

@@ -123,6 +123,7 @@ inline const std::vector<AssetRow> kAssetRows{
     {"no samples", kWave, mono16(""), "empty-sound"},
     {"half a sample", kWave, mono16("1"), "empty-sound"},
     {"no frames", kAiff, aiffOf(mono, 0, 16, ""), "empty-sound"},
+    {"no frames of 8 bits", kAiff, aiffOf(mono, 0, 8, ""), "empty-sound", "has no samples"},
     {"AIFF of 24 bits", kAiff, aiffOf(mono, 1, 24, "123"), "empty-sound",
      "sox a.aif -b 16 a_16.aif"},
     {"1 sample compressed", kCompressed, mono16("12"), "empty-sound"},

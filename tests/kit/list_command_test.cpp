@@ -131,7 +131,6 @@ TEST_F(ListTest, ReadsTheDefinesFromTheHeaderOfTheBank) {
 TEST_F(ListTest, FailsWithoutResults) {
   write("text", std::string(64, 'x'));
   expectAnswers({"list"}, {{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
-                           {{bank_, bank_}, "too many operands"},
                            {{bank_, "--jsn"}, "did you mean --json?"},
                            {{bank_, "--json=1"}, "--json takes no value"},
                            {{bank_, "--header"}, "--header"},
@@ -145,6 +144,16 @@ TEST_F(ListTest, FailsWithoutResults) {
                            {{"/none"}, "can't read /none: "}});
   expectAnswers(
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
+  for (const auto& [command, most] : {std::pair("list", 1),
+                                      {"verify", 1},
+                                      {"diff", 2},
+                                      {"explain", 1},
+                                      {"deps", 1},
+                                      {"build", 1},
+                                      {"quality", 1},
+                                      {"report", 1}}) {
+    expectAnswers({command}, {{Lines(most + 1, bank_), "too many operands"}});
+  }
   for (const Lines& arguments : {Lines{"--version"}, {"list", "--version"}}) {
     EXPECT_EQ(run(arguments), 0);
     EXPECT_THAT(output_.results, testing::StartsWith("tavkit 1."));

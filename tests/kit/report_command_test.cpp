@@ -80,9 +80,11 @@ TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
   for (const auto& row : rows) {
     assets.push_back({1, std::string(row.samples, 'a'), {8000, 0, 8}});
   }
+  assets.push_back({1, "", {8000, 0, 8}});
   write("b.tvb", bankOf(assets));
   ASSERT_EQ(report({}), 0) << output_.messages;
-  for (std::size_t id = 0; id < assets.size(); ++id) {
+  EXPECT_FALSE(document("asset-4").contains("peaks")) << "without samples";
+  for (std::size_t id = 0; id < std::size(rows); ++id) {
     const Json wave = document("asset-" + std::to_string(id));
     EXPECT_EQ(wave["bucket"], rows[id].bucket) << id;
     EXPECT_EQ(wave["peaks"].size(), rows[id].scales) << id;
@@ -115,7 +117,6 @@ TEST_F(ReportTest, RefusesWhatItCantAnswer) {
                                       {{"--script", "gone.txt"}, "gone.txt"},
                                       {{"--audio-limit", "1k"}, "--audio-limit takes"},
                                       {{"--prefix", "P"}, "--prefix needs --script"},
-                                      {{"c.tvb"}, "too many operands"},
                                       {{"--script", "s.txt", "-o", "b.tvb"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "s.txt"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "a.dat"}, "would replace"}});

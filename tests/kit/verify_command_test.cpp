@@ -202,6 +202,12 @@ TEST_F(VerifyTest, FindsDamageOfTheHeader) {
          bank.edit("\"sfx", "\"s-x");
        },
        "define"},
+      {"a name too long for a guard",
+       [](SmallBank& bank) {
+         bank.name = std::string(100, 'n');
+         bank.edit("\"sfx", '"' + bank.name);
+       },
+       "guard"},
       {"no number", edit("5\n", "5u\n"), "define missing-define5"},
       {"octal", edit("5\n", "05\n"), "define missing-define5"},
       {"two of a name", edit("SFX_Z", "SFX_U"), "duplicate5"},

@@ -162,6 +162,8 @@ TEST_F(ListTest, FailsWithoutResults) {
   EXPECT_THAT(output_.results, HasSubstr("\n  list     List the assets of a bank\n"));
   EXPECT_EQ(run({"list", "--help"}), 0);
   EXPECT_THAT(output_.results, HasSubstr("Usage: tavkit list [OPTION ...] BANK\n"));
+  EXPECT_THAT(output_.results, HasSubstr("\n  --header FILE  Read "));
+  EXPECT_THAT(output_.results, HasSubstr("\n  -h, --help     Show "));
 }
 
 }  // namespace

@@ -115,6 +115,10 @@ TEST_F(ShowTest, Sequences) {
               "first track: 33 bytes, 120.00 bpm at first, named a\uFFFD"
               "b\n\n" +
                   shown + "the track breaks off here\n");
+  write("odd.mid", midi().track(events().raw(0, "\x51\3\7\x21\x20").endOfTrack()));
+  run({"show", "odd.mid"});
+  EXPECT_THAT(output_.results, Not(testing::HasSubstr("at first")))
+      << "its first event has no status: it is no tempo, as it would be after a meta event";
 }
 
 TEST_F(ShowTest, OtherFiles) {

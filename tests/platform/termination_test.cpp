@@ -38,6 +38,10 @@ TEST(Termination, DeletesTheFilesThatAreDoomed) {
     files[spared].spare();
   }
   files[3].doom(paths[3].c_str());
+  for (int i = 0; i < 2; ++i) {
+    files[1].doom(paths[1].c_str());
+    files[1].spare();
+  }
   DoomedFile::deleteAll();
   for (const auto& [index, isThere] : {std::pair(0, false), {1, true}, {2, true}, {3, false}}) {
     EXPECT_EQ(std::filesystem::exists(paths[index]), isThere) << index;

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 
+#include "platform/host_path.h"
 #include "platform/move_file.h"
 
 #ifdef _WIN32
@@ -26,7 +27,7 @@ std::error_code lastError() { return {errno, std::generic_category()}; }
 #ifdef _WIN32
 
 constexpr int kHostFlags = O_BINARY | O_NOINHERIT;
-constexpr const char* kSeparators = "/\\:";
+constexpr bool kReplacesReadOnlyFiles = false;
 
 int syncFile(int descriptor) { return _commit(descriptor); }
 
@@ -39,7 +40,7 @@ std::error_code followLinks(std::string& /*path*/) { return {}; }
 namespace fs = std::filesystem;
 
 constexpr int kHostFlags = O_CLOEXEC;
-constexpr const char* kSeparators = "/";
+constexpr bool kReplacesReadOnlyFiles = true;
 
 int syncFile(int descriptor) { return fsync(descriptor); }
 
@@ -64,6 +65,8 @@ std::error_code followLinks(std::string& path) {
 
 #endif
 
+constexpr unsigned kModeOfNewFiles = 0666;
+
 /// A file without any write bit counts as read-only for root, too.
 bool isReadOnly(const std::string& path, unsigned mode) {
   constexpr unsigned kWriteBits = 0222;
@@ -81,7 +84,8 @@ std::error_code whyIrreplaceable(const std::string& path, unsigned mode, Existin
   if (!S_ISREG(mode)) {
     return std::make_error_code(std::errc::not_supported);
   }
-  return existing == Existing::followLink && isReadOnly(path, mode)
+  const bool mustBeWritable = existing == Existing::followLink || !kReplacesReadOnlyFiles;
+  return mustBeWritable && isReadOnly(path, mode)
              ? std::make_error_code(std::errc::permission_denied)
              : std::error_code();
 }
@@ -100,44 +104,45 @@ std::error_code ReplacementFile::createNew(const std::string& target, Existing e
   }
   if (isLink(target_)) {
     return existing == Existing::refuse ? std::make_error_code(std::errc::file_exists)
-                                        : createTemporary();
+                                        : createTemporary(kModeOfNewFiles);
   }
   struct stat old {};
   if (stat(target_.c_str(), &old) != 0) {
-    return createTemporary();
+    return createTemporary(kModeOfNewFiles);
   }
   const std::error_code error = whyIrreplaceable(target_, old.st_mode, existing);
   return error ? error : createTemporaryLike(old.st_mode);
 }
 
-/// Makes a temporary file with the mode of a new file.
-std::error_code ReplacementFile::createTemporary() {
+/// Makes a temporary file with the mode, less the umask.
+std::error_code ReplacementFile::createTemporary(unsigned mode) {
   constexpr int kTries = 100;
-  constexpr int kModeOfNewFiles = 0666;
-  const std::size_t separator = target_.find_last_of(kSeparators);
+  const std::size_t separator = target_.find_last_of(kHostSeparators);
   const std::string folder = target_.substr(0, separator + 1);  // empty without a separator
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  std::error_code error;
   for (int i = 0; i < kTries; ++i) {
     temporaryPath_ = folder + ".tavrel-" + std::to_string(now + i) + ".tmp";
     const HeldSignals held;
-    descriptor_ =
-        open(temporaryPath_.c_str(), O_CREAT | O_EXCL | O_WRONLY | kHostFlags, kModeOfNewFiles);
+    descriptor_ = open(temporaryPath_.c_str(), O_CREAT | O_EXCL | O_WRONLY | kHostFlags, mode);
     if (descriptor_ != kClosed) {
       temporary_.doom(temporaryPath_.c_str());
       return {};
     }
-    if (errno != EEXIST) {
+    error = lastError();
+    if (error != std::errc::file_exists) {
       break;
     }
   }
   temporaryPath_.clear();
-  return lastError();
+  return error;
 }
 
-/// Makes a temporary file with the mode of an old one, on file systems that have modes.
+/// Makes a temporary file with the mode of an old one, on file systems that have modes. At no time
+/// can anyone open it who couldn't open the old one.
 std::error_code ReplacementFile::createTemporaryLike(unsigned mode) {
   constexpr unsigned kPermissions = 0777;
-  const std::error_code error = createTemporary();
+  const std::error_code error = createTemporary(mode & kPermissions);
   if (!error) {
     chmod(temporaryPath_.c_str(), mode & kPermissions);
   }

@@ -32,8 +32,8 @@ class ReplacementFile {
   ReplacementFile& operator=(ReplacementFile&&) = delete;
 
   /// Makes an empty temporary file for `target`, with the mode of the file that is there. Fails for
-  /// a target that `existing` doesn't allow, for a folder or a device, and with `followLink` for a
-  /// file that may not be written. An object serves one `createNew`.
+  /// a target that `existing` doesn't allow, for a folder or a device, and with `followLink`, or on
+  /// Windows, for a file that may not be written. An object serves one `createNew`.
   std::error_code createNew(const std::string& target, Existing existing);
 
   /// Appends `count` bytes, unbuffered.
@@ -43,8 +43,8 @@ class ReplacementFile {
   /// earlier writes may be seen only here.
   std::error_code flushToDisk();
 
-  /// Gives the file, after `flushToDisk`, the name of its target. Hosts that refuse this while a
-  /// program has the old file open get a second to let go.
+  /// Gives the file, after `flushToDisk`, the name of its target. Windows refuses this while a
+  /// program has the old file open; it is tried again for a second there.
   std::error_code replaceFile();
 
   /// Deletes the temporary file, if there is one.
@@ -56,7 +56,7 @@ class ReplacementFile {
  private:
   static constexpr int kClosed = -1;
 
-  std::error_code createTemporary();
+  std::error_code createTemporary(unsigned mode);
   std::error_code createTemporaryLike(unsigned mode);
   std::error_code closeDescriptor();
 

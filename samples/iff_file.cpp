@@ -1,7 +1,7 @@
 #include "samples/iff_file.h"
 
 #include <algorithm>
-#include <new>
+#include <exception>
 #include <string_view>
 #include <utility>
 
@@ -82,7 +82,7 @@ bool IffFile::listChunks() {
   walkChunks([&count](const IffChunk& /*chunk*/) { ++count; });
   try {
     chunks_.reserve(count);
-  } catch (const std::bad_alloc&) {
+  } catch (const std::exception&) {  // std::length_error on hosts of 32 bits
     return fail(IffFault::noMemory);
   }
   walkChunks([this](const IffChunk& chunk) { listChunk(chunk); });

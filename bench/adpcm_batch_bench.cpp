@@ -71,7 +71,7 @@ std::vector<ByteBlock> copyToBlocks(const Sounds& sounds) {
 void encodeAll(std::vector<ByteBlock> blocks, const Sounds& sounds, Streams& streams) {
   AdpcmBatch batch;
   for (std::size_t i = 0; i < sounds.size(); ++i) {
-    batch.add(std::move(blocks[i]), 0, static_cast<std::uint32_t>(2 * sounds[i].size()),
+    batch.add(std::move(blocks[i]), static_cast<std::uint32_t>(2 * sounds[i].size()),
               streams[i].data());
   }
   batch.finish();

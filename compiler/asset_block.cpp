@@ -1,9 +1,7 @@
 #include "compiler/asset_block.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
-#include <limits>
 #include <new>
 #include <utility>
 

@@ -106,7 +106,7 @@ bool storeCompressed(AssetBlock& block, Sound& sound, AdpcmBatch& batch) {
   if (!block.store()) {
     return false;
   }
-  batch.add(std::move(samples), 0, sound.size, stream);
+  batch.add(std::move(samples), sound.size, stream);
   return true;
 }
 

@@ -153,10 +153,10 @@ bool DiskFile::close() {
   }
   isOpen = false;
   const bool complete = closeStream();
-  if (mode == modeRead || findMode(mode) == nullptr) {
-    return mode == modeRead || fail(errorBadMode);
+  if (findMode(mode) == nullptr) {
+    return fail(errorBadMode);
   }
-  return complete || fail(errorWrite);
+  return mode == modeRead || complete || fail(errorWrite);
 }
 
 /// Returns false if an operation on the stream has failed, or if what was written can't be flushed.

@@ -5,11 +5,10 @@
 
 namespace tavrel {
 
-void AdpcmBatch::add(ByteBlock block, std::size_t offset, std::uint32_t byteLength,
-                     std::uint8_t* stream) {
+void AdpcmBatch::add(ByteBlock block, std::uint32_t byteLength, std::uint8_t* stream) {
   const std::uint32_t codeBytes = adpcmCodeBytes(byteLength);
   std::fill(stream + codeBytes, stream + adpcmStreamSize(byteLength), kAdpcmFill);
-  const std::uint8_t* samples = block.get() + offset;
+  const std::uint8_t* samples = block.get();
   AdpcmLane lane{std::move(block), samples, stream, codeBytes};
   if (byteLength >= kLongSound) {
     encodeRest(std::move(lane));

@@ -3,9 +3,8 @@
 // until the shortest sound ends. Nothing is allocated, so no operation fails.
 //
 // Owns the samples of the sounds that wait and frees each block as soon as its sound is encoded.
-// Fewer than 64 MiB of samples wait; a block that holds much more than its sound adds to that.
-// Borrows the streams: each must outlive `finish` or the batch, whichever comes first. A sound
-// that still waits when the batch is destroyed is left incomplete.
+// Fewer than 64 MiB of samples wait. Borrows the streams: each must outlive `finish` or the batch,
+// whichever comes first. A sound that still waits when the batch is destroyed is left incomplete.
 #pragma once
 
 #include <cstddef>
@@ -21,10 +20,10 @@ class AdpcmBatch {
   /// Sounds of this many bytes or more don't wait, which bounds the memory that does.
   static constexpr std::size_t kLongSound = (std::size_t{64} << 20U) / kAdpcmLanes;
 
-  /// Adds the sound whose samples are the `byteLength` bytes at `offset` in `block`: little-endian
-  /// words at any alignment. `stream` has `adpcmStreamSize(byteLength)` bytes, all of which are
-  /// written by the end of `finish`.
-  void add(ByteBlock block, std::size_t offset, std::uint32_t byteLength, std::uint8_t* stream);
+  /// Adds the sound whose samples are the first `byteLength` bytes of `block`: little-endian words.
+  /// `stream` has `adpcmStreamSize(byteLength)` bytes, all of which are written by the end of
+  /// `finish`.
+  void add(ByteBlock block, std::uint32_t byteLength, std::uint8_t* stream);
 
   /// Encodes whatever waits. The batch is then empty and can be used again.
   void finish();

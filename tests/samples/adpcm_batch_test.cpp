@@ -32,14 +32,13 @@ struct Sound {
     expected.resize((expected.size() + 3) / 4 * 4, 128);
     stream.resize(expected.size());
   }
-  /// Adds the samples as little-endian words after `offset` other bytes.
-  void addTo(AdpcmBatch& batch, std::size_t offset) {
-    Bytes bytes = Bytes().fill(offset);
+  void addTo(AdpcmBatch& batch) {
+    Bytes bytes;
     for (const std::int16_t sample : samples) {
       bytes.le16(static_cast<std::size_t>(sample));
     }
     const auto size = static_cast<std::uint32_t>(2 * samples.size());
-    batch.add(blockOf(bytes), offset, size, stream.data());
+    batch.add(blockOf(bytes), size, stream.data());
   }
   Samples samples;
   std::vector<std::uint8_t> expected, stream;
@@ -52,7 +51,7 @@ TEST(AdpcmBatch, AnyNumberOfSoundsHasTheStreamsOfThePlainForm) {
     std::vector<Sound> sounds;
     for (std::size_t i = 0; i < count; ++i) {
       sounds.emplace_back(randomSamples(random, random() % (i % 5 == 0 ? 12 : 3000)));
-      sounds.back().addTo(batch, random() % 4);
+      sounds.back().addTo(batch);
     }
     batch.finish();
     for (const Sound& sound : sounds) {
@@ -67,12 +66,12 @@ TEST(AdpcmBatch, ASoundWaitsForFifteenOthersUnlessItHasFourMebibytes) {
   sounds.resize(16, Sound(Samples(8, 9)));
   AdpcmBatch batch;
   for (Sound& sound : sounds) {
-    sound.addTo(batch, 1);
+    sound.addTo(batch);
     EXPECT_FALSE(sounds[1].stream == sounds[1].expected);
     EXPECT_FALSE(sounds[2].stream == sounds[2].expected);
   }
   EXPECT_TRUE(sounds[0].stream == sounds[0].expected) << "at once";
-  Sound(Samples(8, 9)).addTo(batch, 1);
+  Sound(Samples(8, 9)).addTo(batch);
   EXPECT_TRUE(sounds[2].stream == sounds[2].expected) << "with the sixteenth that waits";
 }
 

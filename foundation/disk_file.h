@@ -1,6 +1,6 @@
-// A binary file with a mode chosen before opening: the one class that reads and writes files.
-// Owns its stream and its name. Operations return false on failure and leave its code in `error`,
-// where it stays; `reportError` prints the message. Nothing throws.
+// A binary file with a mode chosen before opening. Owns its stream and its name. Operations return
+// false on failure and leave its code in `error`, where it stays; `reportError` prints the message.
+// Nothing throws.
 #pragma once
 
 #include <cstdint>

@@ -58,6 +58,9 @@ class TokenFile {
   /// last one and has no delimiter after it.
   [[nodiscard]] std::size_t tokenStart() const { return tokenStart_; }
 
+  /// Returns true for a character that ends a token.
+  [[nodiscard]] static bool isDelimiter(char character);
+
   // Not used by the tool; for programs that report columns, parse other text, or parse text that is
   // in memory already.
 
@@ -65,9 +68,6 @@ class TokenFile {
   [[nodiscard]] std::string_view text() const {
     return {reinterpret_cast<const char*>(data_), static_cast<std::size_t>(dataEnd_ - data_)};
   }
-
-  /// Returns true for a character that ends a token.
-  [[nodiscard]] static bool isDelimiter(char character);
 
   /// Reads a token and copies it to `destination`, which has room for a `TokenBuffer`.
   bool readTokenInto(char* destination);

@@ -2,7 +2,7 @@
 //
 //   content                    width
 //   delta time in ticks        variable-length quantity
-//   status                     1; omitted if it equals that of the previous event
+//   status                     1; may be left out if it equals the one before
 //   channel message            2 data bytes; 1 for program change and channel pressure
 //   meta event (0xFF)          1 for the type, a variable-length quantity, that many bytes
 //   system event (0xF0-0xFE)   a variable-length quantity, that many bytes
@@ -11,6 +11,7 @@
 // their top bit set.
 #include <algorithm>
 
+#include "foundation/bit_utilities.h"
 #include "midi/midi_file.h"
 
 namespace tavrel {
@@ -97,8 +98,9 @@ bool MidiFile::readStatus(MidiEvent& ev) {
   } else {
     ev.status = runningStatus;
   }
-  ev.statusHigh = ev.status >> 4U & 0xFU;
-  ev.statusLow = ev.status & 0xFU;
+  const auto status = static_cast<std::uint16_t>(ev.status);
+  ev.statusHigh = static_cast<std::uint8_t>(extractBits(status, 4, 4));
+  ev.statusLow = static_cast<std::uint8_t>(extractBits(status, 0, 4));
   return true;
 }
 

@@ -1,6 +1,7 @@
 // Record of one event of a Standard MIDI Files 1.0 track, as `MidiFile::getNextEvent` fills it, and
 // its predicates. The holder of a record owns `data` and calls `clearEvent` before each read.
-// Nothing here fails: payload bytes that are missing count as 0.
+// Only `newEvent` can fail. Payload bytes that are missing count as 0, but no predicate finds a
+// number in them.
 #pragma once
 
 #include <cstdint>

@@ -22,6 +22,9 @@ class MidiFile {
   /// Reads the file into `image` and moves the cursor to its start. Silently fails if the file is
   /// empty or memory runs out. On failure the object keeps the image that it had.
   bool loadImage();
+  /// Takes ownership of a file's `size` bytes, as `loadImage` does after reading them. Silently
+  /// fails if there are none.
+  bool useImage(ByteBlock bytes, std::uint32_t size);
   /// Reads the header chunk at the cursor.
   bool readHeaderChunk();
   /// Reads the header of a track chunk at the cursor. `rewind` then goes to this track.
@@ -65,10 +68,6 @@ class MidiFile {
 
   /// Unnamed, so there is nothing to load.
   MidiFile();
-
-  /// Takes ownership of a file's `size` bytes, as `loadImage` does after reading them. Silently
-  /// fails if there are none.
-  bool useImage(ByteBlock bytes, std::uint32_t size);
 
   /// Runs `loadImage`, `readHeaderChunk` and `readTrackHeader`. Silently fails if the format isn't
   /// 0.
@@ -124,7 +123,7 @@ class MidiFile {
   const std::uint8_t* cursor = nullptr;    ///< the next byte to read
   const std::uint8_t* imageEnd = nullptr;  ///< one past the last byte
   std::uint8_t atEnd = 0;                  ///< 1 after a read at the end of the image
-  bool memoryRanOut = false;               ///< for the content of the last event that was read
+  bool memoryRanOut = false;               ///< for the payload of the last event
   std::uint32_t bytesRead = 0;             ///< since `loadImage`; a rewind doesn't change it
 
   // The header chunk, big-endian:

@@ -1,3 +1,4 @@
+// How long a sequence takes: its ticks as seconds. sequence_summary.h describes the division.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,8 @@
 
 namespace tavrel {
 
-/// Adds up the length of a sequence. Ticks divide a unit: a quarter note or a frame.
+/// Adds up delta times. A tick is a part of a quarter note, whose length the tempo sets, or of a
+/// SMPTE frame. Nothing fails.
 class SequenceClock {
  public:
   explicit SequenceClock(std::uint16_t division)
@@ -22,12 +24,14 @@ class SequenceClock {
     }
   }
 
+  /// Adds the delta time of the next event.
   void advance(std::uint32_t ticks) {
     if (ticksPerUnit_ != 0) {
       seconds_ += ticks * secondsPerUnit_ / ticksPerUnit_;
     }
   }
 
+  /// Returns the time so far, or nothing if ticks have no length.
   [[nodiscard]] std::optional<double> seconds() const {
     return ticksPerUnit_ != 0 ? std::optional(seconds_) : std::nullopt;
   }

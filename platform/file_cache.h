@@ -1,7 +1,7 @@
 // Bytes of files that a program has read already. While a cache is set, opening one of its files
 // for reading reads those bytes instead of the disk, so that whatever reads a file again reads the
-// same. It also finds the same file under a name again. Not used by the tool, where no cache is set
-// and opening a file costs one comparison more.
+// same. It also remembers which file each name has led to. Not used by the tool, where no cache is
+// set and opening a file costs one comparison more.
 #pragma once
 
 #include <cstddef>

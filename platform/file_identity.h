@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
 
 namespace tavrel {
 
@@ -14,10 +13,7 @@ struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
 
-  bool operator==(const FileIdentity&) const = default;
-  bool operator<(const FileIdentity& other) const {
-    return std::tie(volume, number) < std::tie(other.volume, other.number);
-  }
+  auto operator<=>(const FileIdentity&) const = default;
 };
 
 /// Returns the identity of the file or folder at `path`, with links followed. Returns nothing if it
@@ -27,9 +23,9 @@ std::optional<FileIdentity> fileIdentity(const char* path);
 /// Returns the name with the case of its letters A to Z exchanged.
 std::string inOtherCase(std::string name);
 
-/// Returns true if names in `folder` that differ in the case of letters are names of one file.
-/// Returns false where that can't be seen: where the folder isn't there, or has no letter in its
-/// name.
+/// Returns true if the host finds `folder` itself under its name in the other case, as one does
+/// that ignores the case of names in it too. Returns false if the folder isn't there or has no
+/// letter in its name. Always returns true on Windows.
 bool ignoresCase(const char* folder);
 
 }  // namespace tavrel

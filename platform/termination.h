@@ -4,12 +4,12 @@
 
 namespace tavrel {
 
-/// Makes each signal that would end the program, and can be caught, delete the files of all
-/// `DoomedFile` objects first. Signals that the caller of the program ignores stay ignored.
+/// Makes the signals that ask a program to end, such as SIGINT and SIGTERM, delete the files of all
+/// `DoomedFile` objects first. Those that the caller of the program ignores stay ignored. A crash
+/// deletes nothing.
 void deleteDoomedFilesOnSignals();
 
-/// While it exists, no signal ends the program: one that arrives waits. Does
-/// nothing on Windows.
+/// While one exists, these signals wait. Does nothing on Windows.
 class HeldSignals {
  public:
   HeldSignals();

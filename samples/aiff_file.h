@@ -37,8 +37,6 @@ class AiffFile : public IffFile {
   /// The number of channels is ignored.
   bool getDataSize(std::uint32_t& dataSize) const;
   bool getBitsPerSample(std::uint16_t& bits) const;
-  bool getChannels(std::uint16_t& channels) const;
-  bool getSampleRate(std::uint32_t& rate) const;
 
   /// Returns the sustain loop (`which` 1) or the release loop (2), with the positions of its
   /// markers in sample frames. On a loaded object it returns false, with the out-values unchanged,
@@ -65,6 +63,10 @@ class AiffFile : public IffFile {
 
   /// Returns the id of the chunk that made `load` fail as damaged, else 0.
   [[nodiscard]] std::uint32_t damagedChunk() const { return damagedChunk_; }
+
+  // On an object that isn't loaded these return false and set the out-value to 0.
+  bool getChannels(std::uint16_t& channels) const;
+  bool getSampleRate(std::uint32_t& rate) const;
 
   bool dump = false;  ///< `load` prints the instrument and the markers
 

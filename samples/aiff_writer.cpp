@@ -1,6 +1,7 @@
 #include "samples/aiff_writer.h"
 
 #include <bit>
+#include <utility>
 
 #include "foundation/byte_order.h"
 

@@ -58,8 +58,8 @@ constexpr std::uint32_t aiffHeaderSize(const AiffFileFormat& format) {
   return format.loop ? kPlain + kLoop : kPlain;
 }
 
-/// Returns true if the sizes of a file with that many bytes of samples fit into their fields. Other
-/// files can't be written.
+/// Returns true if a file with that many bytes of samples has less than 4 GiB, which AiffFile can
+/// read. Other files can't be written.
 constexpr bool fitsAiffFile(const AiffFileFormat& format, std::uint64_t sampleBytes) {
   constexpr std::uint64_t kLargest = std::numeric_limits<std::uint32_t>::max();
   return sampleBytes <= kLargest && aiffHeaderSize(format) + sampleBytes + 1 <= kLargest;

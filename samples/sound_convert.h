@@ -24,13 +24,13 @@ class SoundConvert {
   static std::uint8_t* swapBytes(const std::uint8_t* source, std::uint8_t* destination,
                                  std::uint32_t count);
 
+  // Not used by the tool; for programs that convert fields of sound files and of instruments, as
+  // tavkit does with root notes.
+
   /// Returns how many samples of `bits` bits are in `size` bytes. For 4 bits, returns how many the
   /// ADPCM encoder takes from `size` bytes of 16-bit samples. Returns 0 for other widths than 4, 8
   /// and 16.
   static std::uint32_t sampleCount(std::uint32_t size, std::uint16_t bits);
-
-  // Not used by the tool; for programs that convert fields of sound files and of instruments, as
-  // tavkit does with root notes.
 
   /// Reads 2 big-endian bytes.
   static void readWord(std::uint16_t& value, const std::uint8_t* bytes);

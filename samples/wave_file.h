@@ -67,8 +67,6 @@ class WaveFile {
 
   bool getDataSize(std::uint32_t& size) const;
   bool getBitsPerSample(std::uint16_t& bits) const;
-  bool getChannels(std::uint16_t& channels) const;
-  bool getSampleRate(std::uint32_t& rate) const;
 
   /// Returns the sample bytes, which the caller may change in place. Valid until `takeSamples`,
   /// `releaseData` or the object's destruction.
@@ -87,6 +85,8 @@ class WaveFile {
   /// until the next call or the object's destruction.
   [[nodiscard]] const char* openedName() { return path_.getFullPath(); }
 
+  bool getChannels(std::uint16_t& channels) const;
+  bool getSampleRate(std::uint32_t& rate) const;
   bool getFormatTag(std::uint16_t& tag) const;
   bool getFormat(WaveFormat& record) const;
   [[nodiscard]] bool isStereo() const;

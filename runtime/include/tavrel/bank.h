@@ -51,7 +51,7 @@ enum tavrel_asset_type {
  *   0  sample rate in hertz                        ticks per quarter note; negative: SMPTE time
  *   1  1 if it loops                               volume
  *   2  bits per sample, 4 for ADPCM                General MIDI mode
- *   3  random pitch amount                         1 if it loops
+ *   3  random pitch amount                         loop setting, as its script states it
  *   4  loop start, in samples
  *   5  loop end, in samples                        first tempo in microseconds per quarter note
  *

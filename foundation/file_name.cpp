@@ -118,7 +118,6 @@ bool FileName::changeExtension(const char* extension) {
 }
 
 const char* FileName::getNameAndPath() {
-  nameAndPath_.reset();
   if (!path && !setPath("")) {
     return nullptr;
   }

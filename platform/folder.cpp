@@ -9,20 +9,30 @@
 
 namespace tavrel {
 
+namespace {
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+}  // namespace
+
 std::error_code listFolder(const char* path, std::vector<std::string>& names) {
   names.clear();
-  errno = 0;
   const auto close = [](DIR* folder) { closedir(folder); };
   const std::unique_ptr<DIR, decltype(close)> folder(opendir(path), close);
-  const dirent* entry = folder ? readdir(folder.get()) : nullptr;
-  for (; entry != nullptr; entry = readdir(folder.get())) {
+  if (!folder) {
+    return lastError();
+  }
+  const auto next = [&folder] {
+    errno = 0;  // at the end readdir leaves it alone
+    return readdir(folder.get());
+  };
+  while (const dirent* entry = next()) {
     const std::string_view name = static_cast<const char*>(entry->d_name);
     if (name != "." && name != "..") {
       names.emplace_back(name);
     }
-    errno = 0;
   }
-  const std::error_code error(errno, std::generic_category());
+  const std::error_code error = lastError();
   std::sort(names.begin(), names.end());
   return error;
 }

@@ -62,7 +62,7 @@ constexpr std::uint32_t aiffHeaderSize(const AiffFileFormat& format) {
 /// read. Other files can't be written.
 constexpr bool fitsAiffFile(const AiffFileFormat& format, std::uint64_t sampleBytes) {
   constexpr std::uint64_t kLargest = std::numeric_limits<std::uint32_t>::max();
-  return sampleBytes <= kLargest && aiffHeaderSize(format) + sampleBytes + 1 <= kLargest;
+  return sampleBytes <= kLargest - 1 - aiffHeaderSize(format);
 }
 
 /// Returns the bytes before the samples of a file that fits. Throws std::bad_alloc if memory runs

@@ -23,6 +23,7 @@ TEST(LogFileTest, PrintsLinesOfAnyLengthAndKeepsNoFileUnlessAsked) {
   });
   EXPECT_EQ(printed.errors, text + "12345\n" + text + "123456\n");
   EXPECT_STREQ(theLog.fileName.getNameAndPath(), "logfile.txt");
+  EXPECT_STREQ(LogFile("a.txt", "logs/").fileName.getNameAndPath(), "logs/a.txt");
   EXPECT_FALSE(std::filesystem::exists("logfile.txt"));
 }
 

@@ -137,6 +137,7 @@ TEST_F(ExtractScriptTest, WritesFilesAndStatementsForAllThatAScriptCanState) {
 }
 
 TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
+  const std::string noTempo = test::midi().track(test::events().endOfTrack());
   const struct {
     const char* define;
     BankAsset asset;
@@ -152,6 +153,7 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
       {"A_MTB", {3, "x", {2}}, "is left out", true},
       {"A_FXO", {5, "x", {1}}, "is left out", true},
       {"A_MID", {2, "MThd", {96, 127, 1}}, "is left out", true},
+      {"A_MID", {2, noTempo, {96, 127, 1}}, "is left out", true},
       {"A_WAV", {wave, "abcd", {1, 1, 16, 0, 1, 2}}, "its define becomes SFX_A_AIF"},
       {"A_AIF", {wave, "abc", {1, 0, 24}}, "its define becomes SFX_A_WAV"},
       {"A;B_DAT", {userAsset, "x"}, "its define becomes SFX_0000_DAT"},

@@ -24,6 +24,10 @@ TEST(LocalTime, IsThatOfTheHost) {
   // The C library's clock may be some milliseconds late.
   EXPECT_LE(std::mktime(&fields), std::time(nullptr) + 1);
   EXPECT_EQ(clock.wDayOfWeek, fields.tm_wday);
+  for (int i = 0; clock.wMilliseconds == 0 && i < 1000000; ++i) {
+    GetLocalTime(&clock);
+  }
+  EXPECT_GT(clock.wMilliseconds, 0);
   EXPECT_LT(clock.wMilliseconds, 1000);
 }
 

@@ -25,6 +25,8 @@ class Mmio : public testing::Test {
 
 TEST_F(Mmio, OpensNothingButRegularFilesWithAnEnd) {
   EXPECT_EQ(mmioOpenA("/proc/self/status", nullptr, kMmioBuffered), nullptr);
+  open("");
+  EXPECT_NE(file_, nullptr);
   EXPECT_EQ(mmioOpenA(directory_.path().c_str(), nullptr, kMmioBuffered), nullptr);
   EXPECT_EQ(mmioOpenA(nullptr, nullptr, kMmioBuffered), nullptr);
 }

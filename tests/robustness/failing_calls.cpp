@@ -91,6 +91,10 @@ ssize_t read(int file, void* bytes, size_t size) {
   return strikes(Fault::readAtEnd) ? 0 : syscall(SYS_read, file, bytes, size);
 }
 
+int fsync(int file) {
+  return strikes(Fault::close) ? -1 : static_cast<int>(syscall(SYS_fsync, file));
+}
+
 int fclose(FILE* file) {
   static const auto original = reinterpret_cast<int (*)(FILE*)>(dlsym(RTLD_NEXT, "fclose"));
   const int result = original(file);

@@ -89,8 +89,8 @@ TEST_F(FailingKit, AnswersRightOrNotAtAll) {
     ASSERT_EQ(code_, kit::exitYes);
     EXPECT_EQ(run(command, Fault::inPieces), whole) << command[0];
     EXPECT_LE(blocks_, 2) << command[0] << " leaks: the output has two texts at most";
-    for (const Fault fault :
-         {Fault::oneAllocation, Fault::noMemory, Fault::noSpace, Fault::read, Fault::readAtEnd}) {
+    for (const Fault fault : {Fault::oneAllocation, Fault::noMemory, Fault::noSpace, Fault::close,
+                              Fault::read, Fault::readAtEnd}) {
       if (command[0] == "new" && fault == Fault::oneAllocation) {
         continue;  // readers of the tool then take a file for one that can't be opened
       }

@@ -7,13 +7,9 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/last_error.h"
+
 namespace tavrel {
-
-namespace {
-
-std::error_code lastError() { return {errno, std::generic_category()}; }
-
-}  // namespace
 
 std::error_code listFolder(const char* path, std::vector<std::string>& names) {
   names.clear();

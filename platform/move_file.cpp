@@ -34,11 +34,11 @@ std::error_code moveFile(const std::string& from, const std::string& to, bool re
 #include <cerrno>
 #include <cstdio>
 
+#include "platform/last_error.h"
+
 namespace tavrel {
 
 namespace {
-
-std::error_code lastError() { return {errno, std::generic_category()}; }
 
 bool isThere(const std::string& path) {
   struct stat status {};

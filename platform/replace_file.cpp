@@ -10,6 +10,7 @@
 #include <cstdio>
 
 #include "platform/host_path.h"
+#include "platform/last_error.h"
 #include "platform/move_file.h"
 
 #ifdef _WIN32
@@ -21,8 +22,6 @@
 namespace tavrel {
 
 namespace {
-
-std::error_code lastError() { return {errno, std::generic_category()}; }
 
 #ifdef _WIN32
 

@@ -1,12 +1,13 @@
 // Runs a fuzzer without a fuzzing engine on each input in the folders of the command line: whole,
 // truncated to every length, and with every byte damaged. An ordinary test of past failures and of
-// inputs close to them.
+// inputs close to them. Those in the folders after "--whole" are run once.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
@@ -19,10 +20,18 @@ void run(const std::string& input) {
   LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
 }
 
-void replay(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
+struct Input {
+  std::filesystem::path path;
+  bool isDamaged;  ///< and truncated, too
+};
+
+void replay(const Input& stored) {
+  std::ifstream file(stored.path, std::ios::binary);
   const std::string input{std::istreambuf_iterator<char>(file), {}};
   run(input);
+  if (!stored.isDamaged) {
+    return;
+  }
   for (std::size_t place = 0; place < input.size(); ++place) {
     run(input.substr(0, place));
     for (const int damage : {0x01, 0x80, 0xFF}) {
@@ -37,16 +46,18 @@ void replay(const std::filesystem::path& path) {
 
 int main(int argumentCount, char** arguments) {
   std::FILE* console = stderr;  // the fuzzers silence the stream
-  std::vector<std::filesystem::path> inputs;
+  std::vector<Input> inputs;
+  bool isDamaged = true;
   for (int i = 1; i < argumentCount; ++i) {
+    isDamaged = isDamaged && arguments[i] != std::string_view("--whole");
     if (std::filesystem::exists(arguments[i])) {  // the folder of failures may not exist yet
       for (const auto& entry : std::filesystem::directory_iterator(arguments[i])) {
-        inputs.push_back(std::filesystem::absolute(entry.path()));
+        inputs.push_back({std::filesystem::absolute(entry.path()), isDamaged});
       }
     }
   }
-  for (const std::filesystem::path& input : inputs) {
-    std::fprintf(console, "%s\n", input.c_str());
+  for (const Input& input : inputs) {
+    std::fprintf(console, "%s\n", input.path.c_str());
     replay(input);
   }
   std::fprintf(console, "%zu inputs\n", inputs.size());

@@ -144,7 +144,7 @@ TEST_F(ListTest, FailsWithoutResults) {
                            {{"/none"}, "can't read /none: "}});
   expectAnswers(
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
-  for (const auto& [command, most] : {std::pair("list", 1),
+  for (const auto& [command, most] : {std::pair("list", 1U),
                                       {"verify", 1},
                                       {"diff", 2},
                                       {"explain", 1},

@@ -34,7 +34,7 @@ TEST(Termination, DeletesTheFilesThatAreDoomed) {
   for (std::size_t i = 0; i < 4; ++i) {
     files[i].doom(paths[i].c_str());
   }
-  for (const std::size_t spared : {1, 2, 3}) {  // from the middle, then the newest
+  for (const std::size_t spared : {1U, 2U, 3U}) {  // from the middle, then the newest
     files[spared].spare();
   }
   files[3].doom(paths[3].c_str());

@@ -13,6 +13,7 @@ struct FileIdentity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): the generated comparison is taken for a null pointer
   auto operator<=>(const FileIdentity&) const = default;
 };
 

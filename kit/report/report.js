@@ -2,6 +2,7 @@
 import { kinds, qualityOf, report } from "./data.js";
 import { Card } from "./card.js";
 import { shownCount, showOverview } from "./overview.js";
+import { isPlaying, stop } from "./sound.js";
 import { button, element } from "./theme.js";
 
 const orders = [
@@ -39,6 +40,9 @@ function showList() {
   const ordered = [...cards].sort((a, b) => compare(a, b) || a.asset.id - b.asset.id);
   shown = isPrinting() ? ordered : ordered.filter(matches);
   container.replaceChildren(...shown.map((card) => card.element));
+  if (!shown.some(isPlaying)) {
+    stop(); // a hidden card has no button for it
+  }
   document.getElementById("count").textContent = shownCount(shown.length, cards.length);
 }
 

@@ -40,14 +40,16 @@ export function timeText(seconds) {
   if (seconds === null) {
     return "length unknown";
   }
-  if (seconds < 1) {
-    return `${Math.round(1000 * seconds)} ms`;
+  const milliseconds = Math.round(1000 * seconds);
+  if (milliseconds < 1000) {
+    return `${milliseconds} ms`;
   }
-  if (seconds < 60) {
-    return `${seconds.toFixed(seconds < 10 ? 2 : 1)} s`;
+  const tenths = Math.round(10 * seconds);
+  if (tenths < 600) {
+    return `${seconds.toFixed(tenths < 100 ? 2 : 1)} s`;
   }
-  const minutes = Math.floor(seconds / 60);
-  return `${minutes}:${(seconds - 60 * minutes).toFixed(1).padStart(4, "0")} min`;
+  const rest = ((tenths % 600) / 10).toFixed(1);
+  return `${Math.floor(tenths / 600)}:${rest.padStart(4, "0")} min`;
 }
 
 export function countText(count, noun) {

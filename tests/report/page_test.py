@@ -61,8 +61,8 @@ def write_bank(folder, records):
     (folder / "made.h").write_text(header)
 
 
-def sound(define, samples):
-    return define, 1, (8000, 0, 16, 0, 0, 0), array.array("h", samples).tobytes()
+def sound(define, samples, rate=8000):
+    return define, 1, (rate, 0, 16, 0, 0, 0), array.array("h", samples).tobytes()
 
 
 class Page(unittest.TestCase):
@@ -168,6 +168,8 @@ class Page(unittest.TestCase):
         self.wait_for("!document.querySelector('.playing .cursor').hidden")
         text = self.js("document.querySelector('.playing').innerText")
         self.assertIn("plain oscillators", text)
+        self.press("/", "boom", Keys.ESCAPE)
+        self.assertIsNone(self.js("document.querySelector('.playing')"), "it was hidden")
 
     def test_previews_crowds(self):
         chord = b"".join(bytes([0, 0x90 + i % 16, i % 128, 99]) for i in range(5000))
@@ -249,6 +251,16 @@ class Page(unittest.TestCase):
         self.report(sound(HOSTILE, [1, 2, 3, 4]))
         self.assertEqual(self.names(), [HOSTILE])
         self.assertEqual(self.js("[document.title, document.images.length]"), ["made.tvb", 0])
+
+    def test_rounds_lengths_before_it_chooses_their_unit(self):
+        lengths = ((9996, 10000, "1.00 s"), (9996, 1000, "10.0 s"), (59960, 1000, "1:00.0 min"),
+                   (11996, 100, "2:00.0 min"), (9994, 10000, "999 ms"))  # fmt: skip
+        self.report(*(sound(f"S_{i}_WAV", [0] * count, rate)
+                      for i, (count, rate, _) in enumerate(lengths)))  # fmt: skip
+        self.js("dispatchEvent(new Event('beforeprint'))")  # fills all cards
+        shown = self.js("[...document.querySelectorAll('.facts li:nth-child(2)')]"
+                        ".map((fact) => fact.innerText)")  # fmt: skip
+        self.assertEqual(shown, [text for _, _, text in lengths])
 
     def test_draws_only_what_is_near(self):
         self.report(*(sound(f"S_{i}_WAV", [i % 999, -i] * 4000) for i in range(1000)))

@@ -168,7 +168,7 @@ LoadedSound soundOf(const WaveFile& file) {
 }
 
 void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
-  WaveFile file(asset.openedPath.c_str());
+  WaveFile file(asset.block->file->text.c_str());  // cuts the name, which a second cut may change
   if (!file.load()) {
     return reportFault(file.fault(), asset.openedName, folders, findings);
   }

@@ -94,6 +94,8 @@ inline const std::vector<AssetRow> kAssetRows{
     {"cut name missing", waveBlock("a.wave"), kGood, "missing-file", "mv -n a.wave a.wav"},
     {"FLAC", waveBlock("a.flac"), "fLaC", "missing-file", "sox -t flac a.flac -b 16 a.wav"},
     {"cut name there", waveBlock("a.wave"), kGood, "name-cut", "", "a.wav"},
+    {"cut twice", waveBlock("a.wavw."), kGood, "missing-file", "mean a.wav?", "a.wav"},
+    {"cut to a.wavw", waveBlock("a.wavw."), kGood, "name-cut", "Write a.wavw", "a.wavw"},
     {"extension of six", "UserAsset a.abcdef", "1", "name-cut"},
     {"extension of five", "UserAsset a.abcde", "1", ""},
     {"name of 80", waveBlock(kLong + "n.wav"), kGood, "long-name"},

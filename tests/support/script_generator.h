@@ -112,8 +112,9 @@ class ScriptGenerator {
     if (separator != std::string::npos && !oneIn(3)) {
       name[separator] = '\\';
     }
-    static const std::vector<std::string> kSpoilt{"gone.wav", "\"d.dat\"", "d .dat", "d;.dat",
-                                                  "d.dat\\",  "sub",       "..",     "sub\\"};
+    static const std::vector<std::string> kSpoilt{"gone.wav", "\"d.dat\"",   "d .dat",
+                                                  "d;.dat",   "plain.wavw.", "d.dat\\",
+                                                  "sub",      "..",          "sub\\"};
     return fault() ? any(kSpoilt) : name;
   }
 

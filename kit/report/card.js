@@ -1,6 +1,6 @@
 // One asset of the list. Its heading is always there; the rest is made when it comes near the view
 // and removed when it is far again.
-import { hasLoop, nameOf, pictureOf, qualityOf, secondsOf, bytesFrom } from "./data.js";
+import { hasLoop, linkOf, nameOf, pictureOf, qualityOf, secondsOf, bytesFrom } from "./data.js";
 import { SequencePreview } from "./preview.js";
 import { SequenceView } from "./sequence_view.js";
 import { WaveSound, isPlaying, play, stop } from "./sound.js";
@@ -29,7 +29,7 @@ export class Card {
   constructor(asset) {
     this.asset = asset;
     this.name = nameOf(asset);
-    this.link = `#${encodeURIComponent(this.name)}`;
+    this.link = linkOf(asset);
     this.body = element("div", { className: "body" });
     this.element = element(
       "article",
@@ -115,7 +115,8 @@ export class Card {
     if (wave.loop) {
       const { start, end } = wave.loop;
       const points = `loop ${numberText(start)}–${numberText(end)}`;
-      facts.push(hasLoop(this.asset) ? points : warning(`broken ${points}`));
+      const isBroken = start >= end || end > (wave.samples ?? Infinity); // null: it isn't known
+      facts.push(isBroken ? warning(`broken ${points}`) : points);
     }
     return [...facts, ...this.qualityFacts()];
   }

@@ -32,6 +32,18 @@ export function nameOf(asset) {
   return asset.define ?? String(asset.id);
 }
 
+// Each asset's link has its name, or its id if an asset before it has the same name.
+const linkedNames = new Set();
+const links = report.list.assets.map((asset) => {
+  const name = linkedNames.has(nameOf(asset)) ? String(asset.id) : nameOf(asset);
+  linkedNames.add(name);
+  return `#${encodeURIComponent(name)}`;
+});
+
+export function linkOf(asset) {
+  return links[asset.id];
+}
+
 const scriptWaves = new Map(report.quality?.waves.map((wave) => [wave.id, wave]));
 const qualities = new Map(report.judged.map(([id, waveId]) => [id, scriptWaves.get(waveId)]));
 

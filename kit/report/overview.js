@@ -1,5 +1,5 @@
 // What the page says of the bank as a whole.
-import { kinds, nameOf, report, secondsOf } from "./data.js";
+import { kinds, linkOf, nameOf, report, secondsOf } from "./data.js";
 import { countText, element, numberText, sizeText, timeText } from "./theme.js";
 
 const { list } = report;
@@ -115,8 +115,7 @@ function checkPanel() {
 }
 
 function assetLink(asset) {
-  const name = nameOf(asset);
-  return element("a", { text: name, href: `#${encodeURIComponent(name)}` });
+  return element("a", { text: nameOf(asset), href: linkOf(asset) });
 }
 
 function largest() {

@@ -116,7 +116,8 @@ function followLink() {
   } catch {
     // Not encoded: taken as it is.
   }
-  const card = name === "" ? null : cards.find((candidate) => candidate.name === name);
+  const link = `#${encodeURIComponent(name)}`;
+  const card = cards.find((candidate) => candidate.link === link);
   if (!card) {
     return;
   }

@@ -252,6 +252,14 @@ class Page(unittest.TestCase):
         self.assertEqual(self.names(), [HOSTILE])
         self.assertEqual(self.js("[document.title, document.images.length]"), ["made.tvb", 0])
 
+    def test_links_each_asset_of_one_define(self):
+        raw = "A_WAV", 1, (8000, 1, 24, 0, 0, 8), bytes(30)
+        self.report(raw, raw)
+        self.js("document.querySelectorAll('h3 a')[1].click()")
+        self.wait_for(f"document.querySelectorAll('article')[1] === {CARD}")
+        self.assertTrue(self.browser.current_url.endswith("#1"))
+        self.assertIsNone(self.js("document.querySelector('.facts .warning')"), "a good loop")
+
     def test_rounds_lengths_before_it_chooses_their_unit(self):
         lengths = ((9996, 10000, "1.00 s"), (9996, 1000, "10.0 s"), (59960, 1000, "1:00.0 min"),
                    (11996, 100, "2:00.0 min"), (9994, 10000, "999 ms"))  # fmt: skip

@@ -88,8 +88,9 @@ bool isText(std::string_view start) {
   const std::string shown = displayText(spaced);
   const auto difference = std::mismatch(spaced.begin(), spaced.end(), shown.begin(), shown.end());
   constexpr std::ptrdiff_t kLongestCut = 3;
-  return !start.empty() && spaced.end() - difference.first <= kLongestCut &&
-         difference.first != spaced.begin();
+  const auto isPartOfCharacter = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+  return difference.first != spaced.begin() && spaced.end() - difference.first <= kLongestCut &&
+         std::all_of(difference.first, spaced.end(), isPartOfCharacter);
 }
 
 }  // namespace

@@ -64,6 +64,11 @@ std::string newName(const std::string& name, std::string stem, std::string_view 
 
 }  // namespace
 
+std::string freeName(const std::string& name, const std::string& wanted) {
+  const NameParts parts = partsOf(wanted);
+  return newName(name, parts.stem, parts.extension, "new");
+}
+
 std::string renameCommand(const std::string& from, const std::string& to) {
   return fmt::format("mv -n {} {}  # and write {} in the script", fileWord(from), fileWord(to), to);
 }
@@ -91,7 +96,8 @@ std::string convertCommand(const std::string& name, const FileKind& kind,
                            const std::string& output) {
   switch (kind.converter) {
     case Converter::rename:
-      return renameCommand(name, fmt::format("{}.{}", partsOf(name).stem, kind.extension));
+      return renameCommand(
+          name, newName(name, partsOf(name).stem, fmt::format(".{}", kind.extension), "new"));
     case Converter::sox:
       return fmt::format("sox -t {} {} -b 16 {}", kind.extension, fileWord(name), fileWord(output));
     case Converter::ffmpeg:

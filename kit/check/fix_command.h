@@ -10,6 +10,9 @@
 
 namespace tavrel::kit {
 
+/// Returns `wanted`, or a name like it, to which the file or folder `name` can be moved.
+std::string freeName(const std::string& name, const std::string& wanted);
+
 /// Returns the command that renames a file. A comment after it says that the script must follow.
 std::string renameCommand(const std::string& from, const std::string& to);
 

@@ -49,13 +49,29 @@ std::string fileAtStart(std::string_view whole) {
   return found;
 }
 
-/// Returns a name for the file without the characters that end a word of a script.
-std::string joinedName(std::string name) {
-  std::replace_if(
-      name.begin(), name.end(),
-      [](char c) { return TokenFile::isDelimiter(c) || kQuotes.find(c) != std::string_view::npos; },
-      '_');
-  return name;
+bool endsWord(char c) {
+  return TokenFile::isDelimiter(c) || kQuotes.find(c) != std::string_view::npos;
+}
+
+/// Returns the command that replaces what ends a word in the name of the first folder that has it,
+/// or else of the file.
+std::string joinCommand(const std::string& file) {
+  const auto bad = std::find_if(file.begin(), file.end(), endsWord);
+  const auto isSeparator = [](char c) { return c == '/' || c == '\\'; };
+  const auto end = std::find_if(bad, file.end(), isSeparator);
+  const std::string part(file.begin(), end);
+  std::string joined = part;
+  std::replace_if(joined.begin(), joined.end(), endsWord, '_');
+  joined = freeName(part, joined);
+  return fmt::format("{}  # and write {}{} in the script", moveCommand(part, joined), joined,
+                     std::string(end, file.end()));
+}
+
+/// Returns how the script can name a file that is there.
+std::string namingHint(const std::string& found) {
+  return std::any_of(found.begin(), found.end(), TokenFile::isDelimiter)
+             ? joinCommand(found)
+             : fmt::format("Write {}", found);
 }
 
 /// Reports a name that isn't whole, with the file that it means.
@@ -68,7 +84,7 @@ void reportSplit(const std::string& file, BlockFindings& findings) {
   findings.addAtFile(
       "missing-file",
       fmt::format("a {} has split the name {}", file[cut] == ';' ? "semicolon" : "space", file),
-      renameCommand(file, joinedName(file)));
+      joinCommand(file));
 }
 
 /// Reports a name with a long extension, of which tavrel uses a part.
@@ -120,7 +136,7 @@ void reportMissing(const std::string& openedName, FolderNames& folders, BlockFin
     const std::string found = folders.nearestName(openedName);
     findings.addAtFile("missing-file", "there is no such file" + suggestion(openedName, found),
                        found.empty() ? "Files are found from the current folder, or from that of -C"
-                                     : fmt::format("Write {}", found),
+                                     : namingHint(found),
                        caseEdit(openedName, folders, findings));
   }
 }

@@ -43,11 +43,11 @@ bool makeFolder(const std::string& folder) {
     return false;
   }
   std::error_code error;
-  if (!fs::create_directory(folder, error)) {
-    throw Failure(fmt::format("can't make the folder {}: {}", folder,
-                              error ? error.message() : "a file has this name"));
+  const bool isNew = fs::create_directory(folder, error);
+  if (error) {
+    throw Failure(fmt::format("can't make the folder {}: {}", folder, error.message()));
   }
-  return true;
+  return isNew;
 }
 
 Existing existingOf(const ExtractionRequest& request) {

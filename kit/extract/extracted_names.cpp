@@ -68,6 +68,14 @@ struct Candidate {
   }
 };
 
+/// Names a candidate after its id, with its extension if a safe name comes out.
+void useId(Candidate& candidate) {
+  candidate.form = formId;
+  if (!isSafeName(candidate.name())) {
+    candidate.extension = kOpaqueExtension;
+  }
+}
+
 Candidate candidateOf(std::size_t id, const NameRequest& request) {
   const DefineParts parts = definePartsOf(request.define);
   Candidate candidate{.id = id, .stem = parts.stem, .extension = request.extension};
@@ -75,10 +83,7 @@ Candidate candidateOf(std::size_t id, const NameRequest& request) {
     candidate.extension = parts.extension.empty() ? kOpaqueExtension : parts.extension;
   }
   if (candidate.stem.empty() || !isSafeName(candidate.name())) {
-    candidate.form = formId;
-    if (!isSafeName(candidate.name())) {
-      candidate.extension = kOpaqueExtension;
-    }
+    useId(candidate);
   }
   return candidate;
 }
@@ -117,14 +122,14 @@ class NameTable {
   void place(Candidate* candidate) {
     while (candidate != nullptr) {
       if (candidate->form == formDefineAndId && !isSafeName(candidate->name())) {
-        candidate->form = formId;
+        useId(*candidate);
       }
       const auto [entry, isNew] = owners_.emplace(candidate->name(), candidate->id);
       if (isNew) {
         return;
       }
       if (candidate->form == formDefineAndId) {
-        candidate->form = formId;
+        useId(*candidate);
         continue;
       }
       Candidate& owner = candidates_[entry->second];

@@ -8,6 +8,7 @@
 #include "compiler/bank_script.h"
 #include "compiler/names.h"
 #include "compiler/script_language.h"
+#include "foundation/text_utilities.h"
 #include "kit/extract/script_names.h"
 #include "kit/extract/targets.h"
 #include "kit/frame/display_text.h"
@@ -109,6 +110,13 @@ ScriptPlace scriptPlace(const NamedBank& bank, const ExtractionRequest& request,
   if (isSameFile((folder / place.bankName).string(), bank.file.path)) {
     throw Failure(fmt::format("packing {} would replace {}: put the script into another folder",
                               path, bank.file.path));
+  }
+  const std::string scriptName = fs::path(path).filename().string();
+  for (const std::string& output : {place.bankName, headerName(place.bankName)}) {
+    if (equalsIgnoringCase(scriptName.c_str(), output.c_str())) {
+      throw Failure(fmt::format("packing would replace {} by {}: give the script another name",
+                                path, output));
+    }
   }
   choosePrefix(bank, place);
   return place;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "compiler/script_language.h"
+#include "kit/check/script_keywords.h"
 #include "kit/extract/script_block.h"
 #include "kit/extract/script_naming.h"
 #include "kit/extract/script_place.h"
@@ -29,6 +30,13 @@ std::vector<std::string> reservedNames(const ScriptPlace& place) {
     return {};
   }
   return {fs::path(place.path).filename().string(), place.bankName, headerName(place.bankName)};
+}
+
+/// Returns a file's name in the script. One that is a keyword gets a folder, so that it isn't taken
+/// for the keyword.
+std::string wordOf(const ScriptPlace& place, const std::string& name) {
+  const bool isWord = isKeyword(name, kAssetEnd) || beginsStatement(name) || isOption(name);
+  return (place.folder.empty() && isWord ? ".\\" : place.folder) + name;
 }
 
 /// Returns what won't be the same about an asset; the empty text if nothing.
@@ -99,7 +107,7 @@ ScriptPlan planScript(NamedBank& bank, const std::vector<std::uint32_t>& ids,
           fmt::format("{} can't come out the same: {}", label(bank, asset.id), text));
     }
     plan.script +=
-        '\n' + blockText(bank.assets()[asset.id], place.folder + asset.name.inScript).value_or("");
+        '\n' + blockText(bank.assets()[asset.id], wordOf(place, asset.name.inScript)).value_or("");
   }
   plan.script += fmt::format("\n{}\n", kScriptEnd);
   return plan;

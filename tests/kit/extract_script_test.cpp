@@ -185,6 +185,15 @@ TEST_F(ExtractScriptTest, NamesFilesFromItsOwnFolder) {
   EXPECT_EQ(loop.substr(8), test::Bytes().le32(0).le32(2).str()) << "3 frames of 2 samples";
 }
 
+TEST_F(ExtractScriptTest, TellsFilesFromKeywords) {
+  pack({{userAsset, "x"}, {userAsset, "y"}, {userAsset, "z"}},
+       {"ASSETEND_", "LOOP_", "BANKFILENAME_"});
+  ASSERT_EQ(extract("out"), 0);
+  EXPECT_EQ(run({"check", "-C", "out", "s.txt"}), 0) << output_.results;
+  ASSERT_TRUE(packAgain());
+  EXPECT_EQ(contents("out/sfx.tvb", "out/sfx.h"), contents("was/sfx.tvb", "was/sfx.h"));
+}
+
 TEST_F(ExtractScriptTest, QuotesNamesInItsCommand) {
   pack({{userAsset, "x"}}, {"A_DAT"});
   folder_.write("was/sfx.h",
@@ -219,6 +228,8 @@ TEST_F(ExtractScriptTest, WritesNothingIfNoScriptCouldPackTheFiles) {
                     {{"-o", "a b", "--script", "out/s.txt"}, "can't name files in"},
                     {{"-o", "a;b", "--script", "out/s.txt"}, "can't name files in"},
                     {{"-o", "files", "--script", "was/s.txt"}, "would replace was/sfx.tvb"},
+                    {{"-o", "files", "--script", "SFX.h"}, "packing would replace SFX.h by sfx.h"},
+                    {{"-o", "files", "--script", "sfx.TVB"}, "packing would replace sfx.TVB by"},
                     {{"-o", "files", "--script", "gone/s.txt"}, "no such folder"},
                     {{"-o", "files", "--script", "files"}, "it is the folder of the files"},
                     {{"-o", "files", "--script", "out/old.txt"},

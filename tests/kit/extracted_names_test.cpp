@@ -37,6 +37,7 @@ TEST(ExtractedNamesTest, NamesFilesAfterDefinesAndTellsThemApart) {
        "0000.dat 0001.dat 0001_0.dat 0000_3.dat"},
       {{stem + "_DAT", 'Y' + stem + "_DAT"}, lower + ".dat 0001.dat"},
       {{stem + "_DAT", stem + "_DAT"}, "0000.dat 0001.dat"},
+      {{"A_Y" + stem, "A_Y" + stem}, "0000.bin 0001.bin"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(namesOf(row.defines, row.extension), row.names);

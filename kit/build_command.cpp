@@ -78,7 +78,7 @@ int runBuild(const Arguments& arguments, Output& output) {
   const RunPlan plan = planFor(arguments.operands.front(), arguments);
   const BuildTime time;
   CachedInputs cache;
-  BuildInputs inputs = readScript(plan, cache);
+  BuildInputs inputs = readInputs(plan, cache);
   if (const auto list = arguments.value("--declared")) {
     inputs.declared = hostPath(list->c_str());
   }

@@ -8,13 +8,10 @@
 #include "kit/build/absolute_paths.h"
 #include "kit/build/comparing_buffer.h"
 #include "kit/build/header_comparison.h"
-#include "kit/check/loaded_script.h"
 #include "kit/check/run_file.h"
 #include "kit/deps/depfile.h"
 #include "kit/deps/opened_names.h"
-#include "kit/frame/captured_console.h"
 #include "kit/frame/failure.h"
-#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -61,13 +58,10 @@ BuildOutput bankOutput(PackedScript& packed, const std::string& path) {
 
 }  // namespace
 
-BuildInputs readScript(const RunPlan& plan, CachedInputs& cache) {
+BuildInputs readInputs(const RunPlan& plan, CachedInputs& cache) {
   BuildInputs inputs{.script = hostPath(plan.scriptPath.c_str()), .assets = {}};
   cache.add(inputs.script);
-  const CapturedConsole silence;
-  LoadedScript script(readFile(plan.scriptPath));
-  Findings ignored;
-  inputs.assets = openedNames(readScript(script, ignored));
+  inputs.assets = openedNames(modelOf(plan.scriptPath));
   return inputs;
 }
 

@@ -22,7 +22,7 @@ struct BuildInputs {
 
 /// Reads the script into the cache, and finds out which assets it names. Throws Failure if the
 /// script can't be read.
-BuildInputs readScript(const RunPlan& plan, CachedInputs& cache);
+BuildInputs readInputs(const RunPlan& plan, CachedInputs& cache);
 
 /// What a build writes beside the bank and its header, under the host's paths.
 struct BuildRecords {

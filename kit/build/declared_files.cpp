@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "kit/frame/source_file.h"
+#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
@@ -12,7 +13,8 @@ DeclaredFiles::DeclaredFiles(const std::string& listPath) {
     if (name.ends_with('\r')) {
       name.pop_back();
     }
-    if (!name.empty() && indices_.emplace(paths_.of(name), files_.size()).second) {
+    if (!name.empty() &&
+        indices_.emplace(paths_.of(hostPath(name.c_str())), files_.size()).second) {
       files_.push_back({.name = name});
     }
   }

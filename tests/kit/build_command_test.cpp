@@ -140,7 +140,7 @@ TEST_F(BuildTest, SaysWhyItStopsAndWritesNothing) {
   EXPECT_THAT(output_.messages, HasSubstr(warning));
   EXPECT_EQ(build({"warned.txt", "--no-check"}), 0);
   EXPECT_EQ(output_.messages, "");
-  write("list", "a.wav\n\nunused\nsub/./b.dat\nsub/b.dat");
+  write("list", "a.wav\n\nunused\nsub\\.\\b.dat\nsub\\b.dat");
   EXPECT_EQ(build({"s.txt", "--declared", "list"}), 0);
   EXPECT_EQ(output_.messages, "tavkit: warning: unused is listed in list and not used\n");
 }

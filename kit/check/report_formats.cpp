@@ -54,10 +54,6 @@ std::string problemAsText(const CheckedScript& script, const Diagnostic& diagnos
                      std::string(excerpt.column - 1, ' '));
 }
 
-std::string plural(std::size_t count, std::string_view noun) {
-  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
 }  // namespace
 
 const char* severityName(Severity severity) {
@@ -72,14 +68,14 @@ std::size_t countOf(const std::vector<CheckedScript>& scripts, Severity severity
 }
 
 std::string problemCount(const std::vector<CheckedScript>& scripts) {
-  return fmt::format("{}, {}\n", plural(countOf(scripts, Severity::error), "error"),
-                     plural(countOf(scripts, Severity::warning), "warning"));
+  return fmt::format("{}, {}\n", countText(countOf(scripts, Severity::error), "error"),
+                     countText(countOf(scripts, Severity::warning), "warning"));
 }
 
 std::string fixCount(const FixedScript& script) {
   return script.fixCount == 0 ? ""
                               : fmt::format("{}: {} fixed\n", displayText(script.left.path),
-                                            plural(script.fixCount, "problem"));
+                                            countText(script.fixCount, "problem"));
 }
 
 std::string problemsAsText(const std::vector<CheckedScript>& scripts, bool isColoured) {

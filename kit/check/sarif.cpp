@@ -8,6 +8,7 @@
 #include "kit/frame/display_text.h"
 #include "kit/frame/json.h"
 #include "kit/frame/version.h"
+#include "platform/host_path.h"
 
 namespace tavrel::kit {
 
@@ -29,7 +30,8 @@ std::string uriOf(std::string_view path) {
     uri += staysInUri(shown) ? std::string(1, shown)
                              : fmt::format("%{:02X}", static_cast<unsigned char>(shown));
   }
-  const bool hasDrive = path.size() > 1 && path[1] == ':';
+  const bool hostHasDrives = std::string_view(kHostSeparators).find(':') != std::string_view::npos;
+  const bool hasDrive = hostHasDrives && path.size() > 1 && path[1] == ':';
   return hasDrive ? "file:///" + uri : uri.starts_with('/') ? "file://" + uri : uri;
 }
 

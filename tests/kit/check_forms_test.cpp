@@ -1,4 +1,5 @@
 // The forms in which check prints problems, what its options allow, and what explain says.
+#include "platform/host_path.h"
 #include "tests/kit/command_test.h"
 
 namespace tavrel::kit {
@@ -37,6 +38,11 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
   EXPECT_EQ(output_.messages, "1 error, 1 warning\n");
   run({"check", "-C", folder_.path(), "a b.txt", "--format", "sarif"});
   EXPECT_THAT(output_.results, HasSubstr(R"(/a%20b.txt")"));
+  if (std::string_view(kHostSeparators).find(':') == std::string_view::npos) {
+    fs::copy_file("a b.txt", "a:b.txt");
+    run({"check", "a:b.txt", "--format", "sarif"});
+    EXPECT_THAT(output_.results, HasSubstr(R"("uri": "a%3Ab.txt")"));
+  }
 }
 
 TEST_F(CheckFormsTest, TextHasAPartOfALongLine) {

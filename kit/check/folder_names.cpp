@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string_view stemOf(std::string_view name) { return name.substr(0, name.rfind('.')); }
+std::string stemOf(std::string_view name) { return std::string(name.substr(0, name.rfind('.'))); }
 
 std::string partInOtherCase(std::string_view name, const std::vector<std::string>& names) {
   const std::string wanted(name);
@@ -41,7 +41,7 @@ std::string nearestPart(std::string_view name, const std::vector<std::string>& n
     return best;
   }
   const auto sameStem = std::find_if(names.begin(), names.end(), [name](const std::string& one) {
-    return editDistance(stemOf(one), stemOf(name)) == 0;
+    return equalsIgnoringCase(stemOf(one).c_str(), stemOf(name).c_str());
   });
   return sameStem == names.end() ? "" : *sameStem;
 }

@@ -20,7 +20,7 @@ constexpr std::size_t kLongestWord = 256;
 
 }  // namespace
 
-std::size_t editDistance(std::string_view first, std::string_view second) {
+std::size_t editDistance(std::string_view first, std::string_view second, std::size_t limit) {
   const std::string from = lowered(first);
   const std::string to = lowered(second);
   // Rows of the matrix of distances between all starts of both words: two back, one back, current.
@@ -41,6 +41,9 @@ std::size_t editDistance(std::string_view first, std::string_view second) {
         row[j] = std::min(row[j], beforeLast[j - 2] + 1);
       }
     }
+    if (*std::min_element(row.begin(), row.end()) >= limit) {
+      return limit;  // no later row has less
+    }
   }
   return row[to.size()];
 }
@@ -56,7 +59,7 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
     if (longer - shorter >= limit) {
       continue;  // the distance is at least this
     }
-    const std::size_t distance = editDistance(word, candidate);
+    const std::size_t distance = editDistance(word, candidate, limit);
     if (distance < limit) {
       limit = distance;
       best = candidate;

@@ -16,6 +16,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(NearestTest, CountsEdits) {
+  const std::size_t limit = 2;
   const struct {
     const char *first, *second;
     std::size_t distance;
@@ -26,6 +27,7 @@ TEST(NearestTest, CountsEdits) {
     SCOPED_TRACE(std::string(first) + " " + second);
     EXPECT_EQ(editDistance(first, second), distance);
     EXPECT_EQ(editDistance(second, first), distance);
+    EXPECT_EQ(std::min(editDistance(first, second, limit), limit), std::min(distance, limit));
   }
 }
 

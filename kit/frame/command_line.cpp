@@ -25,20 +25,32 @@ namespace tavrel::kit {
 
 namespace {
 
-/// Checks the values given for an option. The parser delivers "true" for a flag that stands alone.
-void checkValues(const CommandOption& option, const CLI::results_t& values) {
-  const bool isFlag = option.value.empty();
-  for (const std::string& value : values) {
-    if (isFlag && value == "true") {
-      continue;
+/// Throws Failure unless the option can have the value.
+void checkValue(const CommandOption& option, const std::string& value) {
+  const auto& words = option.words;
+  if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
+    throw Failure(fmt::format("{} must be one of {}, not {}", longName(option),
+                              fmt::join(words, ", "), value));
+  }
+}
+
+/// Checks the values given to flags with "=". The parser delivers "true" for --json and --json=true
+/// alike.
+void checkFlagValues(const std::vector<CommandOption>& options,
+                     const std::vector<std::string>& words) {
+  for (const std::string& word : words) {
+    if (word == "--") {
+      return;
     }
-    if (isFlag && option.words.empty()) {
-      throw Failure(fmt::format("{} takes no value", longName(option)));
-    }
-    const auto& words = option.words;
-    if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
-      throw Failure(fmt::format("{} must be one of {}, not {}", longName(option),
-                                fmt::join(words, ", "), value));
+    const std::size_t sign = std::min(word.find('='), word.size());
+    for (const CommandOption& option : options) {
+      const bool isGiven = option.value.empty() && longName(option) == word.substr(0, sign);
+      if (isGiven && sign < word.size() && option.words.empty()) {
+        throw Failure(fmt::format("{} takes no value", longName(option)));
+      }
+      if (isGiven && sign < word.size()) {
+        checkValue(option, word.substr(sign + 1));
+      }
     }
   }
 }
@@ -46,7 +58,10 @@ void checkValues(const CommandOption& option, const CLI::results_t& values) {
 /// Adds an option to the parser. What is given for it ends up in `arguments`.
 void addOption(CLI::App& app, const CommandOption& option, Arguments& arguments) {
   const auto keep = [&arguments, &option](const CLI::results_t& values) {
-    checkValues(option, values);
+    if (!option.value.empty()) {
+      std::for_each(values.begin(), values.end(),
+                    [&option](const std::string& value) { checkValue(option, value); });
+    }
     arguments.options[longName(option)] = values;
     return true;
   };
@@ -101,9 +116,13 @@ Arguments parse(const Command& command, std::vector<std::string> words) {
   for (const CommandOption& option : options) {
     addOption(app, option, arguments);
   }
+  checkFlagValues(options, words);
   std::reverse(words.begin(), words.end());  // as this parser takes them
   try {
     app.parse(words);
+  } catch (const CLI::ArgumentMismatch& error) {
+    const std::string text = error.what();  // --below: 1 required DB missing
+    throw Failure(fmt::format("{} needs a value", text.substr(0, text.find(':'))));
   } catch (const CLI::ParseError& error) {
     throw Failure(error.what());
   }
@@ -203,8 +222,7 @@ int runTavkit(int argumentCount, const char* const* arguments) {
     write(stderr, fmt::format("tavkit: can't write standard output: {}\n", std::strerror(errno)));
     code = exitFailed;
   }
-  write(stderr, output.messages);
-  return code;
+  return write(stderr, output.messages) ? code : exitFailed;
 }
 
 }  // namespace tavrel::kit

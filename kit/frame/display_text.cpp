@@ -77,7 +77,9 @@ std::string countText(std::uint64_t count, std::string_view noun) {
 }
 
 std::string durationText(double seconds) {
-  const auto milliseconds = static_cast<std::int64_t>(std::llround(seconds * 1000));
+  constexpr double kLongest = 9e15;  // in seconds; its milliseconds fit into 64 bits
+  const auto milliseconds =
+      static_cast<std::int64_t>(std::llround(std::min(seconds, kLongest) * 1000));
   return fmt::format("{}:{:02}.{:03}", milliseconds / 60000, milliseconds / 1000 % 60,
                      milliseconds % 1000);
 }

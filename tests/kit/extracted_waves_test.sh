@@ -62,3 +62,5 @@ for output in /dev/full '&4' '&-'; do
   answer=$(eval "\"$tavkit\" list demo.tvb 2>&1 >$output" || echo "exit code $?")
   [[ $answer =~ ^"tavkit: can't write standard output".*"exit code 2"$ ]] || fail ">$output: $answer"
 done
+code=$("$tavkit" check demo.txt 2>/dev/full || echo "exit code $?")
+expect "a lost message" "exit code 2" "$code"

@@ -66,6 +66,7 @@ TEST(DisplayTextTest, ShowsDurations) {
   EXPECT_EQ(durationText(1.2002), "0:01.200");
   EXPECT_EQ(durationText(59.9996), "1:00.000");
   EXPECT_EQ(durationText(3723.5), "62:03.500");
+  EXPECT_EQ(durationText(1e18), "150000000000000:00.000") << "the longest that is shown";
 }
 
 TEST(TextTableTest, LetsOneLongCellWidenNoOtherLineByMoreThan200Characters) {

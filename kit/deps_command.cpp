@@ -1,9 +1,8 @@
 // tavkit deps: the files that a bank is made of, for make and ninja.
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "kit/check/bank_names.h"
+#include "kit/check/run_file.h"
 #include "kit/commands.h"
 #include "kit/deps/depfile.h"
 #include "kit/deps/opened_names.h"
@@ -12,7 +11,6 @@
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"
 #include "kit/frame/script_options.h"
-#include "platform/file_identity.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -20,12 +18,10 @@ namespace tavrel::kit {
 namespace {
 
 /// Returns the target of the rule: the one that is asked for, or the bank.
-std::string targetOf(const Arguments& arguments, const ScriptModel& script, const RunPlan& plan) {
+std::string targetOf(const Arguments& arguments, const BankNames& names, const RunPlan& plan) {
   if (const auto target = arguments.value("--target")) {
     return *target;
   }
-  const CapturedConsole silence;
-  const BankNames names = nameBank(script, plan);
   if (names.word == nullptr) {
     throw Failure(fmt::format("{} doesn't name its bank; --target names the target of the depfile",
                               plan.scriptPath));
@@ -33,16 +29,24 @@ std::string targetOf(const Arguments& arguments, const ScriptModel& script, cons
   return hostPath(names.bankPath.c_str());
 }
 
-/// Throws Failure if the depfile would replace a file that it lists.
-void requireNoSource(const std::string& depfile, const std::string& script,
-                     const std::vector<std::string>& assets) {
-  const auto identity = fileIdentity(depfile.c_str());
-  const auto isDepfile = [&identity](const std::string& name) {
-    return identity && fileIdentity(name.c_str()) == identity;
-  };
-  if (isDepfile(script) || std::any_of(assets.begin(), assets.end(), isDepfile)) {
-    throw Failure(fmt::format("the depfile would replace {}, which the bank is made of", depfile));
+/// Throws Failure if the depfile would replace a file of the bank: one that it lists, the bank or
+/// its header.
+void requireOtherFile(const std::string& depfile, const std::string& script,
+                      const std::vector<std::string>& assets, const BankNames& names) {
+  std::vector<std::string> others = assets;
+  others.push_back(script);
+  if (names.word != nullptr) {
+    others.push_back(hostPath(names.bankPath.c_str()));
+    others.push_back(hostPath(names.headerPath.c_str()));
   }
+  if (isOneOf(depfile, others)) {
+    throw Failure(fmt::format("the depfile would replace {}, which belongs to the bank", depfile));
+  }
+}
+
+BankNames namesOf(const ScriptModel& script, const RunPlan& plan) {
+  const CapturedConsole silence;
+  return nameBank(script, plan);
 }
 
 int runDeps(const Arguments& arguments, Output& output) {
@@ -51,10 +55,11 @@ int runDeps(const Arguments& arguments, Output& output) {
   const ScriptModel model = modelOf(plan.scriptPath);
   const std::string script = hostPath(plan.scriptPath.c_str());
   const std::vector<std::string> assets = openedNames(model);
-  std::string text = depfileText(targetOf(arguments, model, plan), script, assets);
+  const BankNames names = namesOf(model, plan);
+  std::string text = depfileText(targetOf(arguments, names, plan), script, assets);
   if (const auto path = arguments.value("--output")) {
     const std::string depfile = hostPath(path->c_str());
-    requireNoSource(depfile, script, assets);
+    requireOtherFile(depfile, script, assets, names);
     OutputFile file(depfile, Existing::followLink);
     file.write(text.data(), text.size());
     file.finish();

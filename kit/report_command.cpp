@@ -5,6 +5,7 @@
 #include <charconv>
 #include <filesystem>
 
+#include "kit/check/run_file.h"
 #include "kit/commands.h"
 #include "kit/deps/opened_names.h"
 #include "kit/frame/failure.h"
@@ -14,7 +15,6 @@
 #include "kit/frame/script_options.h"
 #include "kit/report/asset_picture.h"
 #include "kit/report/page.h"
-#include "platform/file_identity.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -45,7 +45,6 @@ std::string pagePath(const Arguments& arguments) {
 
 /// Throws Failure if the page would replace a file that it is made from.
 void requireNoSource(const std::string& page, const NamedBank& bank, const Arguments& arguments) {
-  const auto identity = fileIdentity(page.c_str());
   std::vector<std::string> sources;
   if (const auto script = arguments.value("--script")) {
     sources = openedNames(modelOf(*script));
@@ -55,10 +54,7 @@ void requireNoSource(const std::string& page, const NamedBank& bank, const Argum
     sources.push_back(hostPath(bank.headerPath.c_str()));
   }
   sources.push_back(hostPath(bank.file.path.c_str()));
-  const bool isSource = std::any_of(sources.begin(), sources.end(), [&](const std::string& name) {
-    return identity && fileIdentity(name.c_str()) == identity;
-  });
-  if (isSource) {
+  if (isOneOf(page, sources)) {
     throw Failure(fmt::format("the page would replace {}, which it is made from", page));
   }
 }

@@ -1,5 +1,7 @@
 #include "kit/check/run_file.h"
 
+#include <algorithm>
+
 #include "foundation/text_utilities.h"
 #include "platform/host_path.h"
 
@@ -41,6 +43,12 @@ RunFile runFile(std::string path) {
 bool isSame(const RunFile& first, const RunFile& second) {
   return first.identity || second.identity ? first.identity == second.identity
                                            : willBeSame(first, second);
+}
+
+bool isOneOf(const std::string& path, const std::vector<std::string>& others) {
+  const RunFile file = runFile(path);
+  return std::any_of(others.begin(), others.end(),
+                     [&file](const std::string& other) { return isSame(file, runFile(other)); });
 }
 
 }  // namespace tavrel::kit

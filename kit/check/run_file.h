@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/file_identity.h"
 
@@ -20,5 +21,8 @@ RunFile runFile(std::string path);
 
 /// Returns true if two files are one, or will be one when they are there.
 bool isSame(const RunFile& first, const RunFile& second);
+
+/// Returns true if the file at the host's path `path` is one of those at `others`.
+bool isOneOf(const std::string& path, const std::vector<std::string>& others);
 
 }  // namespace tavrel::kit

@@ -31,12 +31,16 @@ TEST_F(DepsTest, ListsWhatARunOpens) {
 
 TEST_F(DepsTest, ExitCode2) {
   write("none.txt", "UserAsset a AssetEnd\nScriptEnd\n");
+  write("bank.txt", "BankFileName b.tvb\nUserAsset gone AssetEnd\nScriptEnd\n");
   write("odd.txt", "BankFileName b.tvb\nUserAsset a&b AssetEnd\nScriptEnd\n");
   expectAnswers({"deps", "-C", folder_.path()},
                 {{{"none.txt"}, "none.txt doesn't name its bank"},
                  {{"odd.txt"}, "the name \"a&b\" has the character &"},
                  {{"none.txt", "--target", "a%b"}, "the name \"a%b\" has the character %"},
                  {{"none.txt", "--target", "b", "-o", "./none.txt"}, "would replace ./none.txt"},
+                 {{"bank.txt", "-o", "b.tvb"}, "would replace b.tvb"},
+                 {{"bank.txt", "-o", "b.h"}, "would replace b.h"},
+                 {{"bank.txt", "-o", "gone"}, "would replace gone"},
                  {{"none.txt", "--target", "b", "-o", "no/b.d"}, "can't write no/b.d"},
                  {{"missing.txt"}, "can't read missing.txt"}});
 }

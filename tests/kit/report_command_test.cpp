@@ -119,6 +119,7 @@ TEST_F(ReportTest, RefusesWhatItCantAnswer) {
                                       {{"--prefix", "P"}, "--prefix needs --script"},
                                       {{"--script", "s.txt", "-o", "b.tvb"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "s.txt"}, "would replace"},
+                                      {{"--script", "s.txt", "-o", "gone"}, "would replace"},
                                       {{"--script", "s.txt", "-o", "a.dat"}, "would replace"}});
 }
 

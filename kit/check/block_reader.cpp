@@ -92,12 +92,7 @@ void BlockReader::readOptions() {
 
 void BlockReader::readOption(const Option& row) {
   ScriptOption option{.row = &row, .keyword = word()};
-  const bool isRepeated =
-      std::any_of(block_.options.begin(), block_.options.end(),
-                  [&](const ScriptOption& earlier) {  // but for a mistyped one
-                    return findOption(*block_.row, earlier.keyword.text) == &row;
-                  });
-  if (isRepeated) {
+  if (!spelledOptions_.insert(&row).second) {
     findings_.add(
         "repeated-option", word().offset,
         fmt::format("{}: {} appears twice; the last one counts", block_.title(), row.keyword),

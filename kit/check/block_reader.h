@@ -2,6 +2,8 @@
 // with the next word whose meaning is known.
 #pragma once
 
+#include <set>
+
 #include "kit/check/script_model.h"
 #include "kit/check/script_words.h"
 
@@ -28,6 +30,7 @@ class BlockReader {
   ScriptWords& words_;
   Findings& findings_;
   ScriptBlock block_;
+  std::set<const Option*> spelledOptions_;  ///< so far, without the mistyped ones
 };
 
 }  // namespace tavrel::kit

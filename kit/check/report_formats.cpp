@@ -25,18 +25,27 @@ struct Excerpt {
   std::size_t column;
 };
 
-Excerpt excerptOf(std::string_view line, std::size_t column) {
+/// Returns the part of a line around its byte `offset`. Doesn't look at what is far from it: a long
+/// line can have many problems.
+Excerpt excerptOf(std::string_view line, std::size_t offset) {
   constexpr std::size_t kBefore = 100;
   constexpr std::size_t kWidth = 200;
-  std::size_t skipped = 0;
-  for (; column - skipped > kBefore && !line.empty(); ++skipped) {
-    line.remove_prefix(characterLength(line));
+  constexpr std::size_t kLongestCharacter = 4;
+  offset = std::min(offset, line.size());
+  std::size_t start = offset - std::min(offset, kLongestCharacter * kBefore);
+  while (start > 0 && start < offset && (static_cast<unsigned char>(line[start]) & 0xC0U) == 0x80) {
+    ++start;  // not within a character
   }
+  std::size_t column = 1 + displayWidth(line.substr(start, offset - start));
+  for (; column > kBefore; --column) {
+    start += characterLength(line.substr(start));
+  }
+  line.remove_prefix(start);
   std::size_t bytes = 0;
   for (std::size_t shown = 0; shown < kWidth && bytes < line.size(); ++shown) {
     bytes += characterLength(line.substr(bytes));
   }
-  return {shownLine(line.substr(0, bytes)), column - skipped};
+  return {shownLine(line.substr(0, bytes)), column};
 }
 
 std::string coloured(const std::string& text, bool isColoured) {
@@ -47,7 +56,9 @@ std::string coloured(const std::string& text, bool isColoured) {
 std::string problemAsText(const CheckedScript& script, const Diagnostic& diagnostic,
                           bool isColoured) {
   const Position place = script.text.positionOf(diagnostic.offset);
-  const Excerpt excerpt = excerptOf(script.text.line(place.line), place.column);
+  const std::string_view line = script.text.line(place.line);
+  const auto lineStart = static_cast<std::size_t>(line.data() - script.text.text().data());
+  const Excerpt excerpt = excerptOf(line, diagnostic.offset - lineStart);
   return fmt::format("{}:{}:{}: {}: {} [{}]\n{}\n{}^\n", displayText(script.path), place.line,
                      place.column, coloured(severityName(diagnostic.code->severity), isColoured),
                      displayText(diagnostic.message), diagnostic.code->name, excerpt.text,

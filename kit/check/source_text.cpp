@@ -44,7 +44,7 @@ std::string_view SourceText::line(std::size_t number) const {
   const std::size_t start = lineStarts_[number - 1];
   const std::size_t end = number < lineStarts_.size() ? lineStarts_[number] : text_.size();
   const std::string_view whole = text().substr(start, end - start);
-  return whole.substr(0, std::min(whole.find_first_of("\r\n"), whole.size()));
+  return whole.substr(0, whole.find_last_not_of("\r\n") + 1);  // the end, since a line can be long
 }
 
 }  // namespace tavrel::kit

@@ -48,12 +48,20 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
 TEST_F(CheckFormsTest, TextHasAPartOfALongLine) {
   const std::string blanks(150, ' ');
   const std::string name(300, 'x');
+  std::string letters;
+  while (letters.size() < 240) {
+    letters += "\xC3\xA9";
+  }
   write("wide.txt", "BankFileName b.tvb\nUserAsset " + name + " AssetEnd\n" + blanks +
-                        "UserAsset gone AssetEnd\nScriptEnd\n");
+                        "UserAsset gone AssetEnd\nUserAsset " + letters + " AssetEnd UserAsset x" +
+                        letters + " AssetEnd Lop\nScriptEnd\n");
   EXPECT_EQ(run({"check", "wide.txt"}), 1);
   EXPECT_THAT(output_.results, HasSubstr("\nUserAsset " + name.substr(0, 190) + '\n' +
                                          blanks.substr(0, 10) + "^\n"));
   EXPECT_THAT(output_.results, HasSubstr('\n' + blanks.substr(0, 89) + "UserAsset gone AssetEnd\n" +
+                                         blanks.substr(0, 99) + "^\n"));
+  EXPECT_THAT(output_.results, HasSubstr("wide.txt:4:282: "));
+  EXPECT_THAT(output_.results, HasSubstr('\n' + letters.substr(2 * 31) + " AssetEnd Lop\n" +
                                          blanks.substr(0, 99) + "^\n"));
 }
 

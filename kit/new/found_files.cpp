@@ -33,17 +33,6 @@ fs::path settled(const fs::path& path) {
   return isName ? folder / name : folder;
 }
 
-/// Returns a path from the current folder; "." for that folder itself. Throws Failure where there
-/// is none.
-fs::path relativePath(const std::string& path) {
-  const fs::path from = fs::canonical(".");
-  fs::path relative = settled(path).lexically_relative(from);
-  if (relative.empty()) {
-    throw Failure(fmt::format("no relative name leads from the script to {}", path));
-  }
-  return relative;
-}
-
 std::string scriptName(const fs::path& path) {
   std::string name = path.generic_string();
   std::replace(name.begin(), name.end(), '/', '\\');
@@ -54,7 +43,7 @@ std::string scriptName(const fs::path& path) {
 bool leadsUp(const fs::path& link) {
   std::error_code ignored;
   const fs::path target = fs::canonical(link, ignored);
-  const fs::path place = fs::canonical(link.has_parent_path() ? link.parent_path() : ".", ignored);
+  const fs::path place = fs::canonical(link.parent_path(), ignored);
   return std::mismatch(target.begin(), target.end(), place.begin(), place.end()).first ==
          target.end();
 }
@@ -84,7 +73,11 @@ class Walk {
 
  private:
   void addFile(const fs::path& path, std::string fault = "") {
-    files_.push_back({scriptName(path), path.string(), std::move(fault)});
+    const fs::path relative = path.lexically_relative(from_);
+    if (relative.empty()) {
+      throw Failure(fmt::format("no relative name leads from the script to {}", path.string()));
+    }
+    files_.push_back({scriptName(relative), relative.string(), std::move(fault)});
   }
 
   void list(const fs::path& folder) {
@@ -94,7 +87,7 @@ class Walk {
     }
     for (const std::string& name : names) {
       if (!name.starts_with('.')) {
-        addEntry(folder == "." ? fs::path(name) : folder / name);
+        addEntry(folder / name);
       }
     }
   }
@@ -111,6 +104,7 @@ class Walk {
     }
   }
 
+  fs::path from_ = fs::canonical(".");  ///< the folder of the script
   std::deque<fs::path> folders_;
   std::set<FileIdentity> walked_;
   std::vector<FoundFile> files_;
@@ -121,7 +115,7 @@ class Walk {
 std::vector<FoundFile> findFiles(const std::vector<std::string>& paths) {
   Walk walk;
   for (const std::string& path : paths) {
-    walk.add(relativePath(path));
+    walk.add(settled(path));
   }
   std::vector<FoundFile> files = walk.run();
   std::sort(files.begin(), files.end(), [](const FoundFile& a, const FoundFile& b) {

@@ -215,6 +215,12 @@ TEST_F(NewTest, RefusesWhatItCannotWrite) {
   EXPECT_EQ(folder_.read("old.txt"), "old");
 }
 
+TEST_F(NewTest, NamesFilesByTheShortestWay) {
+  write("up/p/q/a.dat", "1");
+  EXPECT_EQ(run({"new", "up", "up/p/q/a.dat", "-o", "up/p/q/s.txt"}), 0) << output_.messages;
+  EXPECT_THAT(folder_.read("up/p/q/s.txt"), HasSubstr("\nUserAsset a.dat\n"));
+}
+
 #ifndef _WIN32
 std::string waveBlock(const std::string& name) {
   return "WaveFile " + name + "\n    SampleRate 22050\nAssetEnd\n";

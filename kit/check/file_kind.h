@@ -6,7 +6,7 @@
 
 namespace tavrel::kit {
 
-/// Who turns a file into one that the tool reads.
+/// Program that converts a file into one that the tool reads.
 enum class Converter {
   none,
   rename,  ///< the tool reads such files under another extension or by another statement

@@ -24,7 +24,7 @@ std::uintmax_t sizeOf(const std::string& name) {
   return failed ? 0 : size;
 }
 
-/// Throws std::bad_alloc if a reader can't have opened the file only because memory ran out.
+/// Throws std::bad_alloc if the file opens now: its reader then failed because memory ran out.
 void requireMemoryFor(const std::string& name) {
   DiskFile file(modeRead, name.c_str(), "");
   std::uint32_t size = 0;

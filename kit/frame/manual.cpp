@@ -11,7 +11,7 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr const char* kDate = "November 25, 2026";  // of the last change of the table of commands
+constexpr const char* kDate = "November 27, 2026";  // of the last change of the table of commands
 
 /// Returns text as mdoc takes it: with its escape character escaped, and no line that begins like a
 /// request.
@@ -87,6 +87,10 @@ constexpr const char* kClosing =
     ".Bl -tag -width Ds\n"
     ".It Ev NO_COLOR\n"
     "If set and not empty, nothing is coloured.\n"
+    ".It Ev SOURCE_DATE_EPOCH\n"
+    "The time that\n"
+    ".Ic build\n"
+    "writes into a header, in seconds since 1970.\n"
     ".El\n"
     ".Sh EXIT STATUS\n"
     ".Bl -tag -width Ds\n"

@@ -22,7 +22,7 @@ struct ReportData {
   const JudgedWave* judgedWave(std::uint32_t id);
 };
 
-/// Asks all questions. Throws Failure if a file can't be read.
+/// Verifies the bank and, with a plan, checks its script. Throws Failure if a file can't be read.
 ReportData reportData(NamedBank bank, const std::optional<RunPlan>& plan);
 
 /// Returns the page's first document: those of the commands, and what belongs to the whole bank.

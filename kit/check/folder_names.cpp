@@ -40,8 +40,9 @@ std::string nearestPart(std::string_view name, const std::vector<std::string>& n
   if (!best.empty()) {
     return best;
   }
-  const auto sameStem = std::find_if(names.begin(), names.end(), [name](const std::string& one) {
-    return equalsIgnoringCase(stemOf(one).c_str(), stemOf(name).c_str());
+  const std::string stem = stemOf(name);
+  const auto sameStem = std::find_if(names.begin(), names.end(), [&stem](const std::string& one) {
+    return equalsIgnoringCase(stemOf(one).c_str(), stem.c_str());
   });
   return sameStem == names.end() ? "" : *sameStem;
 }

@@ -42,15 +42,15 @@ void checkFlagValues(const std::vector<CommandOption>& options,
     if (word == "--") {
       return;
     }
-    const std::size_t sign = std::min(word.find('='), word.size());
     for (const CommandOption& option : options) {
-      const bool isGiven = option.value.empty() && longName(option) == word.substr(0, sign);
-      if (isGiven && sign < word.size() && option.words.empty()) {
+      const std::string start = longName(option) + '=';
+      if (!option.value.empty() || !word.starts_with(start)) {
+        continue;
+      }
+      if (option.words.empty()) {
         throw Failure(fmt::format("{} takes no value", longName(option)));
       }
-      if (isGiven && sign < word.size()) {
-        checkValue(option, word.substr(sign + 1));
-      }
+      checkValue(option, word.substr(start.size()));
     }
   }
 }

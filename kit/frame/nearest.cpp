@@ -1,6 +1,7 @@
 #include "kit/frame/nearest.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace tavrel::kit {
 
@@ -12,6 +13,26 @@ std::string lowered(std::string_view text) {
   std::string result(text);
   std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
   return result;
+}
+
+/// Returns the characters of a word as a set of bits. Different characters may share a bit.
+std::uint64_t characterSet(std::string_view word) {
+  std::uint64_t set = 0;
+  for (const char c : word) {
+    set |= std::uint64_t{1} << (static_cast<unsigned char>(lowered(c)) % 64U);
+  }
+  return set;
+}
+
+/// Returns a lower bound of the distance, found in a fraction of the time: a character that only
+/// one of the words has takes an edit, and so does a difference in length.
+std::size_t leastDistance(std::string_view first, std::string_view second) {
+  const auto [shorter, longer] = std::minmax({first.size(), second.size()});
+  const std::uint64_t inFirst = characterSet(first);
+  const std::uint64_t inSecond = characterSet(second);
+  const int missing =
+      std::max(std::popcount(inFirst & ~inSecond), std::popcount(inSecond & ~inFirst));
+  return std::max(longer - shorter, static_cast<std::size_t>(missing));
 }
 
 /// Words longer than this are too far from everything. It bounds the time that a hostile word
@@ -55,9 +76,8 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
   }
   std::size_t limit = std::max<std::size_t>(1, word.size() / 3) + 1;
   for (const std::string& candidate : candidates) {
-    const auto [shorter, longer] = std::minmax({word.size(), candidate.size()});
-    if (longer - shorter >= limit) {
-      continue;  // the distance is at least this
+    if (leastDistance(word, candidate) >= limit) {
+      continue;
     }
     const std::size_t distance = editDistance(word, candidate, limit);
     if (distance < limit) {

@@ -34,6 +34,7 @@ TEST(NearestTest, CountsEdits) {
 TEST(NearestTest, SuggestsTheFirstOfTheNearestWords) {
   EXPECT_EQ(nearest("veriyf", {"list", "verify", "verifx"}), "verify");
   EXPECT_EQ(nearest("Loup", {"Loop", "Soup"}), "Loop");
+  EXPECT_EQ(nearest("VOLUNE", {"Volume"}), "Volume");
   EXPECT_EQ(nearest("x", {"y"}), "y");
   EXPECT_EQ(nearest("xy", {"ab"}), "");
   EXPECT_EQ(nearest("abcdef", {"abcxyz", "abcdxy"}), "abcdxy") << "a third may differ";

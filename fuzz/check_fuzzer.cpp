@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "compiler/run_driver.h"
+#include "fuzz/kit_command.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
 #include "fuzz/replace_build.h"
@@ -44,33 +45,36 @@ void requirePacked(const std::string& script) {
   kit::Output output;
   require(kit::runCommandLine({"verify", wanted.bank, "--script", "s.txt"}, output) == 0);
   std::filesystem::remove(wanted.bank);
-  require(kit::runCommandLine({"build", "s.txt"}, output) == 0);
+  static const KitCommand build({"build", "s.txt"});
+  require(build.run(output) == kit::exitYes);
   require(contentOf(wanted.bank) == bank);
 }
 
 /// Runs the commands whose answer nothing else proves.
 void runOtherCommands() {
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{"show", "w.wav", "f.aif", "m.mid"}, {"deps", "s.txt"}}) {
-    kit::Output output;
-    const int code = kit::runCommandLine(arguments, output);
-    require(code != kit::exitFailed || (output.results.empty() && !output.messages.empty()));
-  }
+  static const KitCommand show({"show", "w.wav", "f.aif", "m.mid"});
+  static const KitCommand deps({"deps", "s.txt"});
+  kit::Output output;
+  show.run(output);
+  deps.run(output);
 }
 
 /// Fixes a script. Nothing must be left to fix, and a good script must stay good.
 void requireFixed(const kit::RunPlan& plan, bool isGood) {
   const kit::FixedScript fixed = kit::fixScript(plan, {});
-  kit::writeFixed(plan, fixed);
-  require(kit::fixScript(plan, {}).fixCount == 0);
+  if (fixed.fixCount > 0) {
+    kit::writeFixed(plan, fixed);
+    require(kit::fixScript(plan, {}).fixCount == 0);
+  }
   require(kit::unifiedDiff("s.txt", fixed.text).empty() == (fixed.fixCount == 0));
   require(!isGood || fixed.left.count(kit::Severity::error) == 0);
 }
 
 /// Requires that a script for the files has no errors.
 void checkNewScript() {
+  static const KitCommand makeScript({"new", ".", "-o", "new.txt", "--adpcm"});
   kit::Output output;
-  const int code = kit::runCommandLine({"new", ".", "-o", "new.txt", "--adpcm"}, output);
+  const kit::ExitCode code = makeScript.run(output);
   require(output.results.empty());
   if (code != kit::exitFailed) {
     require(kit::checkScript({.scriptPath = "new.txt"}, {}).count(kit::Severity::error) == 0);
@@ -89,14 +93,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const std::string_view input(reinterpret_cast<const char*>(bytes), size);
   const std::string script = fuzz::replaceBuild(input);
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
+  static const fuzz::KitCommand quality({"quality", "s.txt"});
   kit::Output output;
-  const int quality = kit::runCommandLine({"quality", "s.txt"}, output);
+  const kit::ExitCode measured = quality.run(output);
   const kit::RunPlan plan{.scriptPath = "s.txt"};
   const bool isGood =
       kit::checkScript(plan, {.lowestQuality = 40}).count(kit::Severity::error) == 0;
   if (isGood) {
     fuzz::requirePacked(script);
-    fuzz::require(quality == kit::exitYes);
+    fuzz::require(measured == kit::exitYes);
   }
   fuzz::runOtherCommands();
   fuzz::requireFixed(plan, isGood);

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -12,7 +10,7 @@
 #include <new>
 
 #include "kit/commands.h"
-#include "kit/frame/arguments.h"
+#include "kit/frame/argument_parser.h"
 #include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
@@ -25,61 +23,6 @@ namespace tavrel::kit {
 
 namespace {
 
-/// Throws Failure unless the option can have the value.
-void checkValue(const CommandOption& option, const std::string& value) {
-  const auto& words = option.words;
-  if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
-    throw Failure(fmt::format("{} must be one of {}, not {}", longName(option),
-                              fmt::join(words, ", "), value));
-  }
-}
-
-/// Checks the values given to flags with "=". The parser delivers "true" for --json and --json=true
-/// alike.
-void checkFlagValues(const std::vector<CommandOption>& options,
-                     const std::vector<std::string>& words) {
-  for (const std::string& word : words) {
-    if (word == "--") {
-      return;
-    }
-    for (const CommandOption& option : options) {
-      const std::string start = longName(option) + '=';
-      if (!option.value.empty() || !word.starts_with(start)) {
-        continue;
-      }
-      if (option.words.empty()) {
-        throw Failure(fmt::format("{} takes no value", longName(option)));
-      }
-      checkValue(option, word.substr(start.size()));
-    }
-  }
-}
-
-/// Adds an option to the parser. What is given for it ends up in `arguments`.
-void addOption(CLI::App& app, const CommandOption& option, Arguments& arguments) {
-  const auto keep = [&arguments, &option](const CLI::results_t& values) {
-    if (!option.value.empty()) {
-      std::for_each(values.begin(), values.end(),
-                    [&option](const std::string& value) { checkValue(option, value); });
-    }
-    arguments.options[longName(option)] = values;
-    return true;
-  };
-  CLI::Option* added = app.add_option(option.names, keep);
-  added->type_size(1)->expected(option.value.empty() ? 0 : 1)->allow_extra_args(false);
-  added->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->type_name(option.value);
-}
-
-[[noreturn]] void failUnknownOption(const std::string& argument, const Command& command) {
-  std::vector<std::string> names;
-  for (const CommandOption& option : joined(command.options, commonOptions())) {
-    names.push_back(longName(option));
-  }
-  const std::string typed = argument.substr(0, argument.find('='));
-  throw Failure(
-      fmt::format("{} has no option {}{}", command.name, typed, didYouMean(typed, names)));
-}
-
 void checkOperands(const Command& command, const Arguments& arguments) {
   const std::size_t count = arguments.operands.size();
   if (count < command.operands.fewest || count > command.operands.most) {
@@ -88,50 +31,8 @@ void checkOperands(const Command& command, const Arguments& arguments) {
   }
 }
 
-/// Takes what the parser has left: operands, "--", and options that the command doesn't have. After
-/// "--" there are operands alone.
-void takeOperands(const std::vector<std::string>& words, const Command& command,
-                  Arguments& arguments) {
-  bool isAfterMark = false;
-  for (const std::string& word : words) {
-    if (isAfterMark || !word.starts_with('-') || word == "-") {
-      arguments.operands.push_back(word);
-    } else if (word == "--") {
-      isAfterMark = true;
-    } else {
-      failUnknownOption(word, command);
-    }
-  }
-}
-
-/// Parses what follows the command's name. The parser isn't told of operands, because it would take
-/// one in brackets for a list.
-Arguments parse(const Command& command, std::vector<std::string> words) {
-  Arguments arguments;
-  CLI::App app;
-  app.set_help_flag();
-  app.allow_windows_style_options(false);  // "/sounds/sfx.tvb" is a file
-  app.allow_extras();
-  const std::vector<CommandOption> options = joined(command.options, commonOptions());
-  for (const CommandOption& option : options) {
-    addOption(app, option, arguments);
-  }
-  checkFlagValues(options, words);
-  std::reverse(words.begin(), words.end());  // as this parser takes them
-  try {
-    app.parse(words);
-  } catch (const CLI::ArgumentMismatch& error) {
-    const std::string text = error.what();  // --below: 1 required DB missing
-    throw Failure(fmt::format("{} needs a value", text.substr(0, text.find(':'))));
-  } catch (const CLI::ParseError& error) {
-    throw Failure(error.what());
-  }
-  takeOperands(app.remaining(), command, arguments);
-  return arguments;
-}
-
 int runCommand(const Command& command, std::vector<std::string> words, Output& output) {
-  const Arguments arguments = parse(command, std::move(words));
+  const Arguments arguments = parseArguments(command, std::move(words));
   if (arguments.has("--help")) {
     output.results = commandHelp(command);
     return exitYes;

@@ -6,6 +6,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "kit/frame/ascii.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/nearest.h"
 
@@ -13,24 +14,14 @@ namespace tavrel::kit {
 
 namespace {
 
-std::string upperCase(std::string_view text) {
-  std::string upper(text);
-  for (char& character : upper) {
-    if (character >= 'a' && character <= 'z') {
-      character = static_cast<char>(character - ('a' - 'A'));
-    }
-  }
-  return upper;
-}
-
-/// Finds assets by their defines, in upper case. Different assets can have the same one.
+/// Finds assets by their defines, in small letters. Different assets can have the same one.
 class DefineIndex {
  public:
   explicit DefineIndex(const NamedBank& bank) {
     for (std::uint32_t id = 0; id < bank.assets().size(); ++id) {
       if (!bank.defines[id].empty()) {
-        whole_.emplace(upperCase(bank.defines[id]), id);
-        short_.emplace(upperCase(defineWithoutPrefix(bank, id)), id);
+        whole_.emplace(lowered(bank.defines[id]), id);
+        short_.emplace(lowered(defineWithoutPrefix(bank, id)), id);
       }
     }
   }
@@ -45,7 +36,7 @@ class DefineIndex {
 
   static std::vector<std::uint32_t> find(const Index& index, const std::string& define) {
     std::vector<std::uint32_t> ids;
-    const auto [first, end] = index.equal_range(upperCase(define));
+    const auto [first, end] = index.equal_range(lowered(define));
     for (auto found = first; found != end; ++found) {
       ids.push_back(found->second);
     }

@@ -10,6 +10,9 @@
 
 namespace tavrel::kit {
 
+constexpr std::int32_t kAdpcmBits = 4;   ///< of a sample
+constexpr std::uint32_t kAdpcmUnit = 4;  ///< bytes: 8 samples
+
 struct WaveFacts {
   std::int32_t sampleRate = 0;  ///< in hertz
   std::int32_t bits = 0;

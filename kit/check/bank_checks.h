@@ -16,7 +16,7 @@ using AssetList = std::vector<const CheckedAsset*>;
 /// Checks that all defines, the guard too, are identifiers of C, and that each is there once.
 void checkDefines(const BankNames& names, const AssetList& assets, Findings& findings);
 
-/// Returns how to name the bank so that it spoils nothing, from a name that is near.
+/// Returns the advice to rename the bank, with a name like `name` that is good in scripts and C.
 std::string betterBankName(std::string name);
 
 /// Checks that the bank, its header, the script and the assets are different files. `assets` are

@@ -1,4 +1,4 @@
-// What is found out about one block. Puts each problem at its place and names the asset in it.
+// The problems of one block. Each is put at its place in the script and names the asset.
 #pragma once
 
 #include <optional>

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <new>
 
 #include "foundation/disk_file.h"
+#include "kit/frame/ascii.h"
 #include "kit/frame/display_text.h"
 
 namespace tavrel::kit {
@@ -71,12 +71,9 @@ bool fits(std::string_view pattern, std::string_view start) {
 }
 
 bool isHtml(std::string_view text) {
-  std::string lowered(text.substr(0, kKindBytes));
-  std::transform(lowered.begin(), lowered.end(), lowered.begin(), [](char c) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  });
-  return lowered.find("<!doctype html") != std::string::npos ||
-         lowered.find("<html") != std::string::npos;
+  const std::string start = lowered(text.substr(0, kKindBytes));
+  return start.find("<!doctype html") != std::string::npos ||
+         start.find("<html") != std::string::npos;
 }
 
 /// Returns true for text in UTF-8 whose last character may be cut off.

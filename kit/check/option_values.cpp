@@ -7,13 +7,12 @@
 
 #include "kit/check/loaded_script.h"
 #include "kit/check/word_hints.h"
+#include "kit/frame/ascii.h"
 #include "kit/frame/nearest.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Reads `value` with the tool's own rule.
 template <typename Number>

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "kit/check/report_formats.h"
+#include "kit/frame/ascii.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/json.h"
 #include "kit/frame/version.h"
@@ -17,9 +18,7 @@ namespace {
 constexpr const char* kSchema = "https://json.schemastore.org/sarif-2.1.0.json";
 
 bool staysInUri(char c) {
-  const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-  return isLetter || (c >= '0' && c <= '9') ||
-         std::string_view("-._~/").find(c) != std::string::npos;
+  return isLetter(c) || isDigit(c) || std::string_view("-._~/").find(c) != std::string::npos;
 }
 
 /// Returns a path as a URI reference, RFC 3986.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "kit/frame/ascii.h"
 #include "kit/frame/failure.h"
 
 namespace tavrel::kit {
@@ -16,8 +17,6 @@ namespace {
 constexpr std::string_view kRefused = "\"'&*;<=>?[^`|";
 constexpr std::string_view kRefusedAtEnd = ")\\: ";
 constexpr std::string_view kRefusedAfterBackslash = " #:$";
-
-bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
 
 /// Returns true for a name that changes how make works, as a target or in the first place after
 /// one.

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <unordered_map>
 
+#include "kit/frame/ascii.h"
+#include "kit/frame/contains.h"
 #include "kit/frame/display_text.h"
 
 namespace tavrel::kit {
@@ -24,22 +26,8 @@ constexpr std::array<std::string_view, 2> kNumberedDevices{"com", "lpt"};
 constexpr std::array<std::string_view, 13> kDeviceNumbers{
     "0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "\u00B9", "\u00B2", "\u00B3"};
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), [](char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
-                                                : character;
-  });
-  return lower;
-}
-
-template <std::size_t count>
-bool contains(const std::array<std::string_view, count>& texts, std::string_view text) {
-  return std::find(texts.begin(), texts.end(), text) != texts.end();
-}
-
 bool isDevice(std::string_view name) {
-  std::string stem = lowerCase(name.substr(0, name.find('.')));
+  std::string stem = lowered(name.substr(0, name.find('.')));
   stem.erase(stem.find_last_not_of(' ') + 1);
   return contains(kDevices, stem) || (contains(kNumberedDevices, stem.substr(0, 3)) &&
                                       contains(kDeviceNumbers, std::string_view(stem).substr(3)));
@@ -148,8 +136,8 @@ class NameTable {
 
 DefineParts definePartsOf(std::string_view define) {
   const std::size_t split = std::min(define.rfind('_'), define.size());
-  return {.stem = lowerCase(define.substr(0, split)),
-          .extension = lowerCase(define.substr(std::min(split + 1, define.size())))};
+  return {.stem = lowered(define.substr(0, split)),
+          .extension = lowered(define.substr(std::min(split + 1, define.size())))};
 }
 
 bool isSafeName(std::string_view name) {

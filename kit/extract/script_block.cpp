@@ -38,7 +38,8 @@ const Statement* findStatement(std::uint32_t type) {
 
 bool isCompressedWave(const tavrel_asset& wave) {
   const WaveFacts facts = waveFacts(wave);
-  return wave.type == TAVREL_WAVE && facts.bits == 4 && !facts.loops && wave.size % 4 == 0;
+  return wave.type == TAVREL_WAVE && facts.bits == kAdpcmBits && !facts.loops &&
+         wave.size % kAdpcmUnit == 0;
 }
 
 std::optional<std::string> blockText(const tavrel_asset& asset, const std::string& file) {

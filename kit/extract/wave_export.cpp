@@ -7,6 +7,7 @@
 
 #include "foundation/byte_order.h"
 #include "kit/bank/asset_facts.h"
+#include "kit/frame/contains.h"
 #include "samples/sound_convert.h"
 
 namespace tavrel::kit {
@@ -107,7 +108,7 @@ void describeLoop(const WaveFacts& wave, std::uint64_t samples, WaveFileFormat& 
 
 bool hasWaveFile(const tavrel_asset& wave) {
   constexpr std::array<std::int32_t, 5> kWidths{kAdpcmBits, 8, 16, 24, 32};
-  return std::find(kWidths.begin(), kWidths.end(), waveFacts(wave).bits) != kWidths.end();
+  return contains(kWidths, waveFacts(wave).bits);
 }
 
 std::uint32_t exportedRate(const tavrel_asset& wave, std::vector<std::string>& changes) {

@@ -17,7 +17,6 @@
 namespace tavrel::kit {
 
 constexpr std::uint32_t kMostChannels = 1024;  // as many as readers of WAV files take
-constexpr std::int32_t kAdpcmBits = 4;
 constexpr std::uint16_t kDecodedBits = 16;
 
 /// The file of a wave.

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "kit/frame/contains.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/help.h"
 #include "kit/frame/nearest.h"
@@ -15,10 +16,9 @@ namespace {
 
 /// Throws Failure unless the option can have the value.
 void checkValue(const CommandOption& option, const std::string& value) {
-  const auto& words = option.words;
-  if (!words.empty() && std::find(words.begin(), words.end(), value) == words.end()) {
+  if (!option.words.empty() && !contains(option.words, value)) {
     throw Failure(fmt::format("{} must be one of {}, not {}", longName(option),
-                              fmt::join(words, ", "), value));
+                              fmt::join(option.words, ", "), value));
   }
 }
 

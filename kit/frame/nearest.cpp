@@ -3,17 +3,11 @@
 #include <algorithm>
 #include <bit>
 
+#include "kit/frame/ascii.h"
+
 namespace tavrel::kit {
 
 namespace {
-
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
-  return result;
-}
 
 /// Returns the characters of a word as a set of bits. Different characters may share a bit.
 std::uint64_t characterSet(std::string_view word) {

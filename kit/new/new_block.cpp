@@ -8,6 +8,7 @@
 #include "kit/check/file_kind.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/usual_type.h"
+#include "kit/frame/contains.h"
 #include "kit/frame/split_name.h"
 #include "kit/new/script_name.h"
 #include "kit/new/single_read.h"
@@ -16,17 +17,12 @@ namespace tavrel::kit {
 
 namespace {
 
-// Warnings that the choice of files prevents.
+// Warnings that keep a file out of a new script.
 constexpr std::array<std::string_view, 3> kAvoided{"name-cut", "case-differs", "same-file-twice"};
 
-// Problems that another name solves.
+// Problems that another name of the file would solve.
 constexpr std::array<std::string_view, 4> kOfNames{"name-cut", "define-invalid", "define-duplicate",
                                                    "long-name"};
-
-template <std::size_t count>
-bool contains(const std::array<std::string_view, count>& names, std::string_view name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 /// Returns true for a sound that the tool's reader for this name doesn't read, or doesn't find.
 bool needsOtherExtension(const NewBlock& entry, const FileKind& kind) {

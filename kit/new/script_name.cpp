@@ -12,6 +12,7 @@
 #include "kit/check/file_kind.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/script_keywords.h"
+#include "kit/frame/ascii.h"
 #include "kit/frame/display_text.h"
 #include "platform/host_path.h"
 
@@ -22,8 +23,6 @@ namespace {
 bool isHostSeparator(char c) {
   return std::string_view(kHostSeparators).find(c) != std::string_view::npos;
 }
-
-bool isControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }
 
 std::string faultOfCharacter(char c) {
   if (isControl(c)) {

@@ -1,4 +1,4 @@
-// What the other commands know of a bank and its script.
+// What a report shows: a bank with its verdicts, and the check and the quality of its script.
 #pragma once
 
 #include <optional>

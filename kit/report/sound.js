@@ -10,8 +10,8 @@ function audioContext() {
   return context;
 }
 
-// Starts `sound`, whose `start(context, ended)` returns what stops it and says where it is. `owner`
-// hears about it through `showPlaying(position)`, with null at the end.
+// Starts `sound`. Its `start(context, ended)` returns a voice with `stop()` and `position()`.
+// `owner` gets the position again and again through `showPlaying(position)`, and null at the end.
 export function play(owner, sound) {
   stop();
   const playing = { owner };

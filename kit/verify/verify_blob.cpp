@@ -12,9 +12,6 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr std::int32_t kAdpcmBits = 4;
-constexpr std::uint32_t kAdpcmUnit = 4;  // bytes: 8 samples
-
 SequenceFacts readFacts(BankFile& bank, const tavrel_asset& asset) {
   SequenceFacts facts;
   MidiFile file;

@@ -14,6 +14,15 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+/// The bytes of all marks that text begins with. Each editor on its way may have added one.
+std::size_t sizeOfByteOrderMarks(std::string_view text) {
+  std::size_t size = 0;
+  while (text.substr(size).starts_with(kByteOrderMark)) {
+    size += kByteOrderMark.size();
+  }
+  return size;
+}
+
 }  // namespace
 
 std::size_t ScriptWords::wordSize(std::size_t start) const {
@@ -32,13 +41,13 @@ bool ScriptWords::next() {
     return false;
   }
   word_ = {script_.token.data(), script_.tokenStart(), wordSize(script_.tokenStart())};
-  if (word_.offset > 0 || !word_.text.starts_with(kByteOrderMark)) {
+  const std::size_t marks = word_.offset == 0 ? sizeOfByteOrderMarks(word_.text) : 0;
+  if (marks == 0) {
     return true;
   }
   findings_.add("byte-order-mark", 0, "the script begins with a byte order mark",
-                "Save it without a byte order mark", Edit{.length = kByteOrderMark.size()});
-  word_ = {word_.text.substr(kByteOrderMark.size()), kByteOrderMark.size(),
-           word_.size - kByteOrderMark.size()};
+                "Save it without a byte order mark", Edit{.length = marks});
+  word_ = {word_.text.substr(marks), marks, word_.size - marks};
   return !word_.text.empty() || next();
 }
 

@@ -55,6 +55,7 @@ void expectProblems(const std::vector<Group>& groups, const std::string& before 
 }
 
 TEST(ScriptReaderTest, FindsWhatIsWrongWithTheWords) {
+  const std::string mark = "\xEF\xBB\xBF";
   const std::string name = "BankFileName a.tvb\n";
   const std::string end = "ScriptEnd\n";
   const std::string tooLong(1025, 'x');
@@ -64,7 +65,8 @@ TEST(ScriptReaderTest, FindsWhatIsWrongWithTheWords) {
       {"no-script-end 1:14", {name}},
       {"no-bank-name 1:1", {"", "; a comment\r\n" + end}},
       {"byte-order-mark 1:1",
-       {"\xEF\xBB\xBF" + name + end, "\xEF\xBB\xBF\n" + name + end, "\xFE\xFF B \n"}},
+       {mark + name + end, mark + "\n" + name + end, mark + mark + mark + name + end,
+        "\xFE\xFF B \n"}},
       {"unknown-word 1:1", {std::string("RIFF\0 a\n", 8) + name, "\x7F\xFF \x01"}},
       {"unknown-word 1:1 unknown-word 2:13",
        {"BankFileName=a.tvb\nUserAsset x Parameter0=1 AssetEnd\n" + end}},

@@ -5,13 +5,13 @@
 
 #include "kit/build/build_files.h"
 #include "kit/build/build_time.h"
-#include "kit/build/cached_inputs.h"
 #include "kit/build/declared_files.h"
 #include "kit/check/check_options.h"
 #include "kit/commands.h"
 #include "kit/frame/display_text.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
+#include "kit/frame/scoped_file_cache.h"
 #include "kit/pack/packed_script.h"
 #include "platform/host_path.h"
 #include "platform/terminal.h"
@@ -39,10 +39,11 @@ bool checkDeclared(const BuildInputs& inputs, Output& output) {
 }
 
 /// Returns false if the script has problems that stop a build. Adds all problems to the messages.
-bool checkInputs(const RunPlan& plan, const Arguments& arguments, Output& output) {
+bool checkInputs(const RunPlan& plan, const CheckOptions& options, const Arguments& arguments,
+                 Output& output) {
   const std::string form = formOf(arguments);
   std::vector<CheckedScript> scripts;
-  scripts.push_back(checkScript(plan, checkOptions(arguments)));
+  scripts.push_back(checkScript(plan, options));
   scripts.back().path = pathForUser(plan.scriptPath, arguments);
   output.messages += formatted(scripts, form, stderr);
   return !stops(scripts, arguments);
@@ -73,11 +74,11 @@ bool pack(const RunPlan& plan, const BuildInputs& inputs, const Arguments& argum
 }
 
 int runBuild(const Arguments& arguments, Output& output) {
-  const CheckOptions ignored = checkOptions(arguments);  // wrong values are found before all else
+  const CheckOptions options = checkOptions(arguments);  // wrong values are found before all else
   changeDirectory(arguments);
   const RunPlan plan = planFor(arguments.operands.front(), arguments);
   const BuildTime time;
-  CachedInputs cache;
+  ScopedFileCache cache;
   BuildInputs inputs = readInputs(plan, cache);
   if (const auto list = arguments.value("--declared")) {
     inputs.declared = hostPath(list->c_str());
@@ -86,9 +87,9 @@ int runBuild(const Arguments& arguments, Output& output) {
     return exitNo;
   }
   for (const std::string& asset : inputs.assets) {
-    cache.add(asset);
+    readIntoCache(asset, cache);
   }
-  const bool isGood = arguments.has("--no-check") || checkInputs(plan, arguments, output);
+  const bool isGood = arguments.has("--no-check") || checkInputs(plan, options, arguments, output);
   return isGood && pack(plan, inputs, arguments, output) ? exitYes : exitNo;
 }
 

@@ -12,6 +12,7 @@
 #include "kit/deps/depfile.h"
 #include "kit/deps/opened_names.h"
 #include "kit/frame/failure.h"
+#include "kit/frame/scoped_file_cache.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -58,9 +59,9 @@ BuildOutput bankOutput(PackedScript& packed, const std::string& path) {
 
 }  // namespace
 
-BuildInputs readInputs(const RunPlan& plan, CachedInputs& cache) {
+BuildInputs readInputs(const RunPlan& plan, FileCache& cache) {
   BuildInputs inputs{.script = hostPath(plan.scriptPath.c_str()), .assets = {}};
-  cache.add(inputs.script);
+  readIntoCache(inputs.script, cache);
   inputs.assets = openedNames(modelOf(plan.scriptPath));
   return inputs;
 }

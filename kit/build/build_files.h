@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "kit/build/build_outputs.h"
-#include "kit/build/cached_inputs.h"
 #include "kit/frame/arguments.h"
 #include "kit/frame/script_options.h"
 #include "kit/pack/packed_script.h"
+#include "platform/file_cache.h"
 
 namespace tavrel::kit {
 
@@ -22,7 +22,7 @@ struct BuildInputs {
 
 /// Reads the script into the cache, and finds out which assets it names. Throws Failure if the
 /// script can't be read.
-BuildInputs readInputs(const RunPlan& plan, CachedInputs& cache);
+BuildInputs readInputs(const RunPlan& plan, FileCache& cache);
 
 /// What a build writes beside the bank and its header, under the host's paths.
 struct BuildRecords {

@@ -7,24 +7,11 @@
 #include "compiler/bank_script.h"
 #include "kit/check/loaded_script.h"
 #include "kit/frame/captured_console.h"
+#include "kit/frame/scoped_file_cache.h"
 
 namespace tavrel::kit {
 
 namespace {
-
-/// Makes all files be read from a cache while it exists.
-class CacheScope {
- public:
-  explicit CacheScope(FileCache& cache) : previous_(setFileCache(&cache)) {}
-  ~CacheScope() { setFileCache(previous_); }
-  CacheScope(const CacheScope&) = delete;
-  CacheScope(CacheScope&&) = delete;
-  CacheScope& operator=(const CacheScope&) = delete;
-  CacheScope& operator=(CacheScope&&) = delete;
-
- private:
-  FileCache* previous_;
-};
 
 bool isSameRecord(const AssetEntry& entry, const tavrel_asset& asset) {
   return entry.type == asset.type && entry.size == asset.size &&
@@ -40,9 +27,8 @@ bool hasBytes(const AssetData& data, BankFile& bank, const tavrel_asset& asset) 
 
 Likeness tryBlock(const std::string& block, const std::string& openedName, FileCache::Entry content,
                   BankFile& bank, const tavrel_asset& asset) {
-  FileCache cache;
+  ScopedFileCache cache;
   cache.add(openedName, std::move(content));
-  const CacheScope scope(cache);
   const CapturedConsole silence;
   LoadedText<BankScript> script(block, "");
   script.parseStatements();

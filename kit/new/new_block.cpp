@@ -9,9 +9,9 @@
 #include "kit/check/unreadable_file.h"
 #include "kit/check/usual_type.h"
 #include "kit/frame/contains.h"
+#include "kit/frame/scoped_file_cache.h"
 #include "kit/frame/split_name.h"
 #include "kit/new/script_name.h"
-#include "kit/new/single_read.h"
 
 namespace tavrel::kit {
 
@@ -105,7 +105,9 @@ void NewBlock::judge(const Diagnostic& problem) {
 }
 
 void makeBlock(NewBlock& entry, std::size_t offset, bool wantsAdpcm, FolderNames& folders) {
-  const SingleRead read(entry.file.path);
+  constexpr std::uint32_t kMostKept = std::uint32_t{1} << 26U;  // larger files are read as needed
+  ScopedFileCache cache;
+  readIntoCache(entry.file.path, cache, kMostKept);
   const FileKind& kind = kindOfFile(entry.file.path);
   const Statement& statement = statementOf(typeOf(kind, entry.file.name));
   entry.block.row = &statement;

@@ -56,13 +56,13 @@ PackedScript::PackedScript(const RunPlan& plan)
     throw std::bad_alloc();
   }
   if (!isParsed) {
-    fail(plan, console.errors, kParseFailure);
+    fail(plan, console.text, kParseFailure);
   }
   if (!script_.checkBankLength()) {
-    fail(plan, console.errors, kBankFailure);
+    fail(plan, console.text, kBankFailure);
   }
   if (!makeHeader(static_cast<std::uint32_t>(script_.layOut()))) {
-    fail(plan, console.errors, kHeaderFailure);
+    fail(plan, console.text, kHeaderFailure);
   }
   if (script_.hasDroppedBlock()) {
     requireCause(plan);

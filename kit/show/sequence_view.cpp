@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "foundation/console.h"
 #include "kit/bank/asset_facts.h"
+#include "kit/frame/captured_console.h"
 #include "kit/frame/display_text.h"
 #include "kit/show/file_view.h"
 #include "midi/midi_file.h"
@@ -16,29 +16,6 @@ namespace tavrel::kit {
 
 namespace {
 
-/// Collects what the tool's text dump prints.
-class PrintedText : public ConsoleSink {
- public:
-  PrintedText() : previous_(setConsoleSink(this)) {}
-  ~PrintedText() override { setConsoleSink(previous_); }
-  PrintedText(const PrintedText&) = delete;
-  PrintedText& operator=(const PrintedText&) = delete;
-  PrintedText(PrintedText&&) = delete;
-  PrintedText& operator=(PrintedText&&) = delete;
-
-  void write(std::FILE* stream, std::string_view text) override {
-    if (stream == stdout) {
-      text_ += text;
-    }
-  }
-
-  std::string take() { return std::exchange(text_, {}); }
-
- private:
-  std::string text_;
-  ConsoleSink* previous_;
-};
-
 std::string tempoText(std::uint32_t microseconds) {
   const auto bpm = beatsPerMinute(static_cast<std::int32_t>(microseconds));
   return bpm ? fmt::format("{:.2f} bpm", *bpm) : "no tempo";
@@ -46,12 +23,12 @@ std::string tempoText(std::uint32_t microseconds) {
 
 /// Returns the dump's text of an event without the time before it and the line end after it. The
 /// dump rounds tempos to milliseconds per quarter note, so they are printed here.
-std::string eventText(MidiFile& file, const MidiEvent& event, PrintedText& printed) {
+std::string eventText(MidiFile& file, const MidiEvent& event, CapturedConsole& printed) {
   if (isMetaType(event, kMetaTempo)) {
     return fmt::format("Meta  -  Tempo - {}", tempoText(tempoOf(event)));
   }
   file.printEvent(event);
-  std::string text = printed.take();
+  std::string text = std::exchange(printed.text, {});
   text.erase(0, std::string_view(file.timeText(event)).size());
   text.erase(0, text.find_first_not_of('\t'));
   if (text.ends_with('\n')) {
@@ -72,7 +49,7 @@ void restart(MidiFile& file) {
 
 /// Returns a line for each event up to the end of the track.
 std::string eventsText(MidiFile& file) {
-  PrintedText printed;
+  CapturedConsole printed(stdout);
   std::string text = "\nbar:beat:tick\n";
   HeldEvent event;
   restart(file);

@@ -29,10 +29,7 @@ ShownFile::ShownFile(const std::string& name) : name_(name) {
   kind_ = held == nullptr ? &kindOfFile(name)
                           : &kindOf({reinterpret_cast<const char*>(held->bytes.get()),
                                      std::min(held->size, kKindBytes)});
-  previous_ = setFileCache(&cache_);
 }
-
-ShownFile::~ShownFile() { setFileCache(previous_); }
 
 void ShownFile::hold() {
   DiskFile disk(modeRead, name_.c_str(), "");

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "kit/check/file_kind.h"
-#include "platform/file_cache.h"
+#include "kit/frame/scoped_file_cache.h"
 
 namespace tavrel::kit {
 
@@ -14,11 +14,6 @@ class ShownFile {
  public:
   /// Reads the file. Throws Failure if it can't be read. A file of 4 GiB or more stays on disk.
   explicit ShownFile(const std::string& name);
-  ~ShownFile();
-  ShownFile(const ShownFile&) = delete;
-  ShownFile& operator=(const ShownFile&) = delete;
-  ShownFile(ShownFile&&) = delete;
-  ShownFile& operator=(ShownFile&&) = delete;
 
   /// Lets readers find the file under another name too, until `forget`.
   void alsoName(const std::string& name);
@@ -38,8 +33,7 @@ class ShownFile {
   std::uint64_t size_ = 0;
   bool isHeld_ = false;
   const FileKind* kind_ = nullptr;
-  FileCache cache_;
-  FileCache* previous_ = nullptr;
+  ScopedFileCache cache_;
 };
 
 }  // namespace tavrel::kit

@@ -36,7 +36,7 @@ BankFile::BankFile(const std::string& bankPath)
   std::error_code error;
   const std::uint64_t fileSize = std::filesystem::file_size(hostPath(path.c_str()), error);
   if (error || !file_.open()) {
-    throw Failure(fmt::format("can't read {}", path));
+    failToRead(path);
   }
   std::uint32_t held = tableSize(file_, fileSize);
   held = held != 0 ? held : static_cast<std::uint32_t>(std::min<std::uint64_t>(fileSize, 4));

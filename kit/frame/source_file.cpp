@@ -2,6 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <new>
+
 #include "foundation/disk_file.h"
 #include "kit/frame/failure.h"
 #include "platform/host_path.h"
@@ -22,23 +28,41 @@ void requireRegularFile(const std::string& path) {
   }
 }
 
-std::string readFile(const std::string& path) {
+void failToRead(const std::string& path) {
+  const std::string host = hostPath(path.c_str());
+  std::error_code error;
+  if (std::filesystem::file_size(host, error) > UINT32_MAX && !error) {
+    throw Failure(fmt::format("can't read {}: it has 4 GiB or more", path));
+  }
+  errno = 0;
+  const std::ifstream file(host, std::ios::binary);
+  const int reason = file.is_open() || errno == 0 ? EIO : errno;
+  throw Failure(fmt::format("can't read {}: {}", path, std::strerror(reason)));
+}
+
+FileCache::Entry readFileBytes(const std::string& path) {
   requireRegularFile(path);
   DiskFile file(modeRead, path.c_str(), "");
-  ByteBlock image;
+  FileCache::Entry entry;
   std::uint32_t size = 0;
-  switch (file.readImage(image, size)) {
+  switch (file.readImage(entry.bytes, size)) {
     case DiskFile::WholeRead::complete:
-      return {reinterpret_cast<const char*>(image.get()), size};
+      entry.size = size;
+      return entry;
     case DiskFile::WholeRead::noMemory:
       throw std::bad_alloc();
     case DiskFile::WholeRead::failed:
       break;
   }
-  if (file.error == FileName::kOutOfMemory) {
+  if (file.error == errorNoMemory) {
     throw std::bad_alloc();
   }
-  throw Failure(fmt::format("can't read {}", path));
+  failToRead(path);
+}
+
+std::string readFile(const std::string& path) {
+  const FileCache::Entry entry = readFileBytes(path);
+  return {reinterpret_cast<const char*>(entry.bytes.get()), entry.size};
 }
 
 }  // namespace tavrel::kit

@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
-#include <new>
+#include <utility>
 
-#include "foundation/disk_file.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/source_file.h"
 #include "platform/host_path.h"
@@ -23,31 +22,14 @@ ShownFile::ShownFile(const std::string& name) : name_(name) {
   }
   isHeld_ = size_ <= std::numeric_limits<std::uint32_t>::max();
   if (isHeld_) {
-    hold();
+    FileCache::Entry entry = readFileBytes(name);
+    size_ = entry.size;
+    cache_.add(hostPath(name.c_str()), std::move(entry));
   }
   const FileCache::Entry* held = cache_.find(hostPath(name.c_str()));
   kind_ = held == nullptr ? &kindOfFile(name)
                           : &kindOf({reinterpret_cast<const char*>(held->bytes.get()),
                                      std::min(held->size, kKindBytes)});
-}
-
-void ShownFile::hold() {
-  DiskFile disk(modeRead, name_.c_str(), "");
-  FileCache::Entry entry;
-  std::uint32_t size = 0;
-  switch (disk.readImage(entry.bytes, size)) {
-    case DiskFile::WholeRead::complete:
-      size_ = entry.size = size;
-      return cache_.add(hostPath(name_.c_str()), std::move(entry));
-    case DiskFile::WholeRead::noMemory:
-      throw std::bad_alloc();
-    case DiskFile::WholeRead::failed:
-      break;
-  }
-  if (disk.error == errorNoMemory) {
-    throw std::bad_alloc();
-  }
-  throw Failure(fmt::format("can't read {}", name_));
 }
 
 void ShownFile::alsoName(const std::string& name) {

@@ -27,8 +27,6 @@ class ShownFile {
   [[nodiscard]] bool isHeld() const { return isHeld_; }
 
  private:
-  void hold();
-
   std::string name_;
   std::uint64_t size_ = 0;
   bool isHeld_ = false;

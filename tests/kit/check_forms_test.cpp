@@ -1,4 +1,12 @@
 // The forms in which check prints problems, what its options allow, and what explain says.
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cstring>
+
 #include "platform/host_path.h"
 #include "tests/kit/command_test.h"
 
@@ -66,6 +74,8 @@ TEST_F(CheckFormsTest, TextHasAPartOfALongLine) {
 }
 
 TEST_F(CheckFormsTest, ExitCodes) {
+  write("4g.txt", "");
+  fs::resize_file("4g.txt", std::uintmax_t{1} << 32U);
   expectAnswers(
       {"check"},
       {
@@ -86,9 +96,23 @@ TEST_F(CheckFormsTest, ExitCodes) {
           {{"--prefix", std::string(81, 'p'), "all.txt"}, "tavkit: the prefix"},
           {{"--list-codes", "--json"}, "tavkit: --list-codes"},
           {{"all.txt", "none.txt"}, "tavkit: can't read none.txt"},
+          {{"4g.txt"}, "tavkit: can't read 4g.txt: it has 4 GiB or more\n"},
           {{}, "tavkit: no script"},
       });
 }
+
+#ifndef _WIN32
+TEST_F(CheckFormsTest, SaysWhyTheHostRefusesAScript) {
+  rlimit limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+  const rlimit noMoreFiles{.rlim_cur = 0, .rlim_max = limit.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &noMoreFiles), 0);
+  EXPECT_EQ(run({"check", "all.txt"}), 2);
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+  EXPECT_EQ(output_.messages,
+            fmt::format("tavkit: can't read all.txt: {}\n", std::strerror(EMFILE)));
+}
+#endif
 
 /// Expects paragraphs, up to an empty line, whose lines have at most 80 characters but as many
 /// words as they can. The second paragraph starts with "Fix: ".

@@ -1,4 +1,4 @@
-// What a run knows of an asset beside its table record. Owns the asset's bytes.
+// What a run knows of an asset besides its table record. Owns the asset's bytes.
 #pragma once
 
 #include <array>

@@ -71,8 +71,8 @@ class DiskFile {
   bool read(void* buffer, std::uint32_t length);
 
   /// Opens the file, reads it whole and closes it. Allocates `image` with room for `spareBytes`
-  /// more, which are uninitialised. `size`, in bytes, is set before `image` is allocated, and both
-  /// keep what they have got after a failure.
+  /// more, which are uninitialised. Sets `size`, in bytes, before it allocates `image`; after a
+  /// failure either may be set.
   WholeRead readImage(ByteBlock& image, std::uint32_t& size, std::uint32_t spareBytes = 0);
 
   /// Writes `length` bytes at the current position.

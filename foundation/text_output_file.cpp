@@ -18,14 +18,7 @@ bool TextOutputFile::writeBytes(const void* bytes, std::uint32_t length) {
 
 bool TextOutputFile::writeNewline() { return writeText("\n"); }
 
-bool TextOutputFile::writeNewlines(std::int16_t count) {
-  for (int written = 0; written < count; ++written) {
-    if (!writeNewline()) {
-      return false;
-    }
-  }
-  return true;
-}
+bool TextOutputFile::writeNewlines(std::int16_t count) { return writeRepeated("\n", count); }
 
 bool TextOutputFile::writeLong(std::int32_t value) {
   return writeText(std::to_string(value).c_str());
@@ -35,17 +28,19 @@ bool TextOutputFile::writeBool(std::uint8_t value) { return writeText(value == 1
 
 bool TextOutputFile::writeTab() { return writeText("\t"); }
 
-bool TextOutputFile::writeTabs(std::int16_t count) {
+bool TextOutputFile::writeTabs(std::int16_t count) { return writeRepeated("\t", count); }
+
+bool TextOutputFile::writeComment(const char* text) {
+  return isOpen && writeBytes(&commentChar, 1) && writeText(" ") && writeText(text);
+}
+
+bool TextOutputFile::writeRepeated(const char* text, std::int16_t count) {
   for (int written = 0; written < count; ++written) {
-    if (!writeTab()) {
+    if (!writeText(text)) {
       return false;
     }
   }
   return true;
-}
-
-bool TextOutputFile::writeComment(const char* text) {
-  return isOpen && writeBytes(&commentChar, 1) && writeText(" ") && writeText(text);
 }
 
 }  // namespace tavrel

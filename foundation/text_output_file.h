@@ -1,6 +1,6 @@
 // Writer of generated text files. A line end is one line feed on every host.
 // Writing to a file that isn't open returns false without an error code. Any other failed write
-// leaves its code in `error`. Null returns false.
+// leaves its code in `error`. A null text returns false.
 #pragma once
 
 #include <cstdint>
@@ -42,6 +42,9 @@ class TextOutputFile : public DiskFile {
   bool writeComment(const char* text);
 
   char commentChar = ';';
+
+ private:
+  bool writeRepeated(const char* text, std::int16_t count);
 };
 
 }  // namespace tavrel

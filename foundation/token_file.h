@@ -75,8 +75,8 @@ class TokenFile {
   /// Sets the file's name and clears its path. Returns false if `name` is null or memory runs out.
   bool setFile(const char* name);
 
-  /// Takes ownership of the `length` bytes of `block`, made with new[], as the text. Always returns
-  /// true.
+  /// Takes ownership of the `length` bytes of `block`, made with new[], as the text. A text that is
+  /// loaded must be freed first. Clears the file's name and path. Always returns true.
   bool useMemory(std::uint8_t* block, std::size_t length);
 
   /// Moves to the start of the text. `lineNumber` is unchanged. Always returns true.

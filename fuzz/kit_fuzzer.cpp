@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "compiler/run_driver.h"
+#include "fuzz/input_parts.h"
 #include "fuzz/kit_command.h"
 #include "fuzz/memory_bound.h"
 #include "fuzz/quiet_console.h"
@@ -81,15 +82,12 @@ void checkFolder() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using namespace tavrel;
-  constexpr std::string_view kMark = "\n----\n";
   fuzz::silenceConsole();
   static const fuzz::WorkDirectory directory({{"small.tvb", fuzz::smallBank()}});
 
-  const std::string_view input(reinterpret_cast<const char*>(bytes), size);
-  const std::size_t headerSize = std::min(input.find(kMark), input.size());
-  fuzz::WorkDirectory::write("b.h", input.substr(0, headerSize));
-  fuzz::WorkDirectory::write("b.tvb",
-                             input.substr(std::min(headerSize + kMark.size(), input.size())));
+  std::string_view input(reinterpret_cast<const char*>(bytes), size);
+  fuzz::WorkDirectory::write("b.h", fuzz::cutOff(input));
+  fuzz::WorkDirectory::write("b.tvb", input);
   std::filesystem::remove_all("out");
   const fuzz::MemoryBound bound(size, fuzz::LargeBlocks::refuse);
   fuzz::runCommands();

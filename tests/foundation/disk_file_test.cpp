@@ -76,6 +76,7 @@ TEST_F(DiskFileTest, OpensNoDirectoriesAndNothingWithoutAName) {
   for (const auto& [mode, code] : {std::pair{modeRead, 4U}, {modeWrite, 3U}, {modeAppend, 8U}}) {
     DiskFile folder(mode, directory_.path().c_str(), nullptr);
     DiskFile nameless(mode, nullptr, nullptr);
+    EXPECT_EQ(DiskFile(mode, "a", nullptr).error, 0U);
     EXPECT_FALSE(folder.open());
     EXPECT_EQ(folder.error, code);
     EXPECT_FALSE(nameless.open());

@@ -85,6 +85,8 @@ TEST(TokenFileTest, LoadsAFileAndReadsItAgainOrReportsIt) {
   EXPECT_EQ(allOf(file), "a@2:0 b@3:3 !@3:5 ");
   EXPECT_TRUE(file.freeData() && file.rewind() && TokenFile::freeBlock(nullptr));
   EXPECT_FALSE(file.readToken());
+  file.useMemory(nullptr, 0);
+  EXPECT_STREQ(file.fileName.getNameAndPath(), "");
 }
 
 TEST(TokenFileTest, SkipsAndReadsLines) {

@@ -70,9 +70,12 @@ with tempfile.TemporaryDirectory() as folder, contextlib.chdir(folder):
     Path("x.dat").write_text("x")
     Path("y.dat").write_text("y")
     build_old()
+    os.chmod("b.tvb", 0o600)
     strace("-o", "trace")
     new = contents()
-    every = re.findall(r"^(\w+)\(", Path("trace").read_text(), re.M)
+    trace = Path("trace").read_text()
+    every = re.findall(r"^(\w+)\(", trace, re.M)
+    assert re.search(r"O_EXCL\S* 0600\)", trace), "others can open the new bank"
     # Without those that end it.
     calls = [name for name in every if name not in ("execve", "exit_group")]
     writing = [name for name in calls if name in WRITING]

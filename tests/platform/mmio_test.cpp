@@ -1,6 +1,7 @@
 #include "platform/mmio.h"
 
 #include <array>
+#include <fstream>
 
 #include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
@@ -54,6 +55,16 @@ TEST_F(Mmio, ReadsOfAllLengthsFollowEachOther) {
     EXPECT_EQ(mmioBytesLeft(file_), 40000 - next);
     EXPECT_EQ(read(2), content.substr(next, 2));
   }
+}
+
+TEST_F(Mmio, FindsNoChunkWhoseContentStartsAt4GiB) {
+  const std::string header = Bytes().text("junk").le32(0xFFFFFFF8);  // up to 4 GiB
+  const std::string path = directory_.write("file", header);
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 32U);
+  std::ofstream(path, std::ios::binary | std::ios::app) << header;
+  file_ = mmioOpenA(path.c_str(), nullptr, kMmioBuffered);
+  ChunkInfo info;
+  EXPECT_EQ(mmioDescend(file_, &info, nullptr, kMmioFindRiff), kMmioChunkNotFound);
 }
 
 }  // namespace tavrel::test

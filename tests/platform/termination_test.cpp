@@ -26,6 +26,18 @@ TEST(Termination, SignalsAreHeldUntilTheLastHolderIsGone) {
   }
 }
 
+TEST(Termination, IgnoredSignalsStayIgnored) {
+  const auto isIgnored = [](int signal) {
+    struct sigaction action {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+  };
+  const auto before = std::signal(SIGUSR1, SIG_IGN);
+  deleteDoomedFilesOnSignals();
+  EXPECT_TRUE(isIgnored(SIGUSR1));
+  EXPECT_FALSE(isIgnored(SIGUSR2));
+  std::signal(SIGUSR1, before);
+}
+
 TEST(Termination, DeletesTheFilesThatAreDoomed) {
   const TemporaryDirectory directory;
   const std::string paths[] = {directory.write("0", ""), directory.write("1", ""),

@@ -13,7 +13,7 @@ TEST(Transfer, BytesOfAnyNumberKeepTheirOrder) {
     SCOPED_TRACE(size);
     std::string bytes(size, '\0');
     for (std::size_t i = 0; i < size; ++i) {
-      bytes[i] = static_cast<char>(i * i >> 8U);
+      bytes[i] = static_cast<char>(i / 251);  // a prime, so that all pieces differ
     }
     std::stringstream stream;
     writeBytes(stream, bytes.data(), size);

@@ -13,7 +13,7 @@ outcome() {
   cp "$examples"/* "$folder"
   cd "$folder"
   eval "$1"
-  eval "timeout 60 \"$tool\" demo.txt ${2:-}" </dev/null >"$folder.out" 2>"$folder.err" || status=$?
+  eval "timeout 60 \"\$tool\" demo.txt ${2:-}" </dev/null >"$folder.out" 2>"$folder.err" || status=$?
   if ((status == 0)) && [[ -f demo.h && -f demo.tvb && $(tail -c 3 demo.h) == _H ]]; then
     sha256sum <demo.tvb
   elif ((status == 1)); then

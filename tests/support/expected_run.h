@@ -46,7 +46,7 @@ struct ExpectedRun {
   std::string scriptFile = "a.txt";     ///< with its path, as the banner shows it
   std::optional<std::string> script{};  ///< none: the bank's name and a line per block
   std::vector<Block> blocks{};
-  Files files{};  ///< in the directory before the run, beside the blobs
+  Files files{};  ///< in the directory before the run, besides the blobs
   std::string bankPath{}, headerPath{};
   std::string base = "sfx", bankName = "sfx.tvb", headerName = "sfx.h", prefix = "SFX";
   std::string problems{};                ///< standard error after that of the blocks

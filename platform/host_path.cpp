@@ -62,4 +62,9 @@ std::string hostPath(const char* name) {
 
 #endif
 
+bool hasDrive(std::string_view path) {
+  const bool hostHasDrives = std::string_view(kHostSeparators).find(':') != std::string_view::npos;
+  return hostHasDrives && path.size() > 1 && path[1] == ':';
+}
+
 }  // namespace tavrel

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tavrel {
 
@@ -21,5 +22,10 @@ std::string hostPath(const char* name);
 
 /// Returns the kind of the file at `path`, with links followed; `missing` if it can't be examined.
 PathKind pathKind(const char* path);
+
+// Not used by the tool; for programs that write commands and links, such as tavkit.
+
+/// Returns true if `path` starts with a drive, such as C:, on a host that has drives.
+bool hasDrive(std::string_view path);
 
 }  // namespace tavrel

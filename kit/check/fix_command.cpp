@@ -13,17 +13,22 @@ namespace tavrel::kit {
 namespace {
 
 /// Returns true if a command could take a path for something else: for an option (-o), a program
-/// to run (sox reads from the one after a '|') or an address (ffmpeg opens pipe:0). A colon after
-/// one letter belongs to a drive.
+/// to run (sox reads from the one after a '|') or an address (ffmpeg opens pipe:0).
 bool isAmbiguous(std::string_view path) {
-  const std::size_t colon = path.find(':');
-  return path.find_first_of("-+|@~") == 0 || (colon != std::string_view::npos && colon != 1);
+  return path.find_first_of("-+|@~") == 0 ||
+         (path.find(':') != std::string_view::npos && !hasDrive(path));
 }
 
 /// Returns a file of the host as a word that every command takes for a file.
 std::string fileWord(const std::string& name) {
   const std::string path = hostPath(name.c_str());
   return shellWord(isAmbiguous(path) ? "./" + path : path);
+}
+
+/// Returns a file as an input of sox, which expands patterns that are quoted too.
+std::string soxInput(const std::string& name) {
+  const bool isPattern = name.find_first_of("*?[{\\") != std::string::npos;
+  return (isPattern ? "--no-glob " : "") + fileWord(name);
 }
 
 struct NameParts {
@@ -69,10 +74,6 @@ std::string freeName(const std::string& name, const std::string& wanted) {
   return newName(name, parts.stem, parts.extension, "new");
 }
 
-std::string renameCommand(const std::string& from, const std::string& to) {
-  return fmt::format("mv -n {} {}  # and write {} in the script", fileWord(from), fileWord(to), to);
-}
-
 std::string moveCommand(const std::string& from, const std::string& to) {
   return fmt::format("mv -n {} {}", fileWord(from), fileWord(to));
 }
@@ -83,7 +84,7 @@ std::string soxCommand(const std::string& name, const SoundFix& fix) {
       fix.to16Bits ? newName(name, withoutNumber(stem, fix.oldBits), fix.extension, "16")
                    : newName(name, stem, fix.extension, "mono");
   const std::string type = fix.inputType.empty() ? "" : fmt::format("-t {} ", fix.inputType);
-  return fmt::format("sox {}{}{}{}{} {}", type, fileWord(name), fix.toMono ? " -c 1" : "",
+  return fmt::format("sox {}{}{}{}{} {}", type, soxInput(name), fix.toMono ? " -c 1" : "",
                      fix.to16Bits ? " -b 16" : "", fix.toPcm ? " -e signed-integer" : "",
                      fileWord(output));
 }
@@ -96,10 +97,10 @@ std::string convertCommand(const std::string& name, const FileKind& kind,
                            const std::string& output) {
   switch (kind.converter) {
     case Converter::rename:
-      return renameCommand(
+      return moveCommand(
           name, newName(name, partsOf(name).stem, fmt::format(".{}", kind.extension), "new"));
     case Converter::sox:
-      return fmt::format("sox -t {} {} -b 16 {}", kind.extension, fileWord(name), fileWord(output));
+      return fmt::format("sox -t {} {} -b 16 {}", kind.extension, soxInput(name), fileWord(output));
     case Converter::ffmpeg:
       return fmt::format("ffmpeg -nostdin -i {} -c:a pcm_s16le {}", fileWord(name),
                          fileWord(output));

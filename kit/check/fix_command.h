@@ -13,9 +13,6 @@ namespace tavrel::kit {
 /// Returns `wanted`, or a name like it, to which the file or folder `name` can be moved.
 std::string freeName(const std::string& name, const std::string& wanted);
 
-/// Returns the command that renames a file. A comment after it says that the script must follow.
-std::string renameCommand(const std::string& from, const std::string& to);
-
 /// Returns the command that moves a file or folder to where nothing is.
 std::string moveCommand(const std::string& from, const std::string& to);
 

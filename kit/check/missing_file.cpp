@@ -53,9 +53,14 @@ bool endsWord(char c) {
   return TokenFile::isDelimiter(c) || kQuotes.find(c) != std::string_view::npos;
 }
 
-/// Returns the command that replaces what ends a word in the name of the first folder that has it,
-/// or else of the file.
-std::string joinCommand(const std::string& file) {
+/// A name that a script can't hold, and how to get rid of it.
+struct Renaming {
+  std::string command;
+  std::string newName;
+};
+
+/// Replaces what ends a word in the name of the first folder that has it, or else of the file.
+Renaming renamingOf(const std::string& file) {
   const auto bad = std::find_if(file.begin(), file.end(), endsWord);
   const auto isSeparator = [](char c) { return c == '/' || c == '\\'; };
   const auto end = std::find_if(bad, file.end(), isSeparator);
@@ -63,14 +68,13 @@ std::string joinCommand(const std::string& file) {
   std::string joined = part;
   std::replace_if(joined.begin(), joined.end(), endsWord, '_');
   joined = freeName(part, joined);
-  return fmt::format("{}  # and write {}{} in the script", moveCommand(part, joined), joined,
-                     std::string(end, file.end()));
+  return {moveCommand(part, joined), joined + std::string(end, file.end())};
 }
 
 /// Returns how the script can name a file that is there.
 std::string namingHint(const std::string& found) {
   return std::any_of(found.begin(), found.end(), TokenFile::isDelimiter)
-             ? joinCommand(found)
+             ? renamingOf(found).command
              : fmt::format("Write {}", found);
 }
 
@@ -81,10 +85,11 @@ void reportSplit(const std::string& file, BlockFindings& findings) {
     findings.addAtFile("missing-file", "names have no quotes", fmt::format("Write {}", file));
     return;
   }
-  findings.addAtFile(
-      "missing-file",
-      fmt::format("a {} has split the name {}", file[cut] == ';' ? "semicolon" : "space", file),
-      joinCommand(file));
+  const Renaming renaming = renamingOf(file);
+  findings.addAtFile("missing-file",
+                     fmt::format("a {} has split the name {}; rename it and write {}",
+                                 file[cut] == ';' ? "semicolon" : "space", file, renaming.newName),
+                     renaming.command);
 }
 
 /// Reports a name with a long extension, of which tavrel uses a part.
@@ -95,7 +100,7 @@ void reportCut(const std::string& openedName, BlockFindings& findings) {
       "missing-file",
       fmt::format("of an extension three characters are used, and {} isn't there{}", openedName,
                   kind.name.empty() || isWave(kind) ? "" : fmt::format("; this is {}", kind.name)),
-      isWave(kind) ? renameCommand(written, openedName) : conversionHint(written, kind, findings));
+      isWave(kind) ? moveCommand(written, openedName) : conversionHint(written, kind, findings));
 }
 
 /// Returns what is said of a name that is near to the one in the script.

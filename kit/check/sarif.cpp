@@ -29,9 +29,7 @@ std::string uriOf(std::string_view path) {
     uri += staysInUri(shown) ? std::string(1, shown)
                              : fmt::format("%{:02X}", static_cast<unsigned char>(shown));
   }
-  const bool hostHasDrives = std::string_view(kHostSeparators).find(':') != std::string_view::npos;
-  const bool hasDrive = hostHasDrives && path.size() > 1 && path[1] == ':';
-  return hasDrive ? "file:///" + uri : uri.starts_with('/') ? "file://" + uri : uri;
+  return hasDrive(path) ? "file:///" + uri : uri.starts_with('/') ? "file://" + uri : uri;
 }
 
 Json ruleOf(const Code& code) {

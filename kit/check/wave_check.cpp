@@ -11,7 +11,6 @@
 #include "kit/check/fix_command.h"
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
-#include "kit/check/wave_chunks.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -20,7 +19,6 @@ namespace tavrel::kit {
 namespace {
 
 constexpr std::string_view kExtension = ".wav";
-constexpr std::uint16_t kPcm = 1;
 constexpr std::uint16_t kExtensible = 0xFFFE;
 
 struct Encoding {
@@ -167,6 +165,12 @@ LoadedSound soundOf(const WaveFile& file) {
   return sound;
 }
 
+std::uint16_t formatTagOf(const WaveFile& file, const WaveChunks& chunks) {
+  std::uint16_t tag = 0;
+  file.getFormatTag(tag);
+  return tag == kExtensible ? chunks.subFormat.value_or(tag) : tag;
+}
+
 void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   WaveFile file(asset.block->file->text.c_str());  // cuts the name, which a second cut may change
   if (!file.load()) {
@@ -181,10 +185,7 @@ void checkWave(CheckedAsset& asset, FolderNames& folders, BlockFindings& finding
     return;
   }
   asset.isStored = true;
-  std::uint16_t tag = 0;
-  file.getFormatTag(tag);
-  const bool isPcm =
-      checkEncoding(tag == kExtensible ? chunks.subFormat.value_or(tag) : tag, sound, findings);
+  const bool isPcm = checkEncoding(formatTagOf(file, chunks), sound, findings);
   if (isPcm) {
     checkForm(sound, findings);
   }

@@ -16,8 +16,6 @@ namespace tavrel::kit {
 
 namespace {
 
-constexpr std::uint16_t kPcm = 1;
-
 std::vector<ListedChunk> listOf(const WaveChunks& chunks) {
   std::vector<ListedChunk> list;
   for (const WaveChunk& chunk : chunks.chunks) {
@@ -44,13 +42,6 @@ std::string loopsText(const WaveChunks& chunks) {
   return text;
 }
 
-/// Returns the format tag that counts: an extensible format has it in its sub-format.
-std::uint16_t tagOf(const WaveFile& file, const WaveChunks& chunks) {
-  std::uint16_t tag = 0;
-  file.getFormatTag(tag);
-  return file.isPcm() ? tag : chunks.subFormat.value_or(tag);
-}
-
 std::uint64_t framesOf(const LoadedSound& sound) {
   const std::uint64_t frameBits = std::uint64_t{sound.bits} * sound.channels;
   return frameBits == 0 ? 0 : std::uint64_t{sound.size} * 8 / frameBits;
@@ -68,7 +59,7 @@ FileView waveView(ShownFile& file) {
     file.alsoName(openedName);
   }
   if (reader.load()) {
-    const std::uint16_t tag = tagOf(reader, chunks);
+    const std::uint16_t tag = formatTagOf(reader, chunks);
     const LoadedSound sound = soundOf(reader);
     view.options.emplace_back("SampleRate", std::to_string(sound.rate));
     view.bits = sound.bits;

@@ -60,9 +60,7 @@ int runDeps(const Arguments& arguments, Output& output) {
   if (const auto path = arguments.value("--output")) {
     const std::string depfile = hostPath(path->c_str());
     requireOtherFile(depfile, script, assets, names);
-    OutputFile file(depfile, Existing::followLink);
-    file.write(text.data(), text.size());
-    file.finish();
+    writeFile(depfile, text, Existing::followLink);
   } else {
     output.results = std::move(text);
   }

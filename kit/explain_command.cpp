@@ -1,27 +1,26 @@
 // tavkit explain: what a code of `tavkit check` means and how to fix it.
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "kit/check/codes.h"
 #include "kit/check/report_formats.h"
 #include "kit/commands.h"
 #include "kit/frame/arguments.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
+#include "kit/frame/wrapped_lines.h"
 
 namespace tavrel::kit {
 
 namespace {
 
-/// Returns text broken into lines of at most 80 characters.
 std::string filled(std::string_view text) {
-  constexpr std::size_t kWidth = 80;
   std::string lines;
-  while (text.size() > kWidth) {
-    const std::size_t end = text.rfind(' ', kWidth);
-    lines.append(text.substr(0, end)) += '\n';
-    text.remove_prefix(end + 1);
+  for (const std::string_view line : wrappedLines(text, 80)) {
+    lines.append(line) += '\n';
   }
-  return lines.append(text) += '\n';
+  return lines;
 }
 
 int runExplain(const Arguments& arguments, Output& output) {

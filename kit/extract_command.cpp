@@ -12,6 +12,7 @@
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"
+#include "kit/frame/whole_number.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -22,7 +23,7 @@ namespace fs = std::filesystem;
 
 std::uint16_t channelsOf(const Arguments& arguments) {
   const std::string text = arguments.value("--channels").value_or("1");
-  const auto channels = decimal(text);
+  const auto channels = wholeNumber(text);
   if (!channels || *channels < 1 || *channels > kMostChannels) {
     throw Failure(
         fmt::format("--channels must be a number from 1 to {}, not {}", kMostChannels, text));
@@ -115,9 +116,7 @@ void extractWithScript(NamedBank& bank, const std::vector<std::uint32_t>& ids,
   }
   const ScriptPlan plan = planScript(bank, ids, request, path);
   writeIntoFolder(bank, plan.files, request);
-  OutputFile script(path, existingOf(request));
-  script.write(plan.script.data(), plan.script.size());
-  script.finish();
+  writeFile(path, plan.script, existingOf(request));
   output.messages += notes(bank, plan.files, request);
   for (const std::string& note : plan.notes) {
     output.messages += fmt::format("tavkit: {}\n", note);

@@ -99,12 +99,6 @@ TargetScript oldScript(const Target& target, const Arguments& arguments) {
   return {target.shownName, readFile(target.plan.scriptPath)};
 }
 
-void write(const std::string& text, const std::string& path, Existing existing) {
-  OutputFile file(path, existing);
-  file.write(text.data(), text.size());
-  file.finish();
-}
-
 int runNew(const Arguments& arguments, Output& output) {
   const bool adds = arguments.has("--add");
   const Target target = enterTarget(arguments);
@@ -121,7 +115,7 @@ int runNew(const Arguments& arguments, Output& output) {
   }
   const std::string text = script.with(entries);
   if (!adds || text != script.text()) {
-    write(text, target.plan.scriptPath, adds ? Existing::followLink : Existing::refuse);
+    writeFile(target.plan.scriptPath, text, adds ? Existing::followLink : Existing::refuse);
   }
   return code;
 }

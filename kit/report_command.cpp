@@ -2,7 +2,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 
 #include "kit/check/run_file.h"
@@ -13,6 +12,7 @@
 #include "kit/frame/output_file.h"
 #include "kit/frame/progress.h"
 #include "kit/frame/script_options.h"
+#include "kit/frame/whole_number.h"
 #include "kit/report/asset_picture.h"
 #include "kit/report/page.h"
 #include "platform/host_path.h"
@@ -25,14 +25,12 @@ namespace {
 std::uint64_t audioLimit(const Arguments& arguments) {
   constexpr std::uint64_t kMebibyte = std::uint64_t{1} << 20U;
   const std::string text = arguments.value("--audio-limit").value_or("32");
-  std::uint32_t limit = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, limit);
-  if (result.ec != std::errc() || result.ptr != end) {
+  const auto limit = wholeNumber(text);
+  if (!limit) {
     throw Failure(
         fmt::format("--audio-limit takes a number of mebibytes, 0 to 4294967295, not {}", text));
   }
-  return limit * kMebibyte;
+  return *limit * kMebibyte;
 }
 
 std::string pagePath(const Arguments& arguments) {

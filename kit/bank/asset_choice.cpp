@@ -9,6 +9,7 @@
 #include "kit/frame/ascii.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/nearest.h"
+#include "kit/frame/whole_number.h"
 
 namespace tavrel::kit {
 
@@ -47,14 +48,6 @@ class DefineIndex {
   Index short_;
 };
 
-/// Reads an id. Leading zeros are allowed, as extracted files have them in their names.
-std::optional<std::uint32_t> idFromWord(std::string_view word) {
-  while (word.size() > 1 && word.front() == '0') {
-    word.remove_prefix(1);
-  }
-  return decimal(word);
-}
-
 [[noreturn]] void failUnknown(const NamedBank& bank, const std::string& word) {
   std::vector<std::string> candidates = bank.defines;
   for (std::uint32_t id = 0; id < bank.assets().size(); ++id) {
@@ -81,7 +74,7 @@ std::vector<std::uint32_t> chosenAssets(const NamedBank& bank,
   const DefineIndex index(bank);
   std::set<std::uint32_t> chosen;
   for (const std::string& word : words) {
-    const auto id = idFromWord(word);
+    const auto id = wholeNumber(word);  // extracted files have zeros before it
     if (id && *id < count) {
       chosen.insert(*id);
       continue;

@@ -1,9 +1,9 @@
 #include "kit/bank/bank_header.h"
 
 #include <array>
-#include <charconv>
 
 #include "compiler/names.h"
+#include "kit/frame/whole_number.h"
 
 namespace tavrel::kit {
 
@@ -86,13 +86,9 @@ void parseLine(BankHeader& header, std::string_view line) {
 
 }  // namespace
 
-std::optional<std::uint32_t> decimal(std::string_view text) {
-  std::uint32_t number = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, number);
-  const bool isOctal = text.size() > 1 && text.front() == '0';
-  return result.ec == std::errc() && result.ptr == end && !isOctal ? std::optional(number)
-                                                                   : std::nullopt;
+std::optional<std::uint32_t> defineNumber(std::string_view value) {
+  const bool isOctal = value.size() > 1 && value.front() == '0';
+  return isOctal ? std::nullopt : wholeNumber(value);
 }
 
 BankHeader parseHeader(std::string_view text) {
@@ -108,7 +104,7 @@ BankHeader parseHeader(std::string_view text) {
 std::vector<std::string> BankHeader::definesById(std::uint32_t count) const {
   std::vector<std::string> names(count);
   for (const HeaderDefine& define : assets) {
-    const auto id = decimal(define.value);
+    const auto id = defineNumber(define.value);
     if (id && *id < count && names[*id].empty()) {
       names[*id] = define.name;
     }

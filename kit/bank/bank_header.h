@@ -20,7 +20,7 @@ namespace tavrel::kit {
 
 struct HeaderDefine {
   std::string name;
-  std::string value;  ///< the rest of the line, without blanks around it; empty for the guard
+  std::string value;  ///< the rest of the line, without blanks around it; may be empty
 
   bool operator==(const HeaderDefine&) const = default;
 };
@@ -34,7 +34,7 @@ struct BankHeader {
   std::optional<std::string> fileName;    ///< value of PREFIX_FILENAME, with its quotes
   std::optional<std::string> dataSize;    ///< value of PREFIX_BANK_DATA_SIZE
   std::optional<std::string> headerSize;  ///< value of PREFIX_BANK_HEADER_SIZE
-  std::vector<HeaderDefine> assets;       ///< all other defines with a value, in the text's order
+  std::vector<HeaderDefine> assets;       ///< all other defines, in the text's order
 
   /// Returns the first define of each id below `count`; empty where there is none.
   [[nodiscard]] std::vector<std::string> definesById(std::uint32_t count) const;
@@ -42,8 +42,8 @@ struct BankHeader {
 
 BankHeader parseHeader(std::string_view text);
 
-/// Returns the number that `text` is in decimal digits, if it fits. A 0 before other digits is
-/// refused, because C would read them as an octal number.
-std::optional<std::uint32_t> decimal(std::string_view text);
+/// Returns the number that the value of a define is in decimal digits, if it fits. A 0 before other
+/// digits is refused, because C would read them as an octal number.
+std::optional<std::uint32_t> defineNumber(std::string_view value);
 
 }  // namespace tavrel::kit

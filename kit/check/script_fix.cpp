@@ -38,10 +38,7 @@ FixedScript fixScript(const RunPlan& plan, const CheckOptions& options) {
 
 void writeFixed(const RunPlan& plan, const FixedScript& script) {
   if (script.fixCount > 0) {
-    const std::string_view text = script.left.text.text();
-    OutputFile file(hostPath(plan.scriptPath.c_str()), Existing::followLink);
-    file.write(text.data(), text.size());
-    file.finish();
+    writeFile(hostPath(plan.scriptPath.c_str()), script.left.text.text(), Existing::followLink);
   }
 }
 

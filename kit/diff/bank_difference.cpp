@@ -54,7 +54,7 @@ bool declareTheSame(const BankHeader& first, const BankHeader& second) {
 std::map<std::string_view, std::uint32_t> idsByDefine(const NamedBank& bank) {
   std::map<std::string_view, std::uint32_t> ids;
   for (const HeaderDefine& define : bank.header->assets) {
-    const auto id = decimal(define.value);
+    const auto id = defineNumber(define.value);
     if (id && *id < bank.assets().size()) {
       ids.emplace(define.name, *id);
     }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "compiler/bank_script.h"
+#include "kit/bank/blob_content.h"
 #include "kit/check/loaded_script.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/scoped_file_cache.h"
@@ -16,11 +17,6 @@ namespace {
 bool isSameRecord(const AssetEntry& entry, const tavrel_asset& asset) {
   return entry.type == asset.type && entry.size == asset.size &&
          std::equal(entry.parameter.begin(), entry.parameter.end(), asset.parameters);
-}
-
-bool hasBytes(const AssetData& data, BankFile& bank, const tavrel_asset& asset) {
-  const ByteBlock bytes = bank.blob(asset);
-  return std::equal(bytes.get(), bytes.get() + asset.size, data.payload.get());
 }
 
 }  // namespace
@@ -38,7 +34,8 @@ Likeness tryBlock(const std::string& block, const std::string& openedName, FileC
   if (!isSameRecord(*script.entries.front(), asset)) {
     return Likeness::otherRecord;
   }
-  return hasBytes(*script.assets.front(), bank, asset) ? Likeness::same : Likeness::otherBytes;
+  return holds(bank, asset, script.assets.front()->payload.get()) ? Likeness::same
+                                                                  : Likeness::otherBytes;
 }
 
 }  // namespace tavrel::kit

@@ -6,6 +6,7 @@
 
 #include "kit/commands.h"
 #include "kit/frame/help.h"
+#include "kit/frame/wrapped_lines.h"
 
 namespace tavrel::kit {
 
@@ -34,12 +35,10 @@ std::string escaped(std::string_view text) {
 std::string wrapped(std::string_view sentence) {
   constexpr std::size_t kWidth = 72;  // escaping makes a line longer
   std::string lines;
-  while (sentence.size() > kWidth && sentence.rfind(' ', kWidth) != std::string_view::npos) {
-    const std::size_t end = sentence.rfind(' ', kWidth);
-    lines += escaped(sentence.substr(0, end)) + '\n';
-    sentence.remove_prefix(end + 1);
+  for (const std::string_view line : wrappedLines(sentence, kWidth)) {
+    lines += escaped(line) + '\n';
   }
-  return lines + escaped(sentence) + '\n';
+  return lines;
 }
 
 /// Returns paragraphs that are separated by empty lines, with a new line for each sentence.

@@ -22,4 +22,10 @@ void OutputFile::check(const std::error_code& error) const {
   }
 }
 
+void writeFile(const std::string& path, std::string_view content, Existing existing) {
+  OutputFile file(path, existing);
+  file.write(content.data(), content.size());
+  file.finish();
+}
+
 }  // namespace tavrel::kit

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/replace_file.h"
 
@@ -34,5 +35,8 @@ class OutputFile {
   std::string path_;
   ReplacementFile file_;
 };
+
+/// Writes a whole file. Throws Failure if it can't be written.
+void writeFile(const std::string& path, std::string_view content, Existing existing);
 
 }  // namespace tavrel::kit

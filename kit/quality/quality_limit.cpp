@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -13,15 +14,15 @@ namespace tavrel::kit {
 
 namespace {
 
-/// Reads a decimal number. Returns infinity for any other text. Not every standard library has
+/// Returns the finite number that `text` is in decimal notation. Not every standard library has
 /// std::from_chars for floating point, and std::strtod also takes spaces, a plus sign and
 /// hexadecimal.
-double decimal(const std::string& text) {
+std::optional<double> decimalFraction(const std::string& text) {
   const bool isDecimal = text.find_first_of("-.0123456789") == 0 &&
                          text.find_first_not_of("+-.0123456789eE") == std::string::npos;
   char* end = nullptr;
   const double number = std::strtod(text.c_str(), &end);
-  return isDecimal && *end == '\0' ? number : HUGE_VAL;
+  return isDecimal && *end == '\0' && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -35,8 +36,8 @@ std::optional<double> qualityLimit(const Arguments& arguments) {
   if (!text) {
     return std::nullopt;
   }
-  const double limit = decimal(std::string(*text));
-  if (!std::isfinite(limit)) {
+  const auto limit = decimalFraction(*text);
+  if (!limit) {
     throw Failure(fmt::format("--below takes a number of decibels, not {}", *text));
   }
   return limit;

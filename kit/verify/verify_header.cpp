@@ -47,7 +47,7 @@ bool repeatsOwn(const BankHeader& header, const HeaderDefine& define) {
 
 /// Returns the id of a define, if it is the define of an asset.
 std::optional<std::uint32_t> idOf(const BankHeader& header, const HeaderDefine& define) {
-  return repeatsOwn(header, define) ? std::nullopt : decimal(define.value);
+  return repeatsOwn(header, define) ? std::nullopt : defineNumber(define.value);
 }
 
 /// Returns the name of the header that the tool would write for the bank, up to its first dot.

@@ -9,6 +9,7 @@
 #include "kit/frame/display_text.h"
 #include "kit/frame/nearest.h"
 #include "kit/frame/text_table.h"
+#include "kit/frame/wrapped_lines.h"
 
 namespace tavrel::kit {
 namespace {
@@ -116,11 +117,19 @@ TEST(BankHeaderTest, ReadsAnyText) {
   }
 }
 
+TEST(WrappedLinesTest, BreaksAtBlanks) {
+  EXPECT_THAT(wrappedLines("", 2), ElementsAre(""));
+  EXPECT_THAT(wrappedLines("ab cd", 5), ElementsAre("ab cd"));
+  EXPECT_THAT(wrappedLines("ab cd e", 5), ElementsAre("ab cd", "e"));
+  EXPECT_THAT(wrappedLines("ab cde f", 5), ElementsAre("ab", "cde f"));
+  EXPECT_THAT(wrappedLines("abcdef gh ijk", 2), ElementsAre("abcdef", "gh", "ijk"));
+}
+
 TEST(BankHeaderTest, ReadsNumbers) {
-  EXPECT_EQ(decimal("0"), 0U);
-  EXPECT_EQ(decimal("4294967295"), 4294967295U);
+  EXPECT_EQ(defineNumber("0"), 0U);
+  EXPECT_EQ(defineNumber("4294967295"), 4294967295U);
   for (const char* text : {"", "-1", "+1", "4294967296", "1 ", "0x1", "1u", "01"}) {
-    EXPECT_EQ(decimal(text), std::nullopt) << text;
+    EXPECT_EQ(defineNumber(text), std::nullopt) << text;
   }
 }
 

@@ -101,25 +101,21 @@ Command buildCommand() {
       .operands = {.synopsis = "SCRIPT", .fewest = 1, .most = 1, .completion = Completion::script},
       .summary = "Check a script and pack its bank, as a step of a build",
       .description =
-          "Reads the script and each asset once, checks them as \"tavkit check\" does, and packs "
-          "these very bytes as tavrel does. An error of the script stops the build with exit code "
-          "1. Warnings are printed on standard error; otherwise nothing is printed, but for one "
-          "line on a terminal.\n\n"
-          "The bank, the header, the depfile and the stamp appear in this order, whole, when all "
-          "are "
-          "complete. A build that fails or is ended by a signal leaves the older ones. The bank is "
-          "replaced only if a byte differs, the header only if something other than its time stamp "
-          "differs, so that nothing is compiled again without a reason. The stamp is new after "
-          "every "
-          "success. The folders of the outputs must exist. A file that must change and is "
-          "read-only "
-          "is exit code 2.\n\n"
+          "Reads the script and each asset once, checks them as \"tavkit check\" does, and "
+          "packs these very bytes as tavrel does. An error of the script stops the build with "
+          "exit code 1. Warnings are printed on standard error; otherwise nothing is printed, "
+          "but for one line on a terminal.\n\n"
+          "The bank, the header, the depfile and the stamp appear in this order, whole, when "
+          "all are complete. A build that fails or is ended by a signal leaves the older ones. "
+          "The bank is replaced only if a byte differs, the header only if something other "
+          "than its time stamp differs, so that nothing is compiled again without a reason. "
+          "The stamp is new after every success. The folders of the outputs must exist. A file "
+          "that must change and is read-only is exit code 2.\n\n"
           "The depfile has absolute names; its target is the stamp, or else the bank. With "
-          "--declared, an asset that isn't listed in FILE is exit code 1, before it is opened, and "
-          "a "
-          "file that is listed and not used is a warning.\n\n"
-          "SOURCE_DATE_EPOCH, in seconds since 1970, is the time that the header gets, in UTC, so "
-          "that equal inputs give equal outputs.",
+          "--declared, an asset that isn't listed in FILE is exit code 1, before it is opened, "
+          "and a file that is listed and not used is a warning.\n\n"
+          "SOURCE_DATE_EPOCH, in seconds since 1970, is the time that the header gets, in UTC, "
+          "so that equal inputs give equal outputs.",
       .example = "tavkit build sounds.txt --depfile sounds.d --stamp sounds.stamp",
       .options = joined(joined(scriptOptions(), checkOptionRows()),
                         {{.names = "--depfile",

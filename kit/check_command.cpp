@@ -1,7 +1,4 @@
 // tavkit check: the linter of build scripts.
-#include <fmt/format.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <set>
 

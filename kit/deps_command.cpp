@@ -2,10 +2,10 @@
 #include <fmt/format.h>
 
 #include "kit/check/bank_names.h"
+#include "kit/check/opened_names.h"
 #include "kit/check/run_file.h"
 #include "kit/commands.h"
 #include "kit/deps/depfile.h"
-#include "kit/deps/opened_names.h"
 #include "kit/frame/captured_console.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"

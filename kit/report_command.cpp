@@ -1,12 +1,11 @@
 // tavkit report: one HTML file in which to look at a bank and to listen to it.
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <filesystem>
 
+#include "kit/check/opened_names.h"
 #include "kit/check/run_file.h"
 #include "kit/commands.h"
-#include "kit/deps/opened_names.h"
 #include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/output_file.h"

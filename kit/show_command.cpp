@@ -30,7 +30,7 @@ FileView viewOf(ShownFile& file) {
   if (isAiff(file.kind())) {
     return aiffView(file);
   }
-  return file.kind().pattern == "MThd" ? sequenceView(file) : opaqueView(file);
+  return isSequence(file.kind()) ? sequenceView(file) : opaqueView(file);
 }
 
 /// Appends what is said of one file. Returns true if a check of it finds no error.

@@ -1,12 +1,9 @@
 // tavkit verify: whether a bank and its header are what the tool would write.
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "kit/commands.h"
 #include "kit/frame/colour.h"
 #include "kit/frame/display_text.h"
-#include "kit/frame/failure.h"
 #include "kit/frame/output.h"
 #include "kit/frame/script_options.h"
 #include "kit/verify/verify.h"
@@ -65,27 +62,6 @@ int runVerify(const Arguments& arguments, Output& output) {
 }
 
 }  // namespace
-
-std::vector<Verdict> verify(Subject& subject) {
-  std::vector<Verdict> verdicts;
-  const auto run = [&subject, &verdicts](const Check& check) {
-    check.find(subject, verdicts.emplace_back(Verdict{&check, {}}).findings);
-  };
-  run(openCheck());
-  if (!isFine(verdicts)) {
-    return verdicts;
-  }
-  for (const auto group : {bankChecks(), recordChecks(), blobChecks()}) {
-    std::for_each(group.begin(), group.end(), run);
-  }
-  if (subject.bank.header) {
-    std::for_each(headerChecks().begin(), headerChecks().end(), run);
-  }
-  if (subject.script) {
-    std::for_each(scriptChecks().begin(), scriptChecks().end(), run);
-  }
-  return verdicts;
-}
 
 Command verifyCommand() {
   return {

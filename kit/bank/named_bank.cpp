@@ -15,7 +15,7 @@ namespace {
 /// Returns the header next to the bank if it is one that the tool has made. Throws Failure if there
 /// is a file that can't be read.
 std::optional<BankHeader> findHeader(const std::string& path) {
-  if (pathKind(hostPath(path.c_str()).c_str()) != PathKind::file) {
+  if (kindUnder(path) != PathKind::file) {
     return std::nullopt;
   }
   BankHeader header = parseHeader(readFile(path));

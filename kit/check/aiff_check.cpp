@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <new>
 
 #include "foundation/byte_order.h"
@@ -85,9 +84,9 @@ void reportEmpty(const LoadedSound& sound, BlockFindings& findings) {
       soxCommand(findings.fileName(), fixOf(sound, kExtension, findings)));
 }
 
-/// Returns false if the markers have the numbers 1, 2, 3 in the order of the file. Sets `numbers`
-/// to the first of them.
-bool isRenumbered(const AiffMarkerList& list, std::string& numbers) {
+/// Returns true unless the markers are numbered 1, 2, 3 in the order of the file. Sets `numbers` to
+/// the first of the numbers.
+bool areOutOfOrder(const AiffMarkerList& list, std::string& numbers) {
   constexpr std::uint16_t kMostShown = 8;
   bool isOutOfOrder = false;
   for (std::uint16_t i = 0; i < list.count; ++i) {
@@ -103,7 +102,7 @@ bool isRenumbered(const AiffMarkerList& list, std::string& numbers) {
 
 void checkMarkers(const AiffFile& file, BlockFindings& findings) {
   std::string numbers;
-  if (findings.valueOf(waveLoop) != 0 && isRenumbered(file.markerList, numbers)) {
+  if (findings.valueOf(waveLoop) != 0 && areOutOfOrder(file.markerList, numbers)) {
     findings.addAtFile("loop-markers",
                        fmt::format("the markers have the numbers {}, and tavrel counts them from "
                                    "1 in this order",

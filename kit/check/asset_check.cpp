@@ -9,12 +9,13 @@
 #include "compiler/wave_rules.h"
 #include "foundation/disk_file.h"
 #include "kit/check/block_findings.h"
-#include "kit/check/fix_command.h"
+#include "kit/check/opened_names.h"
 #include "kit/check/sequence_check.h"
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/wave_check.h"
 #include "kit/frame/required_text.h"
+#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -22,9 +23,7 @@ namespace tavrel::kit {
 
 namespace {
 
-bool isMissing(const std::string& name) {
-  return pathKind(hostPath(name.c_str()).c_str()) == PathKind::missing;
-}
+bool isMissing(const std::string& name) { return kindUnder(name) == PathKind::missing; }
 
 void checkOpaque(CheckedAsset& asset, FolderNames& folders, BlockFindings& findings) {
   DiskFile disk(modeRead, asset.openedPath.c_str(), "");
@@ -43,14 +42,6 @@ void checkOpaque(CheckedAsset& asset, FolderNames& folders, BlockFindings& findi
   if (size == 0) {
     findings.addAtFile("empty-asset", "the file has 0 bytes");
   }
-}
-
-/// Sets under which name the tool opens the file, and where that is.
-void findFile(CheckedAsset& asset, bool isAiff) {
-  if (asset.block->row->kind == kindWave && !isAiff) {
-    asset.openedName = requiredText(WaveFile(asset.openedName.c_str()).openedName());
-  }
-  asset.openedPath = hostPath(asset.openedName.c_str());
 }
 
 void checkFile(CheckedAsset& asset, bool isAiff, FolderNames& folders, BlockFindings& findings) {
@@ -111,13 +102,13 @@ void checkCase(const CheckedAsset& asset, FolderNames& folders, BlockFindings& f
 }  // namespace
 
 CheckedAsset checkAsset(const ScriptBlock& block, FolderNames& folders, Findings& findings) {
-  CheckedAsset asset{.block = &block, .openedName = block.file->text};
+  CheckedAsset asset{.block = &block, .openedName = openedName(block)};
+  asset.openedPath = hostPath(asset.openedName.c_str());
   BlockFindings blockFindings(block, findings);
   FileName name;
   name.splitNameAndPath(block.file->text.c_str());
   const std::string extension = requiredText(name.getExtensionOnly());
   const bool isAiff = isAiffExtension(extension.c_str());
-  findFile(asset, isAiff);
   checkFile(asset, isAiff, folders, blockFindings);
   asset.isMissing = !asset.isStored && isMissing(block.file->text) && isMissing(asset.openedName);
   checkCut(asset, requiredText(name.name.get()), extension, blockFindings);

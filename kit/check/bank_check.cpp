@@ -7,6 +7,7 @@
 #include "compiler/bank_format.h"
 #include "compiler/names.h"
 #include "kit/check/bank_checks.h"
+#include "kit/frame/display_text.h"
 
 namespace tavrel::kit {
 
@@ -105,8 +106,8 @@ std::string largestAssets(AssetList assets) {
   const char* const label = assets.size() == 1 ? "; its only asset:" : "; its largest assets:";
   std::string list;
   for (const CheckedAsset* asset : assets) {
-    list += fmt::format("{} {} ({} bytes)", list.empty() ? label : ",", asset->block->file->text,
-                        asset->size);
+    list += fmt::format("{} {} ({})", list.empty() ? label : ",", asset->block->file->text,
+                        countText(asset->size, "byte"));
   }
   return list;
 }

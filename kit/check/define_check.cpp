@@ -10,8 +10,8 @@
 #include "foundation/file_name.h"
 #include "kit/bank/c_identifier.h"
 #include "kit/check/bank_checks.h"
+#include "kit/check/run_file.h"
 #include "kit/check/word_hints.h"
-#include "platform/file_identity.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -87,12 +87,6 @@ std::string withBackslashes(std::string name) {
   return name;
 }
 
-/// Returns true if the host finds one file under two names.
-bool isSameFile(const std::string& first, const std::string& second) {
-  const auto identity = fileIdentity(hostPath(first.c_str()).c_str());
-  return identity && identity == fileIdentity(hostPath(second.c_str()).c_str());
-}
-
 /// Returns how to give an asset a define that is an identifier.
 std::string betterFileName(const std::string& name) {
   const std::string better = withBackslashes(name);
@@ -124,11 +118,11 @@ std::optional<Edit> backslashEdit(const BankNames& names, const CheckedAsset& as
   FileName parts;
   parts.splitNameAndPath(written.c_str());
   AssetData::Name name{};
-  const bool isFine = written != file.text &&
-                      assetName(parts.getNameOnly(), parts.getExtensionOnly(), name) &&
-                      isFineAfterPrefix(name.data()) &&
-                      isSameFile(asset.openedName, withBackslashes(asset.openedName)) &&
-                      taken.emplace(names.define(name.data()), file.text).second;
+  const bool isFine =
+      written != file.text && assetName(parts.getNameOnly(), parts.getExtensionOnly(), name) &&
+      isFineAfterPrefix(name.data()) &&
+      isSameFile(asset.openedPath, hostPath(withBackslashes(asset.openedName).c_str())) &&
+      taken.emplace(names.define(name.data()), file.text).second;
   return isFine ? std::optional(file.replacedBy(written)) : std::nullopt;
 }
 

@@ -2,10 +2,9 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "foundation/text_utilities.h"
 #include "kit/frame/shell_word.h"
+#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -60,7 +59,7 @@ std::string newName(const std::string& name, std::string stem, std::string_view 
                     std::string_view mark) {
   std::string result = fmt::format("{}{}", stem, extension);
   while (equalsIgnoringCase(result.c_str(), name.c_str()) ||
-         pathKind(hostPath(result.c_str()).c_str()) != PathKind::missing) {
+         kindUnder(result) != PathKind::missing) {
     stem += fmt::format("_{}", mark);
     result = fmt::format("{}{}", stem, extension);
   }

@@ -6,6 +6,7 @@
 
 #include "foundation/text_utilities.h"
 #include "kit/frame/nearest.h"
+#include "kit/frame/source_file.h"
 #include "platform/file_identity.h"
 #include "platform/folder.h"
 #include "platform/host_path.h"
@@ -90,12 +91,12 @@ std::string FolderNames::replaceParts(const std::string& name, Choose choose) {
 
 std::string FolderNames::nearestName(const std::string& name) {
   std::string found = replaceParts(name, nearestPart);
-  return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
+  return kindUnder(found) == PathKind::file ? found : "";
 }
 
 std::string FolderNames::onlyOtherCase(const std::string& name) {
   std::string found = replaceParts(name, onlyPartInOtherCase);
-  return pathKind(hostPath(found.c_str()).c_str()) == PathKind::file ? found : "";
+  return kindUnder(found) == PathKind::file ? found : "";
 }
 
 bool FolderNames::has(const std::string& name) {

@@ -3,13 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 
 #include "foundation/text_utilities.h"
 #include "foundation/token_file.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/unreadable_file.h"
 #include "kit/check/word_hints.h"
+#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -17,10 +17,6 @@ namespace tavrel::kit {
 namespace {
 
 constexpr std::string_view kQuotes = "\"'";
-
-bool isThere(std::string_view name) {
-  return pathKind(hostPath(std::string(name).c_str()).c_str()) != PathKind::missing;
-}
 
 std::string withoutQuotes(std::string_view name) {
   const std::size_t first = name.find_first_not_of(kQuotes);
@@ -42,7 +38,7 @@ std::string fileAtStart(std::string_view whole) {
       ++end;
     }
     const std::string name = withoutQuotes(whole.substr(0, end));
-    if (pathKind(hostPath(name.c_str()).c_str()) == PathKind::file) {
+    if (kindUnder(name) == PathKind::file) {
       found = name;
     }
   }
@@ -128,7 +124,7 @@ void reportMissing(const std::string& openedName, FolderNames& folders, BlockFin
   const ScriptBlock& block = findings.block();
   const std::string& written = findings.fileName();
   const std::string meant = fileAtStart(block.wholeName);
-  if (openedName != written && isThere(written)) {
+  if (openedName != written && kindUnder(written) != PathKind::missing) {
     reportCut(openedName, findings);
   } else if (!meant.empty()) {
     reportSplit(meant, findings);

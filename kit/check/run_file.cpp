@@ -45,6 +45,11 @@ bool isSame(const RunFile& first, const RunFile& second) {
                                            : willBeSame(first, second);
 }
 
+bool isSameFile(const std::string& path, const std::string& other) {
+  const auto identity = fileIdentity(path.c_str());
+  return identity && identity == fileIdentity(other.c_str());
+}
+
 bool isOneOf(const std::string& path, const std::vector<std::string>& others) {
   const RunFile file = runFile(path);
   return std::any_of(others.begin(), others.end(),

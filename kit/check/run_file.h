@@ -22,6 +22,9 @@ RunFile runFile(std::string path);
 /// Returns true if two files are one, or will be one when they are there.
 bool isSame(const RunFile& first, const RunFile& second);
 
+/// Returns true if the host's paths `path` and `other` lead to one file, which is there.
+bool isSameFile(const std::string& path, const std::string& other);
+
 /// Returns true if the file at the host's path `path` is one of those at `others`.
 bool isOneOf(const std::string& path, const std::vector<std::string>& others);
 

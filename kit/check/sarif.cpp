@@ -2,8 +2,6 @@
 // standard, which code scanning services read.
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "kit/check/report_formats.h"
 #include "kit/frame/ascii.h"
 #include "kit/frame/display_text.h"

@@ -11,6 +11,7 @@
 #include "kit/check/file_kind.h"
 #include "kit/check/fix_command.h"
 #include "kit/check/missing_file.h"
+#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
@@ -53,7 +54,7 @@ std::string conversionHint(const std::string& name, const FileKind& kind,
 
 void reportUnread(const std::string& openedName, FolderNames& folders, BlockFindings& findings) {
   const auto add = [&findings](const char* what) { findings.addAtFile("unreadable-file", what); };
-  switch (pathKind(hostPath(openedName.c_str()).c_str())) {
+  switch (kindUnder(openedName)) {
     case PathKind::missing:
       return reportMissing(openedName, folders, findings);
     case PathKind::directory:

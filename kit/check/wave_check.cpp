@@ -11,6 +11,7 @@
 #include "kit/check/fix_command.h"
 #include "kit/check/sound_check.h"
 #include "kit/check/unreadable_file.h"
+#include "kit/frame/source_file.h"
 #include "platform/host_path.h"
 #include "samples/wave_file.h"
 
@@ -62,8 +63,7 @@ std::string pcmFix(std::uint16_t tag, const LoadedSound& sound, const BlockFindi
 
 /// Of an AIFF file whose extension isn't aif the tool would read a WAV file with a shorter name.
 bool isAiffOfOtherName(const std::string& openedName, const BlockFindings& findings) {
-  return openedName != findings.fileName() &&
-         pathKind(hostPath(openedName.c_str()).c_str()) == PathKind::missing &&
+  return openedName != findings.fileName() && kindUnder(openedName) == PathKind::missing &&
          isAiff(kindOfFile(findings.fileName()));
 }
 

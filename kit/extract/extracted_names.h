@@ -3,7 +3,6 @@
 // in its folder, and no two are alike.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -9,6 +9,7 @@
 #include "compiler/names.h"
 #include "compiler/script_language.h"
 #include "foundation/text_utilities.h"
+#include "kit/check/run_file.h"
 #include "kit/extract/script_names.h"
 #include "kit/extract/targets.h"
 #include "kit/frame/display_text.h"
@@ -107,7 +108,7 @@ ScriptPlace scriptPlace(const NamedBank& bank, const ExtractionRequest& request,
   if (folder != files && !fs::is_directory(folder, ignored)) {
     throw Failure(fmt::format("can't write {}: there is no such folder", path));
   }
-  if (isSameFile((folder / place.bankName).string(), bank.file.path)) {
+  if (isSameFile((folder / place.bankName).string(), hostPath(bank.file.path.c_str()))) {
     throw Failure(fmt::format("packing {} would replace {}: put the script into another folder",
                               path, bank.file.path));
   }

@@ -4,17 +4,13 @@
 
 #include <filesystem>
 
+#include "kit/check/run_file.h"
 #include "kit/frame/failure.h"
 #include "platform/host_path.h"
 
 namespace tavrel::kit {
 
 namespace fs = std::filesystem;
-
-bool isSameFile(const std::string& path, const std::string& name) {
-  std::error_code isMissing;
-  return !name.empty() && fs::equivalent(path, hostPath(name.c_str()), isMissing);
-}
 
 void checkTarget(const std::string& path, const NamedBank& bank, bool replaces) {
   std::error_code ignored;
@@ -28,8 +24,8 @@ void checkTarget(const std::string& path, const NamedBank& bank, bool replaces) 
   if (!fs::is_regular_file(status) && !fs::is_symlink(status)) {
     throw Failure(fmt::format("can't replace {}: it isn't a file", path));
   }
-  if (fs::is_regular_file(status) &&
-      (isSameFile(path, bank.file.path) || isSameFile(path, bank.headerPath))) {
+  if (fs::is_regular_file(status) && (isSameFile(path, hostPath(bank.file.path.c_str())) ||
+                                      isSameFile(path, hostPath(bank.headerPath.c_str())))) {
     throw Failure(fmt::format("can't replace {}: it is the bank or its header", path));
   }
 }

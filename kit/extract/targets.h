@@ -7,10 +7,6 @@
 
 namespace tavrel::kit {
 
-/// Returns true if `path` leads to the file called `name`, under which a bank or a header was
-/// opened. Empty names are no file.
-bool isSameFile(const std::string& path, const std::string& name);
-
 /// Throws Failure if no file can be written to `path`: there is one already and `replaces` is
 /// false, or it is a folder, the bank or its header.
 void checkTarget(const std::string& path, const NamedBank& bank, bool replaces);

@@ -9,7 +9,8 @@
 namespace tavrel::kit {
 
 /// Runs the command that `arguments`, without the program's name, ask for. Returns an `ExitCode`.
-/// Throws nothing: every failure becomes a message and `exitFailed`, with no results.
+/// Every failure becomes a message and `exitFailed`, with no results. Throws std::bad_alloc only if
+/// there is no memory for the message.
 int runCommandLine(const std::vector<std::string>& arguments, Output& output);
 
 /// As `runCommandLine`, then writes the output to the standard streams. Results that can't be

@@ -1,7 +1,6 @@
 // The options that every command with an operand SCRIPT has.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>

@@ -14,8 +14,10 @@
 
 namespace tavrel::kit {
 
+PathKind kindUnder(const std::string& name) { return pathKind(hostPath(name.c_str()).c_str()); }
+
 void requireRegularFile(const std::string& path) {
-  switch (pathKind(hostPath(path.c_str()).c_str())) {
+  switch (kindUnder(path)) {
     case PathKind::file:
       return;
     case PathKind::missing:

@@ -1,11 +1,15 @@
-// Reads the files that a user names. Failures are thrown with the file's name and the reason.
+// The files that scripts and users name. Failures are thrown with the file's name and the reason.
 #pragma once
 
 #include <string>
 
 #include "platform/file_cache.h"
+#include "platform/host_path.h"
 
 namespace tavrel::kit {
+
+/// Returns the kind of the file that the host finds under a name of a script.
+PathKind kindUnder(const std::string& name);
 
 /// Throws Failure unless there is a file with a size at `path`: no folder, pipe or device.
 void requireRegularFile(const std::string& path);

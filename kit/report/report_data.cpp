@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "compiler/bank_format.h"
+#include "kit/bank/asset_facts.h"
 #include "kit/bank/bank_json.h"
 #include "kit/bank/blob_content.h"
 #include "kit/check/report_formats.h"
@@ -57,7 +59,8 @@ const JudgedWave* ReportData::judgedWave(std::uint32_t id) {
       [](const JudgedWave& candidate, std::uint32_t wanted) { return candidate.id < wanted; });
   const tavrel_asset& asset = subject.bank.assets()[id];
   const bool isSame = wave != waves.end() && wave->id == *scriptId && asset.type == TAVREL_WAVE &&
-                      asset.parameters[2] == 4 && asset.size == wave->asset->record.size &&
+                      asset.parameters[waveBitsPerSample] == kAdpcmBits &&
+                      asset.size == wave->asset->record.size &&
                       holds(subject.bank.file, asset, wave->asset->record.bytes);
   return isSame ? &*wave : nullptr;
 }

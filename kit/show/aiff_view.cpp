@@ -102,6 +102,7 @@ FileView aiffView(const ShownFile& file) {
     view.options.emplace_back("SampleRate", std::to_string(sound.rate));
     if (reader.getSustainLoopMode() != 0) {
       view.options.emplace_back("Loop", "1");
+      view.loops = true;
     }
     view.bits = sound.bits;
     view.text = formatText("PCM", sound, reader.common.frames) + instrumentText(reader) +

@@ -39,8 +39,7 @@ std::string statementText(const FileView& view) {
 
 /// Returns what the bank would hold as ADPCM, if the sound can be compressed.
 std::string adpcmText(const CheckedAsset& asset, const FileView& view) {
-  const bool loops = view.options.size() > 1;
-  return isCompressed(view.bits, loops, true)
+  return isCompressed(view.bits, view.loops, true)
              ? fmt::format("; {} bytes with Adpcm 1",
                            adpcmStreamSize(static_cast<std::uint32_t>(asset.size)))
              : "";
@@ -52,13 +51,14 @@ std::string storedText(const CheckedAsset& asset, const FileView& view) {
   }
   switch (asset.block->row->kind) {
     case kindWave:
-      return fmt::format("a wave, {} bytes, by {}{}", asset.size, statementText(view),
+      return fmt::format("a wave, {}, by {}{}", countText(asset.size, "byte"), statementText(view),
                          adpcmText(asset, view));
     case kindMidi:
-      return fmt::format("a sequence, {} bytes, by {}", asset.size, view.keyword);
+      return fmt::format("a sequence, {}, by {}", countText(asset.size, "byte"), view.keyword);
     default:
-      return fmt::format("{} bytes as they are, by {} or another statement of opaque files",
-                         asset.size, view.keyword);
+      return fmt::format("{} as {}, by {} or another statement of opaque files",
+                         countText(asset.size, "byte"), asset.size == 1 ? "it is" : "they are",
+                         view.keyword);
   }
 }
 

@@ -15,6 +15,7 @@ struct FileView {
   std::string keyword{};  ///< of the statement
   /// The options that the file asks for, each with its value.
   std::vector<std::pair<std::string, std::string>> options{};
+  bool loops = false;      ///< the options make the sound loop
   std::uint16_t bits = 0;  ///< of a sound's samples
 };
 

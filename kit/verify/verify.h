@@ -63,4 +63,10 @@ struct Verdict {
 /// Runs all checks that apply to the bank.
 std::vector<Verdict> verify(Subject& subject);
 
+/// Returns true if no check has found anything.
+bool isFine(const std::vector<Verdict>& verdicts);
+
+/// Returns the message of a finding, after the asset that it is about.
+std::string fullMessage(const NamedBank& bank, const Finding& finding);
+
 }  // namespace tavrel::kit

@@ -2,7 +2,6 @@
 // assets can be any.
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <set>
 

@@ -1,4 +1,4 @@
-#include "kit/deps/opened_names.h"
+#include "kit/check/opened_names.h"
 
 #include <set>
 
@@ -13,17 +13,12 @@
 
 namespace tavrel::kit {
 
-namespace {
-
-/// Returns the name that the reader of the block's statement opens.
 std::string openedName(const ScriptBlock& block) {
   const std::string& written = block.file->text;
   const bool isAiff = isAiffExtension(splitName(written).extension.c_str());
   const bool isReadAsWave = block.row->kind == kindWave && !isAiff;
   return isReadAsWave ? requiredText(WaveFile(written.c_str()).openedName()) : written;
 }
-
-}  // namespace
 
 ScriptModel modelOf(const std::string& scriptPath) {
   const CapturedConsole silence;

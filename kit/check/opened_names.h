@@ -8,6 +8,9 @@
 
 namespace tavrel::kit {
 
+/// Returns the name under which the statement of a block, which has a file, opens it.
+std::string openedName(const ScriptBlock& block);
+
 /// Reads a script, whatever its faults. Throws Failure if it can't be read.
 ScriptModel modelOf(const std::string& scriptPath);
 

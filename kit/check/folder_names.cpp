@@ -79,6 +79,7 @@ std::string FolderNames::replaceParts(const std::string& name, Choose choose) {
     const std::vector<std::string>& names = namesIn(result);
     const bool isThere = part.empty() || part == "." || part == ".." || part.back() == ':' ||
                          std::binary_search(names.begin(), names.end(), part);
+    compared_ += isThere ? 0 : names.size();
     const std::string chosen = isThere ? part : choose(part, names);
     if (chosen.empty() && !part.empty()) {
       return "";
@@ -90,7 +91,8 @@ std::string FolderNames::replaceParts(const std::string& name, Choose choose) {
 }
 
 std::string FolderNames::nearestName(const std::string& name) {
-  std::string found = replaceParts(name, nearestPart);
+  constexpr std::uint64_t kMostCompared = 2'000'000;  // which takes a second
+  std::string found = compared_ < kMostCompared ? replaceParts(name, nearestPart) : "";
   return kindUnder(found) == PathKind::file ? found : "";
 }
 

@@ -2,6 +2,7 @@
 // once. Names are those of scripts: a backslash separates folders on every host.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -13,7 +14,7 @@ class FolderNames {
  public:
   /// Returns the name of the file that `name`, which isn't there, may mean: each part of it that
   /// isn't there is replaced by the nearest one in its folder. Returns the empty string if there is
-  /// none.
+  /// none, or if many names have been looked for: then the folder is wrong, not the names.
   std::string nearestName(const std::string& name);
 
   /// Returns the only name of a file that differs from `name`, which isn't there, in nothing but
@@ -34,6 +35,7 @@ class FolderNames {
   const std::vector<std::string>& namesIn(const std::string& folder);
 
   std::map<std::string, std::vector<std::string>> folders_;  // sorted names by folder
+  std::uint64_t compared_ = 0;                               // names, by choose
 };
 
 }  // namespace tavrel::kit

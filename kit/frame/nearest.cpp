@@ -18,15 +18,14 @@ std::uint64_t characterSet(std::string_view word) {
   return set;
 }
 
-/// Returns a lower bound of the distance, found in a fraction of the time: a character that only
-/// one of the words has takes an edit, and so does a difference in length.
-std::size_t leastDistance(std::string_view first, std::string_view second) {
-  const auto [shorter, longer] = std::minmax({first.size(), second.size()});
-  const std::uint64_t inFirst = characterSet(first);
-  const std::uint64_t inSecond = characterSet(second);
-  const int missing =
-      std::max(std::popcount(inFirst & ~inSecond), std::popcount(inSecond & ~inFirst));
-  return std::max(longer - shorter, static_cast<std::size_t>(missing));
+/// Returns how many characters only one of two words has, where that is more.
+std::size_t unshared(std::uint64_t first, std::uint64_t second) {
+  return static_cast<std::size_t>(
+      std::max(std::popcount(first & ~second), std::popcount(second & ~first)));
+}
+
+std::size_t difference(std::size_t first, std::size_t second) {
+  return first > second ? first - second : second - first;
 }
 
 /// Words longer than this are too far from everything. It bounds the time that a hostile word
@@ -69,8 +68,11 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
     return best;
   }
   std::size_t limit = std::max<std::size_t>(1, word.size() / 3) + 1;
+  const std::uint64_t characters = characterSet(word);
   for (const std::string& candidate : candidates) {
-    if (leastDistance(word, candidate) >= limit) {
+    // A difference in length takes edits, and so does a character that only one of them has.
+    if (difference(word.size(), candidate.size()) >= limit ||
+        unshared(characters, characterSet(candidate)) >= limit) {
       continue;
     }
     const std::size_t distance = editDistance(word, candidate, limit);

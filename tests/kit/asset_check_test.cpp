@@ -75,6 +75,18 @@ TEST_F(AssetCheckTest, FindsExactlyWhatIsWrong) {
   }
 }
 
+TEST_F(AssetCheckTest, LooksForFewNamesInAWrongFolder) {
+  constexpr int kFiles = 1000;
+  for (int i = 0; i < kFiles; ++i) {
+    write("f" + std::to_string(i), "");
+  }
+  FolderNames folders;
+  for (int i = 0; i < 2'000'000 / kFiles; ++i) {
+    EXPECT_EQ(folders.nearestName(i == 0 ? "f10x" : "not one of these"), i == 0 ? "f10" : "");
+  }
+  EXPECT_EQ(folders.nearestName("f10x"), "");
+}
+
 TEST_F(AssetCheckTest, AgreesWithTheToolOnEveryDamagedFile) {
   FileCache cache;
   setFileCache(&cache);

@@ -11,11 +11,6 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\v\f";
 
-struct OwnDefine {
-  std::string_view name;  // after the prefix and a "_"
-  std::optional<std::string> BankHeader::*value;
-};
-
 constexpr std::array<OwnDefine, 3> kOwnDefines{{
     {kFileNameDefine, &BankHeader::fileName},
     {kDataSizeDefine, &BankHeader::dataSize},
@@ -43,7 +38,7 @@ std::string_view takeWord(std::string_view& line) {
 /// another define, and for one that is there already.
 bool storeOwn(BankHeader& header, std::string_view name, std::string_view value) {
   for (const OwnDefine& own : kOwnDefines) {
-    const std::string ending = std::string("_").append(own.name);
+    const std::string ending = std::string("_").append(own.ending);
     if (!name.ends_with(ending) || header.*own.value) {
       continue;
     }
@@ -85,6 +80,8 @@ void parseLine(BankHeader& header, std::string_view line) {
 }
 
 }  // namespace
+
+std::span<const OwnDefine> ownDefines() { return kOwnDefines; }
 
 std::optional<std::uint32_t> defineNumber(std::string_view value) {
   const bool isOctal = value.size() > 1 && value.front() == '0';

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,14 @@ struct BankHeader {
   /// Returns the first define of each id below `count`; empty where there is none.
   [[nodiscard]] std::vector<std::string> definesById(std::uint32_t count) const;
 };
+
+/// One of the three defines of the bank itself.
+struct OwnDefine {
+  std::string_view ending;  ///< of its name, after the prefix and a "_"
+  std::optional<std::string> BankHeader::*value;
+};
+
+std::span<const OwnDefine> ownDefines();
 
 BankHeader parseHeader(std::string_view text);
 

@@ -2,6 +2,7 @@
 // assets can be any.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <set>
 
@@ -15,16 +16,8 @@ namespace tavrel::kit {
 
 namespace {
 
-/// One of the bank's own three defines.
-struct OwnDefine {
-  std::string name;
-  const std::optional<std::string>& value;  ///< none if the header lacks it
-};
-
-std::array<OwnDefine, 3> ownDefines(const BankHeader& header) {
-  return {{{header.prefix + '_' + kFileNameDefine, header.fileName},
-           {header.prefix + '_' + kDataSizeDefine, header.dataSize},
-           {header.prefix + '_' + kHeaderSizeDefine, header.headerSize}}};
+std::string nameOf(const OwnDefine& own, const BankHeader& header) {
+  return fmt::format("{}_{}", header.prefix, own.ending);
 }
 
 /// Returns true if `name` is the prefix, a "_" and `ending`. Copies nothing: a prefix can be as
@@ -37,11 +30,9 @@ bool isOwnName(std::string_view name, std::string_view prefix, std::string_view 
 /// Returns true if `define` has the name and the value of one of the bank's own three. Other
 /// defines are those of assets.
 bool repeatsOwn(const BankHeader& header, const HeaderDefine& define) {
-  const auto repeats = [&](const char* ending, const std::optional<std::string>& value) {
-    return value == define.value && isOwnName(define.name, header.prefix, ending);
-  };
-  return repeats(kFileNameDefine, header.fileName) || repeats(kDataSizeDefine, header.dataSize) ||
-         repeats(kHeaderSizeDefine, header.headerSize);
+  return std::any_of(ownDefines().begin(), ownDefines().end(), [&](const OwnDefine& own) {
+    return header.*own.value == define.value && isOwnName(define.name, header.prefix, own.ending);
+  });
 }
 
 /// Returns the id of a define, if it is the define of an asset.
@@ -112,9 +103,10 @@ void findBadDefines(Subject& subject, BankFindings& findings) {
   if (!guard.empty() && header.guardDefined == guard && !isIdentifier(guard)) {
     findings.add(fmt::format("the guard {} is no C identifier", displayText(guard)));
   }
-  for (const OwnDefine& own : ownDefines(header)) {
-    if (own.value && !isIdentifier(own.name)) {
-      findings.add(fmt::format("{} is no C identifier", displayText(own.name)));
+  for (const OwnDefine& own : ownDefines()) {
+    const std::string name = nameOf(own, header);
+    if (header.*own.value && !isIdentifier(name)) {
+      findings.add(fmt::format("{} is no C identifier", displayText(name)));
     }
   }
   for (const HeaderDefine& define : header.assets) {
@@ -131,9 +123,9 @@ void findBadDefines(Subject& subject, BankFindings& findings) {
 void findDuplicates(Subject& subject, BankFindings& findings) {
   const BankHeader& header = *subject.bank.header;
   std::set<std::string> names{header.guardDefined};
-  for (const OwnDefine& own : ownDefines(header)) {
-    if (own.value) {
-      names.insert(own.name);
+  for (const OwnDefine& own : ownDefines()) {
+    if (header.*own.value) {
+      names.insert(nameOf(own, header));
     }
   }
   for (const HeaderDefine& define : header.assets) {

@@ -26,8 +26,11 @@ LIBRARIES = (
     ("CLI11", "BSD-3-Clause", ("tavkit", "tavkit.exe"), "/usr/include/CLI/CLI.hpp", None),
     ("nlohmann-json", "MIT", ("tavkit", "tavkit.exe"), "/usr/include/nlohmann/json.hpp", None),
     ("libstdc++", GCC_LICENSE, ("tavrel", "tavkit"), "libstdc++.a", LINUX),
+    ("libgcc", GCC_LICENSE, ("tavrel", "tavkit"), "libgcc.a", LINUX),
     ("glibc", "LGPL-2.1-or-later", ("tavrel", "tavkit"), "libc.a", LINUX),
     ("libstdc++-windows", GCC_LICENSE, ("tavrel.exe", "tavkit.exe"), "libstdc++.a", WINDOWS),
+    ("libgcc-windows", GCC_LICENSE, ("tavrel.exe", "tavkit.exe"), "libgcc.a", WINDOWS),
+    ("libssp-windows", GCC_LICENSE, ("tavrel.exe", "tavkit.exe"), "libssp.a", WINDOWS),
     ("mingw-w64", "ZPL-2.1", ("tavrel.exe", "tavkit.exe"), "libmsvcrt.a", WINDOWS),
 )
 PURPOSES = {".gz": "SOURCE", ".deb": "INSTALL", ".zip": "ARCHIVE"}

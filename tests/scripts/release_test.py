@@ -13,11 +13,12 @@ import jsonschema
 
 FOLDER = pathlib.Path(sys.argv.pop(1))
 SCHEMA = json.loads((pathlib.Path(__file__).parent / "spdx.json").read_text())
+WINDOWS = {"libstdc++-windows", "libgcc-windows", "libssp-windows", "mingw-w64"}
 LIBRARIES = {
-    "tavrel": {"libstdc++", "glibc"},
-    "tavkit": {"fmt", "CLI11", "nlohmann-json", "libstdc++", "glibc"},
-    "tavrel.exe": {"libstdc++-windows", "mingw-w64"},
-    "tavkit.exe": {"fmt", "CLI11", "nlohmann-json", "libstdc++-windows", "mingw-w64"},
+    "tavrel": {"libstdc++", "libgcc", "glibc"},
+    "tavkit": {"fmt", "CLI11", "nlohmann-json", "libstdc++", "libgcc", "glibc"},
+    "tavrel.exe": WINDOWS,
+    "tavkit.exe": WINDOWS | {"fmt", "CLI11", "nlohmann-json"},
 }
 
 

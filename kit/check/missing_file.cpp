@@ -49,13 +49,14 @@ bool endsWord(char c) {
   return TokenFile::isDelimiter(c) || kQuotes.find(c) != std::string_view::npos;
 }
 
-/// A name that a script can't hold, and how to get rid of it.
+/// How to rename a file or folder whose name a script can't hold.
 struct Renaming {
   std::string command;
-  std::string newName;
+  std::string newName;  ///< of the file, with its folders, for the script
 };
 
-/// Replaces what ends a word in the name of the first folder that has it, or else of the file.
+/// Returns the renaming that replaces what ends a word, in the name of the first folder that has it
+/// or else of the file.
 Renaming renamingOf(const std::string& file) {
   const auto bad = std::find_if(file.begin(), file.end(), endsWord);
   const auto isSeparator = [](char c) { return c == '/' || c == '\\'; };

@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The bytes of all marks that text begins with. Each editor on its way may have added one.
+/// Returns the size of all marks at the start of a text, in bytes. Several editors may each have
+/// added one.
 std::size_t sizeOfByteOrderMarks(std::string_view text) {
   std::size_t size = 0;
   while (text.substr(size).starts_with(kByteOrderMark)) {

@@ -18,7 +18,7 @@ std::uint64_t characterSet(std::string_view word) {
   return set;
 }
 
-/// Returns how many characters only one of two words has, where that is more.
+/// Returns how many characters of one set the other one lacks, for whichever lacks more.
 std::size_t unshared(std::uint64_t first, std::uint64_t second) {
   return static_cast<std::size_t>(
       std::max(std::popcount(first & ~second), std::popcount(second & ~first)));

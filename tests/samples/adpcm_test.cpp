@@ -1,13 +1,14 @@
-#include "samples/adpcm_batch.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
 #include <random>
-#include <string>
 
+#include "samples/adpcm_batch.h"
+#include "samples/adpcm_encoder.h"
 #include "tests/support/bytes.h"
 #include "tests/support/plain_adpcm.h"
+
+extern "C" void decodeAdpcm(const std::uint8_t* stream, std::size_t size, std::int16_t* samples);
 
 namespace tavrel::test {
 
@@ -73,6 +74,27 @@ TEST(AdpcmBatch, ASoundWaitsForFifteenOthersUnlessItHasFourMebibytes) {
   EXPECT_TRUE(sounds[0].stream == sounds[0].expected) << "at once";
   Sound(Samples(8, 9)).addTo(batch);
   EXPECT_TRUE(sounds[2].stream == sounds[2].expected) << "with the sixteenth that waits";
+}
+
+/// The stream that the first bytes of `samples` are encoded to, and the state after it.
+std::string encoded(const Samples& samples, std::uint32_t byteLength) {
+  AdpcmEncoder encoder;
+  EXPECT_EQ(encoder.outputSize, 0);
+  EXPECT_TRUE(encoder.encode(samples.data(), byteLength));
+  return std::string(encoder.output.get(), encoder.output.get() + encoder.outputSize) + ' ' +
+         std::to_string(encoder.predictor) + ' ' + std::to_string(encoder.step);
+}
+
+TEST(AdpcmEncoder, EncodesWholePairsOfSamples) {
+  const Samples samples = {1000, 900, -500, 0, 32767, 32767, -32768, -32768};
+  EXPECT_EQ(encoded(samples, 3), " 0 127");
+  EXPECT_EQ(encoded(samples, 11), "\x77\x1F\x80\x80 97 1570");
+  EXPECT_EQ(encoded(samples, 16), "\x77\x1F\x77\xCF -31196 24576");
+  const std::uint8_t stream[] = {0x77, 0x1F, 0x77, 0xCF};
+  Samples decoded(8);
+  decodeAdpcm(stream, 4, decoded.data());
+  EXPECT_EQ(decoded[7], -31196) << "by the documented decoder";
+  EXPECT_EQ(AdpcmEncoder().stepFactors[5], 1.59765625);
 }
 
 }  // namespace tavrel::test

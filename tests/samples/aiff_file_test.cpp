@@ -78,6 +78,7 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
       {"no pad byte", marked().claimSize("MARK", 2 + 7 + 2), "", "MARK"},
       {"cut marker", marked().claimSize("MARK", 2 + 10 + 6), "", "MARK"},
       {"another form", small().form("AIFC"), "", "", noForm},
+      {"form type cut off", small().substr(0, 11), "", "", noForm},
   };
   const TemporaryDirectory directory;
   for (const auto& row : rows) {

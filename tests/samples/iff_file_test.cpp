@@ -15,10 +15,9 @@ AiffBuilder twoChunks() { return aiff().chunk("odd ", "a").chunk("next", "bcd");
 TEST(IffFile, ListsTheChunksOfItsForm) {
   const std::string first = "FORM\n    odd \n";
   const std::string both = first + "    next\n";
-  const std::string report = "ERROR: This is not a 'AIFF' file.\n";
   const struct {
     const char* name;
-    std::string content, listed, errors = "";
+    std::string content, listed;
   } rows[] = {
       {"no form id", "JUNK" + twoChunks().substr(4), both},
       {"form ends with the first chunk", twoChunks().claimFormSize(4 + (8 + 2)), first},
@@ -31,41 +30,29 @@ TEST(IffFile, ListsTheChunksOfItsForm) {
       {"header cut off", twoChunks().substr(0, 12 + (8 + 2) + 7), first},
       {"no chunk", aiff(), "FORM\n"},
       {"zero bytes in an id", aiff().chunk({"a\0\0b", 4}, ""), {"FORM\n    a\0\0b\n", 14}},
-      {"another form type", twoChunks().form("AIFC"), "", report},
-      {"form type cut off", aiff().substr(0, 11), "", report},
-      {"", "", ""},  // no file has this name
   };
   const TemporaryDirectory directory;
-  for (const auto& [name, content, listed, errors] : rows) {
+  for (const auto& [name, content, listed] : rows) {
     SCOPED_TRACE(name);
-    directory.write("a.aif", content);
-    IffFile file(directory.path(*name != '\0' ? "a.aif" : "none").c_str());
+    IffFile file(directory.write("a.aif", content).c_str());
     file.verbose = true;
-    const Printed printed =
-        printedBy([&, isListed = !listed.empty()] { EXPECT_EQ(file.load(kAiff), isListed); });
-    EXPECT_EQ(printed.errors, errors);
-    EXPECT_EQ(printed.output, listed);
+    EXPECT_EQ(printedBy([&] { EXPECT_TRUE(file.load(kAiff)); }).output, listed);
   }
 }
 
 TEST(IffFile, FindsTheFirstChunkWithAnId) {
   const TemporaryDirectory directory;
   IffFile file(directory.write("a.aif", twoChunks().chunk("next", "efghi")).c_str());
-  EXPECT_TRUE(file.load(kAiff));
   std::uint32_t size = 7;
   IffChunk* record = nullptr;
   const IffChunk* constRecord = nullptr;
-  EXPECT_TRUE(all({!file.hasChunk(kAiff), !file.getChunkSize(kAiff, size),
-                   !file.getChunkRecord(kAiff, record), size == 7}));
-  ASSERT_TRUE(
-      all({file.hasChunk(kNext), file.getChunkSize(kNext, size), file.getChunkRecord(kNext, record),
-           std::as_const(file).getChunkRecord(kNext, constRecord)}));
-  EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
+  EXPECT_TRUE(all({file.load(kAiff), !file.hasChunk(kAiff), !file.getChunkSize(kAiff, size),
+                   !file.getChunkRecord(kAiff, record), size == 7, file.hasChunk(kNext),
+                   file.getChunkSize(kNext, size), file.getChunkRecord(kNext, record),
+                   std::as_const(file).getChunkRecord(kNext, constRecord)}));
+  ASSERT_EQ(record, &file.chunkList().at(1));
   EXPECT_EQ(constRecord, record);
-  EXPECT_EQ(record, &file.chunkList()[1]);
-  IffFile::IdText text{"????"};
-  IffFile::idToText(record->id, text.data());
-  EXPECT_STREQ(text.data(), "next");
+  EXPECT_EQ(std::string(record->data, record->data + size), "bcd");
   file.releaseImage();
   EXPECT_EQ(file.takeImage(), nullptr);
 }

@@ -1,14 +1,10 @@
 #include "samples/riff_file.h"
 
-#include <type_traits>
-
 #include "tests/support/all.h"
 #include "tests/support/sound_builder.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-
-static_assert(!std::is_copy_constructible_v<RiffFile> && !std::is_move_constructible_v<RiffFile>);
 
 TEST(RiffFile, StepsForwardThroughFormsListsAndChunks) {
   const std::string other = wav().form("OTHR").chunk("RIFF", "WAVE");

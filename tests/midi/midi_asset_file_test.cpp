@@ -7,19 +7,16 @@
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
-TEST(MidiAssetFile, IsZeroBeforeItIsLoaded) {
+TEST(MidiAssetFile, AndAnEventAreZeroBeforeTheyAreFilled) {
   const MidiAssetFile f("", 0);
-  const std::uint32_t numbers[] = {
-      f.accumulatedTime, f.bytesRead,   f.eventCount, f.runningStatus,  f.headerValid,
-      f.trackValid,      f.atEnd,       f.format,     f.numberOfTracks, f.ppqn,
-      f.headerLength,    f.trackLength, f.imageSize,  f.assetSize,      f.trackHeaderOffset,
-      f.trackDataOffset};
-  EXPECT_THAT(numbers, testing::Each(0U));
   const MidiEvent ev;
-  const std::uint32_t fields[] = {ev.deltaTime, ev.absoluteTime, ev.metaType,
-                                  ev.status,    ev.sequence,     ev.statusHigh,
-                                  ev.statusLow, ev.channel,      ev.dataLength};
-  EXPECT_THAT(fields, testing::Each(0U));
+  const std::uint32_t numbers[] = {
+      f.accumulatedTime, f.bytesRead,   f.eventCount,    f.runningStatus,  f.headerValid,
+      f.trackValid,      f.atEnd,       f.format,        f.numberOfTracks, f.ppqn,
+      f.headerLength,    f.trackLength, f.imageSize,     f.assetSize,      f.trackHeaderOffset,
+      f.trackDataOffset, ev.deltaTime,  ev.absoluteTime, ev.metaType,      ev.status,
+      ev.sequence,       ev.statusHigh, ev.statusLow,    ev.channel,       ev.dataLength};
+  EXPECT_THAT(numbers, testing::Each(0U));
 }
 
 TEST(MidiAssetFile, AcceptsOrRejectsByTheTwoHeadersAndTheFormat) {

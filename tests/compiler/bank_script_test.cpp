@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "compiler/asset_block.h"
+#include "compiler/names.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/printed.h"
 #include "tests/support/sound_builder.h"
@@ -15,6 +16,11 @@ void storeAsset(BankScript& script, std::uint32_t size) {
   auto asset = std::make_unique<AssetData>();
   asset->paddedSize = size;
   EXPECT_TRUE(script.storeAsset(std::move(asset), std::make_unique<AssetEntry>()));
+}
+
+/// Makes a source deliver the tokens of a text, which it borrows.
+void use(TokenFile& source, std::string& text) {
+  source.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
 }
 
 TEST(BankScript, RecordsAreZeroBeforeTheyAreFilled) {
@@ -46,7 +52,7 @@ TEST(BankScript, RefusesABankOver4GiBBeforeItOpensTheFile) {
 TEST(BankScript, ParsesAScriptInMemoryAndKeepsIt) {
   BankScript script("none");
   std::string text = "BankFileName my.sfx.tvb\nFoo \n";
-  script.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
+  use(script, text);
   script.setFile("a.txt");
   EXPECT_FALSE(script.setHeaderPrefix(nullptr));
   EXPECT_EQ(printedBy([&] { EXPECT_FALSE(script.parseStatements()); }).errors,
@@ -92,7 +98,7 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
       const bool isWhole = rest.ends_with("AssetEnd ");
       std::string text = "\tKeyword " + rest;
       TokenFile source;
-      source.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
+      use(source, text);
       EXPECT_TRUE(source.readToken());
       printedBy([&] { EXPECT_EQ((script.*row.parse)(source), isWhole); });
     }
@@ -111,12 +117,16 @@ TEST(BankScript, HasRoomFor32768Assets) {
   }
   EXPECT_FALSE(script.storeAsset(std::make_unique<AssetData>(), std::make_unique<AssetEntry>()));
   EXPECT_EQ(script.assets.size(), 32768U);
+  std::string text = "BankFileName a.b UserAsset e ScriptEnd ";
+  use(script, text);
+  EXPECT_EQ(printedBy([&] { EXPECT_TRUE(script.parseStatements()); }).errors,
+            "ERROR: Asset e_ is one too many, only 32768 assets allowed\n");
 }
 
 TEST(BankScript, HoldsTheSizeOfABlobNear4GiB) {
   std::string text = "x x AssetEnd ";
   TokenFile source;
-  source.useMemory(reinterpret_cast<std::uint8_t*>(text.data()), text.size());
+  use(source, text);
   BankScript script("a.txt");
   for (const AssetType type : {typeFxOutputBank, typeUserAsset}) {
     AssetBlock block(script, source, statementOf(type));
@@ -140,8 +150,8 @@ TEST(BankScript, ReadsPreferencesUpToPrefsEnd) {
     std::string paths, problems;  // the paths of bank, script and header
   } rows[] = {
       {"", false, ",,,", "File System Error: File \"" + name + "\" Not Found\n"},
-      {"bankoutputpath b/ SCRIPTPATH s/\nHeaderPath h/ ;x\nPREFSEND Foo ", true, "b/,s/,h/,", ""},
-      {"ScriptPath one ScriptPath PrefsEnd PrefsEnd ", true, ",PrefsEnd,,", ""},
+      {"ScriptPath s/ bankoutputpath b/ SCRIPTPATH PrefsEnd\nHeaderPath h/ ;x\nPREFSEND Foo ", true,
+       "b/,PrefsEnd,h/,", ""},
       {"x\nBankOutputPath b/\nPrefsEnd\n", true, "b/,,,", illegal + "x Line Number: 1\n"},
       {"HeaderPath h/ ", false, ",,h/,", ""},
       {"HeaderPath h/ BankOutputPath PrefsEnd", false, ",,h/,", ""}};
@@ -161,6 +171,14 @@ TEST(BankScript, ReadsPreferencesUpToPrefsEnd) {
     }
     EXPECT_EQ(paths, row.paths);
   }
+}
+
+TEST(Names, ReplaceLongerOnesUnlessThereIsNoRoom) {
+  AssetData::Name name{};
+  name.fill('x');
+  EXPECT_TRUE(assetName("boom", "wav", name));
+  EXPECT_FALSE(assetName(std::string(76, 'n'), "wav", name));
+  EXPECT_STREQ(name.data(), "boom_wav");
 }
 
 }  // namespace tavrel::test

@@ -46,20 +46,6 @@ TEST(Run, FailsWhereAnOutputCannotBeWritten) {
   }
 }
 
-TEST(Run, HasRoomFor32768Assets) {
-  std::string script;
-  std::string reading;
-  for (int i = 0; i < 32768; ++i) {
-    script += "UserAsset e AssetEnd ";
-    reading += "Reading Unknown File: e\n";
-  }
-  expectRun({.script = script + "UserAsset e Foo ",
-             .files = {{"e", ""}},
-             .problems = "ERROR: Asset e_ is one too many, only 32768 assets allowed\n" +
-                         unidentified("Foo", "1") + "Error: Failed to parse script...\n",
-             .failure = reading});
-}
-
 TEST(Run, PrintsToBothStreamsInTheOrderOfTheSteps) {
   expectRun({.arguments = "a.txt 2>&1",
              .script = "UserAsset none AssetEnd\n",

@@ -7,11 +7,6 @@
 
 namespace tavrel::test {
 
-/// Accepts a sequence that was never in a file.
-bool use(MidiAssetFile& file, const std::string& bytes) {
-  return file.useImage(blockOf(bytes), static_cast<std::uint32_t>(bytes.size())) && file.judge();
-}
-
 TEST(SequenceSummary, CountsEventsSecondsAndVoices) {
   constexpr double kNone = -1;
   const Events minute = events().endOfTrack(5760);  // ticks; at 40 a frame, 144 frames
@@ -32,35 +27,30 @@ TEST(SequenceSummary, CountsEventsSecondsAndVoices) {
       {"most ticks", 32767, events().endOfTrack(0xFFFFFFF), 1, 0, 0xFFFFFFF / 65534.0},
       {"25 frames", 0xE728, minute, 1, 0, 5.76},
       {"29.97 frames", 0xE328, minute, 1, 0, 4.8048},
-      {"tempo in frames", 0xE728, events().tempo(0, 1).endOfTrack(1000), 2, 0, 1},
+      {"tempo in frames of a second", 0xFF28, events().tempo(0, 1).endOfTrack(1000), 2, 0, 25},
       {"division 0", 0, minute, 1, 0, kNone},
       {"no ticks per frame", 0xE700, minute, 1, 0, kNone},
       {"voices", 96, voices, 8, 3, 0},
+      // Before the first status, events have no payload: 60 and 1 are delta times.
+      {"no status", 96, Bytes().u8(0).u8(60).u8(1).text(events().endOfTrack()), 4, 0, 61 / 192.0},
       {"no end", 96, events().note(0, 1, 60, 1), 7, 7, 7},
       {"cut end", 96, events().endOfTrack().str().substr(0, 3), 7, 7, 7},
   };
-  for (const auto& [name, division, track, events, polyphony, seconds] : rows) {
-    SCOPED_TRACE(name);
-    MidiAssetFile file("", 0);
-    ASSERT_TRUE(use(file, midi(division).track(track)));
-    SequenceSummary summary{7, 7, 7};
-    EXPECT_EQ(summarize(file, summary), events != 7);
-    EXPECT_EQ(summary.events, events);
-    EXPECT_EQ(summary.polyphony, polyphony);
-    EXPECT_NEAR(summary.seconds.value_or(kNone), seconds, 1e-9);
-  }
-}
-
-TEST(SequenceSummary, WalksStartAfresh) {
   MidiAssetFile file("", 0);
   EXPECT_FALSE(file.useImage(newBytes(0), 0));
   EXPECT_FALSE(file.useImage(nullptr, 5));
-  // Before the first status, events have no payload: 60 and 1 are delta times.
-  ASSERT_TRUE(use(file, midi().track(Bytes().u8(0).u8(60).u8(1).text(events().endOfTrack()))));
-  for (const int walk : {1, 2}) {
-    SequenceSummary summary;
-    EXPECT_TRUE(summarize(file, summary));
-    EXPECT_EQ(summary.events, 4U) << "walk " << walk;
+  for (const auto& [name, division, track, events, polyphony, seconds] : rows) {
+    SCOPED_TRACE(name);
+    const std::string bytes = midi(division).track(track);
+    ASSERT_TRUE(file.useImage(blockOf(bytes), static_cast<std::uint32_t>(bytes.size())));
+    ASSERT_TRUE(file.judge());
+    SequenceSummary summary{7, 7, 7};
+    for (const int walk : {1, 2}) {
+      EXPECT_EQ(summarize(file, summary), events != 7) << "walk " << walk;
+    }
+    EXPECT_EQ(summary.events, events);
+    EXPECT_EQ(summary.polyphony, polyphony);
+    EXPECT_NEAR(summary.seconds.value_or(kNone), seconds, 1e-9);
   }
 }
 

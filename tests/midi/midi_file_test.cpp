@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "midi/controller_names.h"
+#include "tests/support/all.h"
 #include "tests/support/midi_builder.h"
 #include "tests/support/printed.h"
 #include "tests/support/temporary_directory.h"
@@ -81,10 +82,10 @@ TEST(MidiFile, CutTrackHasItsWholeEventsOnly) {
   }
 }
 
-TEST(MidiFile, FilterBitsSelectTheirKindsOnly) {
-  Events track = events().note(0, 2, 60, 1).note(1, 1, 60, 0).message(1, 0xA0, 60, 1);
-  track.message(1, 0xB0, 7, 1).message(1, 0xB0, 10, 1).message(1, 0xB0, 32, 1);
-  track.message(1, 0xB0, 1, 1).message(1, 0xC0, 1).message(1, 0xD0, 1).message(1, 0xE0, 1, 1);
+TEST(MidiFile, BitsSelectTheirKindsOnly) {
+  Events track = events().note(0, 1, 60, 1).noteOff(1, 2, 60).message(1, 0xA2, 60, 1);
+  track.message(1, 0xB3, 7, 1).message(1, 0xB3, 10, 1).message(1, 0xB3, 32, 1);
+  track.message(1, 0xB3, 1, 1).message(1, 0xC4, 1).message(1, 0xD5, 1).message(1, 0xE6, 1, 1);
   LoadedMidi loaded(track.system(1, 0xF0, "").system(1, 0xF3, "").endOfTrack(1));
   const struct {
     std::uint32_t mask;
@@ -94,7 +95,7 @@ TEST(MidiFile, FilterBitsSelectTheirKindsOnly) {
       {0x001, 0, "0 "},     {0x002, 0, "1 "}, {0x004, 0, "2 "}, {0x008, 0, "3 4 5 6 "},
       {0x010, 0, "7 "},     {0x020, 0, "8 "}, {0x040, 0, "9 "}, {0x080, 0, "10 "},
       {0x100, 0, "12 "},    {0x200, 0, "5 "}, {0x400, 0, "3 "}, {0x800, 0, "4 "},
-      {0xE08, 0, "3 4 5 "}, {0x003, 2, "0 "}, {0x1FF, 3, ""},   {0xFFFFF000, 0, ""},
+      {0xE08, 0, "3 4 5 "}, {0x003, 2, "1 "}, {0x1FF, 8, ""},   {0xFFFFF000, 0, ""},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(testing::Message() << std::hex << row.mask);
@@ -105,6 +106,11 @@ TEST(MidiFile, FilterBitsSelectTheirKindsOnly) {
       ticks += printedBy(print).output.empty() ? "" : std::to_string(ev.absoluteTime) + " ";
     }
     EXPECT_EQ(ticks, row.ticks);
+  }
+  for (std::int16_t channel = 0; channel < 8; ++channel) {
+    const auto bit = static_cast<std::uint8_t>(1 << channel);  // of the kind on this channel
+    EXPECT_EQ(loaded.file.channelHasEvents(channel, bit), channel < 7) << channel;
+    EXPECT_FALSE(loaded.file.channelHasEvents(channel, bit ^ 0xFF)) << channel;
   }
 }
 
@@ -136,18 +142,13 @@ TEST(MidiFile, FirstEventWithoutStatusHasNoPayloadAndTimesKeep32Bits) {
 }
 
 TEST(MidiFile, FindsTheFirstTempoBeforeTheEndOfTheTrack) {
-  Events million = events().note(0, 1, 60, 9);
-  for (int note = 1; note < 1000000; ++note) {
-    million += "\1<@";  // a tick later, under the running status
-  }
   const struct {
     const char* name;
     std::string track;
     std::uint32_t tempo, eventsRead;
   } cases[] = {
-      {"after a million notes", million.tempo(0, 4242), 4242, 1000001},
+      {"after a note", events().note(0, 1, 60, 9).tempo(5000, 4242), 4242, 2},
       {"two tempos", events().tempo(9, 1500000).tempo(0, 1), 1500000, 1},
-      {"tempo 0", events().note(0, 1, 60, 9).tempo(5000, 0), 0, 2},
       {"four bytes", events().meta(0, 81, "\x12\xD6\x87\x09"), 1234567, 1},
       {"two bytes", events().meta(0, 81, "\x07\xA1").tempo(0, 1), 7, 1},
       {"after the end", events().endOfTrack().tempo(0, 1), 7, 1},
@@ -188,13 +189,10 @@ TEST(MidiFile, FindsEventsAndCountsTheNotesThatSoundAtOnce) {
   EXPECT_EQ(found(file.findEvent(*ev, 0x90, true)), 2U);
   EXPECT_EQ(found(file.findEvent(*ev, 0x90, true)), 3U) << "from the cursor";
   EXPECT_EQ(found(file.findEvent(*ev, 0x90, 64, false)), 4U) << "from the start";
-  EXPECT_FALSE(isNoteNumber(*ev, 60));
   EXPECT_EQ(found(file.findEvent(*ev, 0x90, 64, true)), 10U) << "velocity 0";
-  EXPECT_TRUE(isNoteNumber(*ev, 64));
+  EXPECT_TRUE(all({isNoteNumber(*ev, 64), !isNoteNumber(*ev, 60)}));
   EXPECT_EQ(found(file.findEvent(*ev, 0xC0)), 9U) << "from the start";
-  EXPECT_TRUE(isProgramNumber(*ev, 9));
-  EXPECT_FALSE(isProgramNumber(*ev, 8));
-  EXPECT_FALSE(isNoteNumber(*ev, 9));
+  EXPECT_TRUE(all({isProgramNumber(*ev, 9), !isProgramNumber(*ev, 8), !isNoteNumber(*ev, 9)}));
   EXPECT_EQ(found(file.findEvent(*ev, 0xFF)), 8U) << "any meta event";
   EXPECT_EQ(ev->channel, 0) << "cleared";
   EXPECT_EQ(found(file.findEvent(*ev, 0xFF, 0, false)), 0U) << "empty payloads";
@@ -213,18 +211,6 @@ TEST(MidiFile, FindsEventsAndCountsTheNotesThatSoundAtOnce) {
             "Poly update: 1\nPoly update: 2\nPoly update: 3\nVoice Channel Freed\n"
             "Voice Channel Freed\n");
   EXPECT_EQ(voices, 3);
-}
-
-TEST(MidiFile, ChannelHasEventsOfTheSelectedKinds) {
-  Events track = events().note(0, 1, 60, 9).noteOff(0, 2, 60).message(0, 0xA2, 60, 9);
-  track.message(0, 0xB3, 7, 9).message(0, 0xC4, 1).message(0, 0xD5, 1).message(0, 0xE6, 0, 64);
-  LoadedMidi loaded(track.endOfTrack());
-  for (std::int16_t channel = 0; channel < 8; ++channel) {
-    SCOPED_TRACE(channel);
-    const auto bit = static_cast<std::uint8_t>(1 << channel);
-    EXPECT_EQ(loaded.file.channelHasEvents(channel, bit), channel < 7);
-    EXPECT_FALSE(loaded.file.channelHasEvents(channel, bit ^ 0xFF));
-  }
 }
 
 TEST(ControllerNames, AreInTheOrderOfTheirNumbers) {

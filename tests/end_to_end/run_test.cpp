@@ -16,11 +16,8 @@ TEST(Run, ThatFailsToParseReportsWhyAndLeavesOldFilesAlone) {
       {"; BankFileName sfx.tvb \n", ""},
       {"ScriptEnd BankFileName sfx.tvb\n", ""},
       {"BankFileName sfx.tvb\nBankFileName\n", ""},
-      {"BankFileName sfx.tvb", ""},
       {"BankFileName sfx.tvb BankFileName " + oversize + " Foo ", isOversize},
-      // Two line feeds count as one line end, two pairs of carriage return and line feed as two.
-      {"BankFileName sfx.tvb\n\n; note\nFoo;bar\n", unidentified("Foo", "3")},
-      {"BankFileName sfx.tvb\r\n\r\n; note\r\nAssetEnd\r\n", unidentified("AssetEnd", "4")},
+      {"BankFileName sfx.tvb\r\n\r\n; note\r\nAssetEnd;x\r\n", unidentified("AssetEnd", "4")},
       {"UserAsset " + kName + ".bi ", "ERROR: Asset name " + kName + "_bi" + kTooLong}};
   for (const auto& [script, problems] : rows) {
     expectRun({.script = script,

@@ -45,7 +45,6 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
   using enum AiffFault;
   const std::string damage = "ERROR: AIFF file is damaged: ";
   const std::string refused = "ERROR: This is not a 'AIFF' file.\nERROR: Not an AIFF file.\n";
-  const Bytes halfMarker = Bytes().be16(2).fill(6).u8(1).text("a").fill(6);
   const auto marked = [] { return small().inst({2, 2, 1}).mark({{1, 10, "ab"}, {2, 20}}); };
   const struct {
     const char* name;
@@ -54,7 +53,6 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
   } rows[] = {
       {"8 bits", aiff().comm(mono, 2, 8).ssnd("\x01\xFF"), "\x81\x7F"},
       {"stereo, sound first", aiff().ssnd("\x01\x02").comm(stereo, 1, 8), "\x81"},
-      {"second sound", small().ssnd("second"), "badc"},
       {"markers in their order, names of all lengths",
        small()
            .inst({1, 3, 4}, {2, 1, 2})
@@ -73,7 +71,6 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
       {"cut samples", small().substr(0, 12 + (8 + 18) + 8 + 8 + 3), "", "SSND"},
       {"short INST", small().chunk("INST", std::string(19, 'i')), "", "INST"},
       {"short MARK", small().chunk("MARK", "1"), "", "MARK"},
-      {"no name length", small().chunk("MARK", halfMarker), "", "MARK"},
       {"cut name", marked().claimSize("MARK", 2 + 7 + 1), "", "MARK"},
       {"no pad byte", marked().claimSize("MARK", 2 + 7 + 2), "", "MARK"},
       {"cut marker", marked().claimSize("MARK", 2 + 10 + 6), "", "MARK"},
@@ -89,7 +86,7 @@ TEST(AiffFile, ConvertsSamplesAndFindsLoopsOrReportsWhatIsDamaged) {
               : row.fault == noForm ? refused
                                     : "");
     EXPECT_EQ(file.fault(), row.fault);
-    IffFile::IdText id{};
+    IffFile::IdText id{'?', '?', '?', '?', '?'};
     IffFile::idToText(file.damagedChunk(), id.data());
     EXPECT_EQ(id.data(), row.damagedChunk);
     std::uint32_t size = 7;

@@ -38,15 +38,16 @@ TEST(WaveWriter, WritesWhatTheFormatStates) {
 TEST(AiffWriter, WritesWhatTheFormatStates) {
   const Bytes instrument = Bytes().u8(60).be16(0).u8(127).u8(1).u8(127).be16(0);
   const std::string forward = Bytes(instrument).be16(1).be16(1).be16(2).fill(6);
-  const Bytes withoutRate = Bytes().be16(2).be32(3).be16(8).fill(10);
-  EXPECT_EQ(aiffOf({2, 0, 8, {}}, "abcdef"), aiff().chunk("COMM", withoutRate).ssnd("abcdef"));
+  const Bytes noRate = Bytes().be16(2).be32(3).be16(8).fill(10);
+  const Bytes oneHertz = Bytes().be16(1).be32(3).be16(8).be16(0x3FFF).be32(1U << 31).be32(0);
+  EXPECT_EQ(aiffOf({2, 0, 8, {}}, "abcdef"), aiff().chunk("COMM", noRate).ssnd("abcdef"));
   EXPECT_EQ(aiffOf({1, 44100, 16, AiffMarkedLoop{7, 0xFFFFFFFE}}, "abcdef"),
             aiff()
                 .comm(mono, 3, 16)
                 .mark({{1, 7}, {2, 0xFFFFFFFE}})
                 .chunk("INST", forward)
                 .ssnd("abcdef"));
-  EXPECT_EQ(aiffOf({1, 44100, 8, {}}, "abc"), aiff().comm(mono, 3, 8).ssnd("abc"));
+  EXPECT_EQ(aiffOf({1, 1, 8, {}}, "abc"), aiff().chunk("COMM", oneHertz).ssnd("abc"));
 }
 
 TEST(SoundWriters, RefuseSizesBeyondTheirFields) {

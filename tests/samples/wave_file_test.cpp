@@ -32,7 +32,6 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
   // The format of 24-bit stereo, extensible: 18 bytes, and 22 more.
   const Bytes tail = Bytes().le16(6).le16(24).le16(22).fill(22, 0xEE);
   const std::string format = Bytes().le16(1).le16(2).le32(48000).le32(288000).text(tail);
-  const std::string millionChunks(std::size_t{8} * 1000000, '\0');
   const std::string good = "1 2 48000 288000 6 24 22 stereo PCM ";
   const std::string failed = "no 7 no 7 no 7 0 0 no 7 0 no 7 fails";
   const auto small = [&] { return wav().chunk("fmt ", format).chunk("odd ", "a").data("abc"); };
@@ -52,8 +51,7 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
       {"form ends with the header", small().claimFormSize(header), good + "3 abc"},
       {"form ends in the header", small().claimFormSize(header - 1), failed, noData},
       {"form too short for its type", small().claimFormSize(3), failed, noForm},
-      {"a million chunks, form ends after the file",
-       small().claimFormSize(0xFFFFFFFF).str().insert(12, millionChunks), good + "3 abc"},
+      {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "3 abc"},
       {"no bytes of samples", wav().chunk("fmt ", format).data(""), good + "0 "},
       {"format of 17 bytes", cutTo(17), good + "3 abc"},
       {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 stereo PCM 3 abc"},

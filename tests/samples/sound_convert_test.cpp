@@ -71,17 +71,12 @@ TEST(SoundConvert, ConvertsUnits) {
 }
 
 TEST(SoundConvert, FindsIntervalsOfFallingThresholds) {
-  const double thresholds[] = {38,  31,  27,   24,   19,   15,   13,   12,   9.4,  7.9,
-                               6.8, 6.0, 4.7,  3.8,  3.4,  3.0,  2.4,  2.0,  1.8,  1.6,
-                               1.3, 1.1, 0.93, 0.85, 0.65, 0.53, 0.44, 0.40, 0.35, 0};
-  int expected = 0;  // also for the first interval
-  for (const double threshold : thresholds) {
-    EXPECT_EQ(SoundConvert::descendingThresholdIndex(threshold), expected) << threshold;
-    expected += threshold < 38 ? 1 : 0;
-  }
-  EXPECT_EQ(SoundConvert::descendingThresholdIndex(46.9), 0);
-  EXPECT_EQ(SoundConvert::descendingThresholdIndex(47), 31);
-  EXPECT_EQ(SoundConvert::descendingThresholdIndex(-0.1), 31);
+  expectRows(SoundConvert::descendingThresholdIndex,
+             {{47, 31},   {46.9, 0},  {38, 0},    {31, 0},    {27, 1},    {24, 2},    {19, 3},
+              {15, 4},    {13, 5},    {12, 6},    {9.4, 7},   {7.9, 8},   {6.8, 9},   {6.0, 10},
+              {4.7, 11},  {3.8, 12},  {3.4, 13},  {3.0, 14},  {2.4, 15},  {2.0, 16},  {1.8, 17},
+              {1.6, 18},  {1.3, 19},  {1.1, 20},  {0.93, 21}, {0.85, 22}, {0.65, 23}, {0.53, 24},
+              {0.44, 25}, {0.40, 26}, {0.35, 27}, {0, 28},    {-0.1, 31}});
 }
 
 }  // namespace tavrel::test

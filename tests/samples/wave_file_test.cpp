@@ -54,8 +54,6 @@ TEST(WaveFile, LoadsTheFirstFormatAndTheSamplesAfterItOrSaysWhyNot) {
       {"form ends after the file", small().claimFormSize(0xFFFFFFFF), good + "3 abc"},
       {"no bytes of samples", wav().chunk("fmt ", format).data(""), good + "0 "},
       {"format of 17 bytes", cutTo(17), good + "3 abc"},
-      {"format of 16 bytes", cutTo(16), "1 2 48000 288000 6 24 0 stereo PCM 3 abc"},
-      {"format of 9 bytes", cutTo(9), "1 2 48000 0 0 0 0 stereo PCM 3 abc"},
       {"format of 0 bytes", cutTo(0), "0 0 0 0 0 0 0 3 abc"},
       {"form of its type only", wav().claimFormSize(4), failed, noFormat},
       {"no format", wav().data("abc"), failed, noFormat},

@@ -27,7 +27,7 @@ TEST(SequenceSummary, CountsEventsSecondsAndVoices) {
       {"most ticks", 32767, events().endOfTrack(0xFFFFFFF), 1, 0, 0xFFFFFFF / 65534.0},
       {"25 frames", 0xE728, minute, 1, 0, 5.76},
       {"29.97 frames", 0xE328, minute, 1, 0, 4.8048},
-      {"tempo in frames of a second", 0xFF28, events().tempo(0, 1).endOfTrack(1000), 2, 0, 25},
+      {"tempo in frames of a second", 0xFF19, events().tempo(0, 1).endOfTrack(1000), 2, 0, 40},
       {"division 0", 0, minute, 1, 0, kNone},
       {"no ticks per frame", 0xE700, minute, 1, 0, kNone},
       {"voices", 96, voices, 8, 3, 0},

@@ -1,7 +1,5 @@
 // tavkit verify: what damage each check finds. Banks of the tool are verified with the
 // promise of check.
-#include <array>
-#include <functional>
 #include <regex>
 
 #include "tests/kit/command_test.h"
@@ -14,52 +12,37 @@ namespace {
 using namespace tavrel::test;
 using testing::HasSubstr;
 
-struct Asset {
-  std::uint32_t type;
-  std::string blob;
-  std::array<std::uint32_t, 8> parameters{};
-  std::string padding = std::string(-blob.size() % 4, '\0');
-  std::string before = {};  ///< bytes that belong to nothing
+/// The sequence, the ADPCM and the loop have the ids 0, 1 and 2. The table ends at 268, the first
+/// blob at 301, the fifth one at 327, the last one at 330, and the bank at 352.
+const std::string kBank = bankOf({
+    {2, midi(96).track(events().tempo(0, 400000).endOfTrack()), {96, 127, 1, 0, 0, 400000}},
+    {1, "adpcm012", {22050, 0, 4}},
+    {1, "loop01", {44100, 1, 8, 50, 1, 6}},
+    {3, "tone", {1}},
+    {6, "any", {1, 2, 3, 4, 5, 6, 7, -2147483647 - 1}},
+    {4, "fx"},
+});
+const std::string kHeader = headerOf({"U", "V", "W", "X", "Y", "Z"}, 62, 290);
+
+struct Edit {
+  std::size_t position;
+  std::string bytes;
 };
 
-bool isPadded(std::uint32_t type) { return type == 1 || type == 2 || type == 6; }
+enum Word : std::uint8_t { type, offset, size, firstParameter };
 
-/// A small bank, to be damaged before it is built.
-struct SmallBank {
-  std::string name = "sfx";
-  std::vector<Asset> assets{
-      {1, "adpcm012", {22050, 0, 4}},
-      {1, "loop01", {44100, 1, 8, 50, 1, 6}},
-      {2, midi(96).track(events().tempo(0, 400000).endOfTrack()), {96, 127, 1, 0, 0, 400000}},
-      {3, "tone", {1}},
-      {6, "any", {1, 2, 3, 4, 5, 6, 7, 0x80000000}},
-      {4, "fx"},
-  };
-  char lastByte = '\0';
-  std::string end = "";  ///< what follows the padding of the bank
-  std::string header = headerOf({"U", "V", "W", "X", "Y", "Z"}, 62, 290);
+/// Replaces a word of an asset's record.
+Edit word(std::size_t id, std::size_t index, std::uint32_t value) {
+  return {4 + 44 * id + 4 * index, Bytes().le32(value)};
+}
 
-  [[nodiscard]] std::string bytes() const {
-    Bytes table = Bytes().le32(assets.size());
-    Bytes blobs;
-    for (const Asset& asset : assets) {
-      blobs.text(asset.before);
-      table.le32(asset.type).le32(4 + 44 * assets.size() + blobs.size()).le32(asset.blob.size());
-      for (const std::uint32_t parameter : asset.parameters) {
-        table.le32(parameter);
-      }
-      blobs.text(asset.blob).text(isPadded(asset.type) ? asset.padding : "");
-    }
-    table.text(blobs).fill(-table.size() % 32);
-    if (lastByte != '\0') {
-      table.back() = lastByte;
-    }
-    return table.text(end);
-  }
-  void edit(const std::string& from, const std::string& to) {
-    header = std::regex_replace(header, std::regex(from), to);
-  }
-};
+Edit parameter(std::size_t id, std::size_t index, std::uint32_t value) {
+  return word(id, firstParameter + index, value);
+}
+
+std::string replaced(const std::string& text, const std::string& from, const std::string& to) {
+  return std::regex_replace(text, std::regex(from), to);
+}
 
 class VerifyTest : public CommandTest {
  protected:
@@ -79,161 +62,119 @@ class VerifyTest : public CommandTest {
     return found;
   }
 
-  std::string write(const SmallBank& bank) const {
-    folder_.write(bank.name + ".h", bank.header);
-    return folder_.write(bank.name + ".tvb", bank.bytes());
-  }
-
-  struct Damage {
-    const char* name;
-    std::function<void(SmallBank&)> apply;
-    std::string found;
-  };
-
-  void expectFound(const std::vector<Damage>& damages) {
-    for (const Damage& damage : damages) {
-      SCOPED_TRACE(damage.name);
-      SmallBank bank;
-      damage.apply(bank);
-      EXPECT_EQ(verify({write(bank)}), damage.found);
+  /// Writes the bank, damaged by edits, and a header. Returns the path of the bank.
+  std::string write(const std::vector<Edit>& edits, const std::string& header = kHeader,
+                    const std::string& name = "sfx") const {
+    std::string bank = kBank;
+    for (const Edit& edit : edits) {
+      bank.replace(edit.position, edit.bytes.size(), edit.bytes);
     }
+    folder_.write(name + ".h", header);
+    return folder_.write(name + ".tvb", bank);
   }
 };
 
-/// Sets a parameter of an asset.
-auto set(std::size_t id, std::size_t parameter, std::uint32_t value) {
-  return [=](SmallBank& bank) { bank.assets[id].parameters[parameter] = value; };
-}
-
-/// Moves an asset to the front and sets some of its parameters to 1.
-auto setFirst(std::size_t id, std::initializer_list<std::size_t> parameters) {
-  return [id, list = std::vector(parameters)](SmallBank& bank) {
-    std::swap(bank.assets[0], bank.assets[id]);
-    for (const std::size_t parameter : list) {
-      bank.assets[0].parameters[parameter] = 1;
-    }
-  };
-}
-
-/// Replaces the first asset by a wave of 6 bytes.
-auto sixBytes(std::uint32_t bits) {
-  return [=](SmallBank& bank) { bank.assets[0] = Asset{1, "6bytes", {22050, 0, bits}}; };
-}
-
-/// Replaces text in the header.
-auto edit(const std::string& from, const std::string& to) {
-  return [=](SmallBank& bank) { bank.edit(from, to); };
-}
-
-TEST_F(VerifyTest, FindsDamageOfTheLayout) {
-  expectFound({
-      {"none", [](SmallBank&) {}, ""},
-      {"no multiple of 32 bytes", [](SmallBank& bank) { bank.end = "x"; }, "open"},
-      {"between blobs", [](SmallBank& bank) { bank.assets[1].before = "gaps"; }, "gap1"},
-      {"no padding", [](SmallBank& bank) { bank.assets[4].padding = ""; }, "gap5"},
+TEST_F(VerifyTest, FindsDamageOfTheBank) {
+  const struct {
+    const char* name;
+    std::vector<Edit> edits;
+    std::string found;
+  } rows[] = {
+      {"none", {}, ""},
+      {"no multiple of 32 bytes", {{kBank.size(), "x"}}, "open"},
+      {"between blobs", {word(5, offset, 332)}, "gap5"},
+      {"no padding", {word(5, offset, 327), {327, {"fx\0", 3}}}, "gap5"},
       {"no room for the last padding",
-       [](SmallBank& bank) {
-         bank.assets[3].blob = "tone!";
-         bank.assets[5] = {6, std::string(23, 'x'), {}, ""};
-         bank.edit("62", "85");
-         bank.edit("290", "267");
-       },
-       "gap5"},
-      {"padding of a blob", [](SmallBank& bank) { bank.assets[1].padding[1] = 1; }, "padding1"},
-      {"padding of the bank", [](SmallBank& bank) { bank.lastByte = '\1'; }, "padding"},
-      {"a longer bank",
-       [](SmallBank& bank) {
-         bank.end = std::string(32, 'x');
-         bank.edit("290", "322");
-       },
-       "length"},
-      {"type 0", [](SmallBank& bank) { bank.assets[5].type = 0; }, "type5"},
-      {"type 7", [](SmallBank& bank) { bank.assets[5].type = 7; }, "type5"},
-  });
-}
+       {word(5, type, 6), word(5, offset, 329), word(5, size, 352 - 329)},
+       "gap5 gap5 sizes sizes"},
+      {"padding of a blob", {{301, "\1"}}, "padding0"},
+      {"padding of the bank", {{kBank.size() - 1, "\1"}}, "padding"},
+      {"a longer bank", {{kBank.size(), std::string(32, 'x')}}, "length sizes"},
+      {"type 0", {word(5, type, 0)}, "type5"},
+      {"type 7", {word(5, type, 7)}, "type5"},
 
-TEST_F(VerifyTest, FindsDamageOfRecordsAndBlobs) {
-  expectFound({
-      {"any rate", set(0, 0, 0xFFFFFFFF), ""},
-      {"loop flag", set(1, 1, 2), "parameter1"},
-      {"16 bits unsigned", set(0, 2, 65535), ""},
-      {"more bits", set(0, 2, 65536), "parameter0"},
-      {"bank type", set(3, 0, 2), "parameter3"},
-      {"17 bits of division", set(2, 0, 0x8000), "parameter2 division2"},
-      {"25 bits of tempo", set(2, 5, 0x1000000), "parameter2 tempo2"},
-      {"loop start of no loop", set(0, 4, 1), "unused-parameter0"},
-      {"loop end of no loop", set(0, 5, 1), "unused-parameter0"},
-      {"a wave's sixth", set(1, 6, 1), "unused-parameter1"},
-      {"a sequence's fourth", set(2, 4, 1), "unused-parameter2"},
-      {"a tone bank's first", set(3, 1, 1), "unused-parameter3"},
-      {"a DSP bank's own", set(5, 0, 1), "unused-parameter5"},
-      {"6 bytes of ADPCM", sixBytes(4), "adpcm-length0"},
-      {"6 bytes of PCM", sixBytes(16), ""},
-      {"no end", [](SmallBank& bank) { bank.assets[2].blob[31] = 1; }, "sequence2"},
-      {"division", set(2, 0, 97), "division2"},
-      {"tempo", set(2, 5, 400001), "tempo2"},
-      {"no tempo", [](SmallBank& bank) { bank.assets[2].blob[24] = 1; }, "tempo2"},
-      {"a first sequence", setFirst(2, {0, 5}), "division0 tempo0"},
-      {"a first loop", setFirst(1, {5}), "loop0"},
-      {"an empty loop", set(1, 4, 6), "loop1"},
-      {"a loop beyond 6 bytes", set(1, 5, 7), "loop1"},
-      {"a loop beyond 3 words", set(1, 2, 16), "loop1"},
-      {"a loop of unknown samples", set(1, 2, 0), ""},
-  });
+      {"any rate", {parameter(1, 0, 0xFFFFFFFF)}, ""},
+      {"loop flag", {parameter(2, 1, 2)}, "parameter2"},
+      {"16 bits unsigned", {parameter(1, 2, 65535)}, ""},
+      {"more bits", {parameter(1, 2, 65536)}, "parameter1"},
+      {"bank type", {parameter(3, 0, 2)}, "parameter3"},
+      {"17 bits of division", {parameter(0, 0, 0x8000)}, "parameter0 division0"},
+      {"25 bits of tempo", {parameter(0, 5, 0x1000000)}, "parameter0 tempo0"},
+      {"loop start of no loop", {parameter(1, 4, 1)}, "unused-parameter1"},
+      {"loop end of no loop", {parameter(1, 5, 1)}, "unused-parameter1"},
+      {"a wave's sixth", {parameter(2, 6, 1)}, "unused-parameter2"},
+      {"a sequence's fourth", {parameter(0, 4, 1)}, "unused-parameter0"},
+      {"a tone bank's first", {parameter(3, 1, 1)}, "unused-parameter3"},
+      {"a DSP bank's own", {parameter(5, 0, 1)}, "unused-parameter5"},
+
+      {"33 bytes of ADPCM",
+       {word(0, type, 1), parameter(0, 1, 0), parameter(0, 2, 4), parameter(0, 5, 0)},
+       "adpcm-length0"},
+      {"33 bytes of PCM",
+       {word(0, type, 1), parameter(0, 1, 0), parameter(0, 2, 16), parameter(0, 5, 0)},
+       ""},
+      {"no end", {{268 + 31, "\1"}}, "sequence0"},
+      {"division", {parameter(0, 0, 97)}, "division0"},
+      {"tempo", {parameter(0, 5, 400001)}, "tempo0"},
+      {"no tempo", {{268 + 24, "\1"}}, "tempo0"},
+      {"a first loop", {word(0, type, 1), parameter(0, 1, 1), parameter(0, 2, 8)}, "loop0"},
+      {"an empty loop", {parameter(2, 4, 6)}, "loop2"},
+      {"a loop beyond 6 bytes", {parameter(2, 5, 7)}, "loop2"},
+      {"a loop beyond 3 words", {parameter(2, 2, 16)}, "loop2"},
+      {"a loop of unknown samples", {parameter(2, 2, 0)}, ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(verify({write(row.edits)}), row.found);
+  }
 }
 
 TEST_F(VerifyTest, FindsDamageOfTheHeader) {
-  expectFound({
-      {"tested guard", edit("ifndef\t_SFX", "ifndef\t_SFY"), "guard"},
-      {"defined guard", edit("define\t_SFX", "define\t_sfx"), "guard"},
-      {"ended guard", edit("of _SFX_H", "of SFX_H"), "guard"},
-      {"no end", edit("#endif", ""), "guard"},
-      {"data size", edit("62", "63"), "sizes"},
-      {"octal header size", edit("290", "0290"), "sizes"},
-      {"no size", edit("#define\t\tSFX_BANK_DATA", "//"), "sizes"},
-      {"file name", edit("\"sfx.tvb\"", "\"SFX.tvb\""), "file-name"},
-      {"a digit first", edit("SFX_U", "1_U"), "define0"},
-      {"a hyphen", edit("SFX_V", "SFX-V"), "define1"},
-      {"the bank's prefix", edit("SFX_(FILE|BANK)", "S.X_$1"), "define define define"},
-      {"a guard with a hyphen",
-       [](SmallBank& bank) {
-         bank.name = "s-x";
-         bank.edit("_SFX_H", "_S-X_H");
-         bank.edit("\"sfx", "\"s-x");
-       },
-       "define"},
-      {"a name too long for a guard",
-       [](SmallBank& bank) {
-         bank.name = std::string(100, 'n');
-         bank.edit("\"sfx", '"' + bank.name);
-       },
-       "guard"},
-      {"no number", edit("5\n", "5u\n"), "define missing-define5"},
-      {"octal", edit("5\n", "05\n"), "define missing-define5"},
-      {"two of a name", edit("SFX_Z", "SFX_U"), "duplicate5"},
-      {"a size's name", edit("SFX_Z", "SFX_BANK_DATA_SIZE"), "duplicate5"},
-      {"the guard's name", edit("SFX_Z", "_SFX_H"), "duplicate5"},
-      {"a size twice", edit("#endif", "#define SFX_BANK_DATA_SIZE 62\n#endif"), "duplicate"},
-      {"none", edit("#define\t\tSFX_Z.*\n", ""), "missing-define5"},
-      {"one more", edit("#endif", "#define SFX_G 0\n#endif"), "extra-define0"},
-      {"an id beyond", edit("#endif", "#define SFX_G 6\n#endif"), "extra-define6"},
-  });
+  const struct {
+    const char *name, *from, *to, *found;
+    std::string bank = "sfx";
+  } rows[] = {
+      {"tested guard", "ifndef\t_SFX", "ifndef\t_SFY", "guard"},
+      {"defined guard", "define\t_SFX", "define\t_sfx", "guard"},
+      {"ended guard", "of _SFX_H", "of SFX_H", "guard"},
+      {"no end", "#endif", "", "guard"},
+      {"data size", "62", "63", "sizes"},
+      {"octal header size", "290", "0290", "sizes"},
+      {"no size", "#define\t\tSFX_BANK_DATA", "//", "sizes"},
+      {"file name", "\"sfx.tvb\"", "\"SFX.tvb\"", "file-name"},
+      {"a digit first", "SFX_U", "1_U", "define0"},
+      {"a hyphen", "SFX_V", "SFX-V", "define1"},
+      {"the bank's prefix", "SFX_(FILE|BANK)", "S.X_$1", "define define define"},
+      {"a guard with a hyphen", "_SFX_H", "_S-X_H", "define", "s-x"},
+      {"a name too long for a guard", "", "", "guard", std::string(100, 'n')},
+      {"no number", "5\n", "5u\n", "define missing-define5"},
+      {"octal", "5\n", "05\n", "define missing-define5"},
+      {"two of a name", "SFX_Z", "SFX_U", "duplicate5"},
+      {"a size's name", "SFX_Z", "SFX_BANK_DATA_SIZE", "duplicate5"},
+      {"the guard's name", "SFX_Z", "_SFX_H", "duplicate5"},
+      {"a size twice", "#endif", "#define SFX_BANK_DATA_SIZE 62\n#endif", "duplicate"},
+      {"none", "#define\t\tSFX_Z.*\n", "", "missing-define5"},
+      {"one more", "#endif", "#define SFX_G 0\n#endif", "extra-define0"},
+      {"an id beyond", "#endif", "#define SFX_G 6\n#endif", "extra-define6"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const std::string header = replaced(kHeader, "\"sfx", '"' + row.bank);
+    EXPECT_EQ(verify({write({}, replaced(header, row.from, row.to), row.bank)}), row.found);
+  }
 }
 
 TEST_F(VerifyTest, PrintsALineForEachCheckAndEachFinding) {
-  SmallBank bank;
-  bank.assets[1].parameters = {44100, 1, 8, 50, 0, 9, 5};
-  bank.edit("SFX_V", "SFX\x1B_V");
-  bank.assets[0].parameters[7] = 1;
-  bank.edit("SFX_U", std::string(201, 'U'));
-  const std::string path = write(bank);
+  const std::string path =
+      write({parameter(0, 7, 1), parameter(2, 5, 9), parameter(2, 6, 5)},
+            replaced(replaced(kHeader, "SFX_W", "SFX\x1B_W"), "SFX_U", std::string(201, 'U')));
   const auto count = [](const std::string& text, const char* pattern) {
     const std::regex regex(pattern);
     return std::distance(std::sregex_iterator(text.begin(), text.end(), regex), {});
   };
   run({"verify", path});
   const std::string text = output_.results;
-  const std::string asset = ": asset 1 (SFX\uFFFD_V): ";
+  const std::string asset = ": asset 2 (SFX\uFFFD_W): ";
   for (const std::string& line :
        {std::string("unused-parameter: asset 0: its parameter 7 "), "unused-parameter" + asset,
         "loop" + asset + "its loop ends at 9, ", "define" + asset}) {
@@ -284,15 +225,14 @@ TEST_F(VerifyTest, ComparesTheBankWithItsScript) {
        "my"},
   };
   fs::current_path(folder_.path(".."));  // the first run enters the folder
-  const Lines inFolder{"sfx.tvb", "-C", folder_.path(), "--script", "sfx.txt", "--prefix"};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     script(row.files, row.lastOption);
     folder_.write("a.dat", row.contentOfA);
     for (const char* header : {"--header-dir=include", "--no-header"}) {
-      Lines arguments = inFolder;
-      arguments.insert(arguments.end(), {row.prefix, header});
-      EXPECT_EQ(verify(arguments), header[2] == 'n' ? row.foundWithoutHeader : row.found);
+      EXPECT_EQ(verify({"sfx.tvb", "-C", folder_.path(), "--script", "sfx.txt", "--prefix",
+                        row.prefix, header}),
+                header[2] == 'n' ? row.foundWithoutHeader : row.found);
     }
   }
   script("x");
@@ -301,7 +241,7 @@ TEST_F(VerifyTest, ComparesTheBankWithItsScript) {
 }
 
 TEST_F(VerifyTest, FailsOnlyIfThereIsNoAnswer) {
-  const std::string bank = write(SmallBank());
+  const std::string bank = write({});
   EXPECT_EQ(run({"verify", bank}), 0);
   expectAnswers({"verify"}, {{{bank, "--header", "none.h"}, "can't read none.h"},
                              {{"none.tvb"}, "can't read none.tvb"},

@@ -1,5 +1,4 @@
 // The reader of scripts for checks: what it finds in the words, where, and how it goes on.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "kit/check/allowances.h"
@@ -11,32 +10,25 @@
 namespace tavrel::kit {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-struct Reading {
-  ScriptModel model;
-  std::string problems;  ///< those that no comment allows: "code line:column", separated by blanks
-};
-
-Reading readText(const std::string& text) {
+/// Returns the problems that no comment allows: "code line:column", separated by blanks.
+std::string problemsOf(const std::string& text) {
   const CapturedConsole silence;
   TokenFile file;
   file.useMemory(test::blockOf(text).release(), text.size());
   Findings findings;
-  Reading reading{readScript(file, findings), ""};
+  const ScriptModel model = readScript(file, findings);
   file.freeData();
   const SourceText source(text);
-  const Allowances allowances(source, reading.model, findings);
+  const Allowances allowances(source, model, findings);
+  std::string problems;
   for (const Diagnostic& diagnostic : findings.sorted()) {
     if (!allowances.allow(diagnostic)) {
       const Position place = source.positionOf(diagnostic.offset);
-      reading.problems += (reading.problems.empty() ? "" : " ") +
-                          std::string(diagnostic.code->name) + ' ' + std::to_string(place.line) +
-                          ':' + std::to_string(place.column);
+      problems += (problems.empty() ? "" : " ") + std::string(diagnostic.code->name) + ' ' +
+                  std::to_string(place.line) + ':' + std::to_string(place.column);
     }
   }
-  return reading;
+  return problems;
 }
 
 /// Scripts with the same problems.
@@ -49,7 +41,7 @@ void expectProblems(const std::vector<Group>& groups, const std::string& before 
                     const std::string& after = "") {
   for (const auto& [problems, scripts] : groups) {
     for (const std::string& script : scripts) {
-      EXPECT_EQ(readText(before + script + after).problems, problems) << script;
+      EXPECT_EQ(problemsOf(before + script + after), problems) << script;
     }
   }
 }
@@ -128,6 +120,17 @@ TEST(ScriptReaderTest, ChecksValues) {
       name, end);
 }
 
+TEST(ScriptReaderTest, ReadsValuesAsTheToolDoes) {
+  const auto valueOf = [](const Option& option, const std::string& text) {
+    ScriptBlock block;
+    block.options.push_back({.row = &option, .keyword = {}, .value = ScriptWord{text}});
+    return block.valueOf(option);
+  };
+  EXPECT_EQ(valueOf(kWaveOptions[1], "22,050"), 22);
+  EXPECT_EQ(valueOf(kWaveOptions[2], "10"), 1);
+  EXPECT_EQ(valueOf(kToneBankOptions[0], "Melodic"), 1);
+}
+
 TEST(ScriptReaderTest, LeavesOutWhatCommentsAllow) {
   const std::string start = "BankFileName a\n";
   const std::string end = "AssetEnd\nScriptEnd\n";
@@ -140,7 +143,7 @@ TEST(ScriptReaderTest, LeavesOutWhatCommentsAllow) {
       {both + " number-text 4:12", {blocks + "Parameter1 z " + end}},
       {"",
        {"; c\n;tavkit:allow flag-text,number-text\n" + blocks + end, "\n" + allowed,
-        start + "ScriptEnd ; tavkit: allow\n",
+        start + "ScriptEnd ; tavkit: allow\n", start + "ScriptEnd\nx ; tavkit: allow after-end\n",
         start + "ScriptEnd ; tavkit: allowed\n; tavkit: allow numbertext\n"}},
       {"byte-order-mark 1:1", {"\xEF\xBB\xBF" + allowed}},
       {"number-text 5:24 number-text 6:24",
@@ -154,24 +157,6 @@ TEST(ScriptReaderTest, LeavesOutWhatCommentsAllow) {
       {"unknown-code 1:17 bad-flag 3:17",
        {"; tavkit: allow bad-flag\n" + start + "WaveFile x Loop 2 " + end}},
   });
-}
-
-TEST(ScriptReaderTest, DeliversTheBlocks) {
-  const Reading reading = readText(
-      "BankFileName a.tvb BankFileName b.tvb\n"
-      "WaveFile x.wav SampleRate 22,050 Loop 0 Loop 10 AssetEnd\n"
-      "WaveFile door slam.wav SampleRate 1 AssetEnd MidiToneBank k BankType Melodic AssetEnd\n"
-      "UserAsset a;b.dat AssetEnd\nAssetEnd UserAsset\nScriptEnd\nUserAsset z AssetEnd\n");
-  const ScriptModel& model = reading.model;
-  ASSERT_EQ(model.bankNames.size(), 2U);
-  EXPECT_EQ(model.bankNames[1].text, "b.tvb");
-  EXPECT_THAT(model.statementStarts, ElementsAre(0, 19, 38, 95, 140, 181, 217, 227, 237));
-  ASSERT_EQ(model.blocks.size(), 5U);
-  EXPECT_EQ(model.blocks[0].valueOf(kWaveOptions[0]), 0);  // by default
-  EXPECT_EQ(model.blocks[0].valueOf(kWaveOptions[1]), 22);
-  EXPECT_EQ(model.blocks[0].valueOf(kWaveOptions[2]), 1);
-  EXPECT_EQ(model.blocks[2].valueOf(kToneBankOptions[0]), 1);
-  EXPECT_FALSE(model.blocks[4].file);
 }
 
 }  // namespace

@@ -11,8 +11,6 @@ namespace tavrel::kit {
 namespace {
 
 using test::bankOf;
-using testing::HasSubstr;
-using testing::Not;
 
 class ReportTest : public CommandTest {
  protected:
@@ -91,20 +89,16 @@ TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
   }
 }
 
-TEST_F(ReportTest, ShowsTheQualityOfAScriptThatPacks) {
+TEST_F(ReportTest, ShowsTheQualityOfAScriptOrWhyItDoesntPack) {
   write("b.tvb", bankOf({{6, "four"}}));
   write("a.wav", test::wav().fmt(test::mono, 16, 8000).data("four"));
   write("s.txt", "BankFileName b.tvb WaveFile a.wav SampleRate 8000 Adpcm 1 AssetEnd ScriptEnd\n");
   ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
   EXPECT_EQ(document("report")["packs"], true);
   EXPECT_EQ(document("report")["quality"]["waves"][0]["file"], "a.wav");
-}
-
-TEST_F(ReportTest, ShowsAScriptThatDoesntPack) {
-  write("b.tvb", bankOf({{6, "four"}}));
   write("s.txt", "BankFileName b.tvb\nUserAsset <gone> AssetEnd\n");
   ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
-  EXPECT_THAT(folder_.read("page.html"), Not(HasSubstr("<gone")));
+  EXPECT_THAT(folder_.read("page.html"), testing::Not(testing::HasSubstr("<gone")));
   EXPECT_FALSE(document("report")["packs"]);
   EXPECT_EQ(document("report")["check"]["diagnostics"][0]["code"], "missing-file");
 }

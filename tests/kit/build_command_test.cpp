@@ -10,7 +10,6 @@
 namespace tavrel::kit {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 void setEnvironment(const std::string& variable) {
@@ -59,8 +58,8 @@ TEST_F(BuildTest, WritesWhatTheToolWritesAndReplacesOnlyWhatChanges) {
   EXPECT_EQ(std::regex_replace(depfile, std::regex(folder), "/"),
             "/sub/t: \\\n  /s.txt \\\n  /a.wav \\\n  /sub/b.dat\n\n/a.wav:\n\n/sub/b.dat:\n");
   EXPECT_THAT(folder_.read("b.h"), HasSubstr("Rev:\t1/1/1970 0:00 am - File"));
-  EXPECT_THAT(filesIn("."),
-              ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub", "sub/b.dat", "sub/t"));
+  EXPECT_THAT(filesIn("."), testing::ElementsAre("a.wav", "b.h", "b.tvb", "d", "s.txt", "sub",
+                                                 "sub/b.dat", "sub/t"));
 
   for (const char* file : {"b.tvb", "b.h", "d", "sub/t"}) {
     age(file);

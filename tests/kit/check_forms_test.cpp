@@ -2,8 +2,6 @@
 #ifndef _WIN32
 #include <unistd.h>
 #endif
-#include <fmt/format.h>
-
 #include <cerrno>
 #include <cstring>
 
@@ -14,7 +12,6 @@ namespace tavrel::kit {
 namespace {
 
 using testing::HasSubstr;
-using testing::StartsWith;
 
 class CheckFormsTest : public CommandTest {
  protected:
@@ -113,7 +110,7 @@ TEST_F(CheckFormsTest, SaysWhyTheHostRefusesAScript) {
   EXPECT_EQ(runCommandLine({"check", "all.txt"}, output_), 2);
   ASSERT_EQ(seteuid(user), 0);
   EXPECT_EQ(output_.messages,
-            fmt::format("tavkit: can't read all.txt: {}\n", std::strerror(EACCES)));
+            std::string("tavkit: can't read all.txt: ") + std::strerror(EACCES) + '\n');
 }
 #endif
 
@@ -141,7 +138,7 @@ TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
   for (std::getline(list, line); std::getline(list, line); ++count) {
     const std::string code = line.substr(0, line.find(' '));
     EXPECT_EQ(run({"explain", code}), 0) << code;
-    EXPECT_THAT(output_.results, StartsWith(code + " ("));
+    EXPECT_THAT(output_.results, testing::StartsWith(code + " ("));
     expectFilled(output_.results.substr(output_.results.find("\n\n") + 2));
   }
   EXPECT_EQ(count, 54U);  // 27 errors and 27 warnings

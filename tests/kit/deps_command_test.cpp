@@ -5,8 +5,6 @@
 namespace tavrel::kit {
 namespace {
 
-using testing::HasSubstr;
-
 class DepsTest : public CommandTest {
  protected:
   int deps(const Lines& arguments) { return run({"deps", "-C", folder_.path()}, arguments); }

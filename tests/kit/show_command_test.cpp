@@ -9,7 +9,6 @@
 namespace tavrel::kit {
 namespace {
 
-using test::aiff;
 using test::Bytes;
 using test::events;
 using test::midi;
@@ -63,7 +62,7 @@ TEST_F(ShowTest, Waves) {
 }
 
 TEST_F(ShowTest, AiffFiles) {
-  const std::string looped = aiff()
+  const std::string looped = test::aiff()
                                  .comm(mono, 4, 8)
                                  .mark({{1, 0}, {2, 3, "\x1B[2J"}})
                                  .inst({1, 1, 2}, {2, 1, 9})

@@ -147,9 +147,6 @@ TEST_F(NewTest, ListsWhatPassesCheckAndIsPackedWhole) {
     EXPECT_TRUE(runTool({"s.txt"}));
     EXPECT_EQ(test::lossOfAssets(folder_.read("s.tvb"), wanted.files, files), "");
     EXPECT_EQ(run({"verify", "s.tvb"}), 0) << output_.results;
-    for (const char* made : {"s.txt", "s.tvb", "s.h"}) {
-      EXPECT_THAT(script, Not(HasSubstr(std::string("Asset ") + made + '\n'))) << made;
-    }
     fs::remove("s.txt");
   }
 }
@@ -185,7 +182,8 @@ TEST_F(NewTest, AddsToAScript) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     write("s.txt", row.before + row.after);
-    EXPECT_EQ(run({"new", "a.dat", "b.dat", "-o", "s.txt", "--add"}), row.code) << output_.messages;
+    EXPECT_EQ(run({"new", "a.dat", "b.dat", "s.txt", "-o", "s.txt", "--add"}), row.code)
+        << output_.messages;
     EXPECT_EQ(folder_.read("s.txt"), row.before + row.added + row.after + row.lineEnd);
   }
 }

@@ -59,18 +59,15 @@ for document in documents:
     targets = [check_link(document, "".join(groups)) for groups in links(document)]
     if document == root / "README.md":
         indexed = {document, *targets}
-    for name, section in re.findall(r"\b(tav\w+)\(([1-9])\)", document.read_text()):
-        if root / f"docs/{name}.{section}" not in man_pages:
-            problems.append(f"{document.relative_to(root)}: there is no {name}({section})")
-for page in man_pages:
-    text = page.read_text()
-    names = [f"{name}.{section}" for name, section in re.findall(r"^\.Xr (\S+) ([1-9])", text, re.M)]
-    for name in names + re.findall(r"^\.Pa (\S+\.md)", text, re.M):
-        if not (root / "docs" / name).exists():
-            problems.append(f"{page.relative_to(root)}: there is no {name}")
 for document in documents + man_pages:
     if document not in indexed:
         problems.append(f"README.md doesn't link to {document.relative_to(root)}")
+    text = document.read_text()
+    pages = re.findall(r"\b(tav\w+)\(([1-9])\)|^\.Xr (\S+) ([1-9])", text, re.M)
+    names = [".".join(filter(None, page)) for page in pages]
+    for name in names + re.findall(r"^\.Pa (\S+\.md)", text, re.M):
+        if not (root / "docs" / name).exists():
+            problems.append(f"{document.relative_to(root)}: there is no {name}")
 
 project = (ROOT / "CMakeLists.txt").read_text()
 version = re.search(r"^project\(.* VERSION (\S+)", project, re.M)[1]

@@ -14,48 +14,39 @@
 #   * NAME               the file NAME, or a passage of it if there is a file of that name
 #
 # C and C++ must have a name, so that all code in the documents is compiled.
-set -euo pipefail
+source "$(dirname "$0")/../support/sandbox.sh"
 build=$(realpath "$1")
 compiler=$(type -P "$2")
-source=$(realpath "$(dirname "$0")/../..")
-sandbox=$(mktemp -d)
-trap 'rm -rf "$sandbox"' EXIT
-failures=0
-
-fail() {
-  echo "$document: $1" >&2
-  failures=$((failures + 1))
-}
 
 # The tree is kept from run to run, so that it builds only what has changed. It builds the tool alone,
 # without optimisation, and has tavkit from BUILD: tavkit takes minutes, and BUILD shows that it builds.
 make_tree() {
-  root=$build/docs_tree
-  mkdir -p "$root"
-  find "$root" -mindepth 1 -maxdepth 1 ! -name build -exec rm -r {} +
-  tar -C "$source" -c --exclude='./build*' --exclude=./.git \
-    --exclude="./$(realpath --relative-to "$source" "$build")" . | tar -C "$root" -x
-  cmake -S "$root" -B "$root/build" -DTAVREL_TESTS=OFF -DTAVREL_KIT=OFF \
+  tree=$build/docs_tree
+  mkdir -p "$tree"
+  find "$tree" -mindepth 1 -maxdepth 1 ! -name build -exec rm -r {} +
+  tar -C "$root" -c --exclude='./build*' --exclude=./.git \
+    --exclude="./$(realpath --relative-to "$root" "$build")" . | tar -C "$tree" -x
+  cmake -S "$tree" -B "$tree/build" -DTAVREL_TESTS=OFF -DTAVREL_KIT=OFF \
     -DCMAKE_CXX_FLAGS_RELEASE=-O0 >/dev/null
-  ln -sf "$build/tavkit" "$root/build"
+  ln -sf "$build/tavkit" "$tree/build"
 }
 
-make_root() {
+lay_out() {
   if [[ $document == README.md ]]; then
     make_tree
   else
-    root=$sandbox/$(basename "$document" .md)
-    mkdir -p "$root"
-    cp -r "$source/examples" "$source/integrations" "$root"
+    tree=$sandbox/$(basename "$document" .md)
+    mkdir -p "$tree"
+    cp -r "$root/examples" "$root/integrations" "$tree"
   fi
 }
 
 # Writes each block of the document to a numbered file. The first line is the words after the fence.
 split_blocks() {
-  mkdir "$root/.blocks"
-  awk -v folder="$root/.blocks" '
+  mkdir "$tree/.blocks"
+  awk -v folder="$tree/.blocks" '
     /^```/ { inside = !inside; if (inside) ++count; sub(/^```/, ""); if (!inside) next }
-    inside { printf "%s\n", $0 > sprintf("%s/%03d", folder, count) }' "$source/$document"
+    inside { printf "%s\n", $0 > sprintf("%s/%03d", folder, count) }' "$root/$document"
 }
 
 # Hides time stamps, which differ from run to run, and blanks at the end of a line.
@@ -70,39 +61,37 @@ readonly session_shell='
   run() { printf "$ %s\n" "$1"; (exit $status); eval "$1"; status=$?; }'
 
 check_session() {
-  local expected actual pattern program
-  for program in "$@"; do
-    if ! type "$program" >/dev/null 2>&1; then
-      echo "$document: a session is skipped, because $program isn't installed"
-      return
-    fi
-  done
+  local expected actual pattern
+  if ! type "$@" >/dev/null 2>&1; then
+    echo "$document: a session is skipped, because not all of these are installed: $*"
+    return
+  fi
   expected=$(masked)
   {
     echo "$session_shell"
     sed -n "/^\\\$ /{ s/^..//; s/'/'\\\\''/g; s/.*/run '&'/; p }" <<<"$expected"
-  } >"$root/.session"
-  actual=$(cd "$root" && bash .session 2>&1 </dev/null | masked) || true
+  } >"$tree/.session"
+  actual=$(cd "$tree" && bash .session 2>&1 </dev/null | masked) || true
   pattern=$(sed 's/[][*?\\]/\\&/g; s/^\.\.\.$/*/' <<<"$expected")
   # shellcheck disable=SC2053 # a pattern, on purpose
   if [[ $actual != $pattern ]]; then
-    fail "a session prints something different"
+    fail "$document: a session prints something different"
     diff -u --label shown --label printed <(echo "$expected") <(echo "$actual") >&2 || true
   fi
 }
 
 check_commands() {
-  if ! (cd "$root" && bash -e >.commands.log 2>&1 < <(cat)); then
-    fail "commands fail"
-    tail -n 20 "$root/.commands.log" >&2
+  if ! (cd "$tree" && bash -e >.commands.log 2>&1 < <(cat)); then
+    fail "$document: commands fail"
+    tail -n 20 "$tree/.commands.log" >&2
   fi
 }
 
 check_scripts() {
   local script
   while read -r script _; do
-    if [[ ! -x $source/$script ]] || ! grep -qw "$script" "$source/.ci/run" "$source/scripts/all"; then
-      fail "$script is run by no test"
+    if [[ ! -x $root/$script ]] || ! grep -qw "$script" "$root/.ci/run" "$root/scripts/all"; then
+      fail "$document: $script is run by no test"
     fi
   done
 }
@@ -112,8 +101,8 @@ check_bytes() {
   expected=$(awk -F '  +' '
     NF { sub(/^ +/, ""); if ($1 != count) print "offset", $1; print $2; count += split($2, b, " ") }')
   if ! diff -u --label shown --label packed \
-    <(tr ' ' '\n' <<<"$expected") <(od -An -v -tx1 "$root/$1" | tr -s ' ' '\n' | sed '/^$/d') >&2; then
-    fail "the bytes of $1 differ"
+    <(tr ' ' '\n' <<<"$expected") <(od -An -v -tx1 "$tree/$1" | tr -s ' ' '\n' | sed '/^$/d') >&2; then
+    fail "$document: the bytes of $1 differ"
   fi
 }
 
@@ -122,8 +111,8 @@ check_good_scripts() {
   local script
   for script in "$@"; do
     if type tavkit >/dev/null 2>&1 &&
-      ! (cd "$(dirname "$root/$script")" && tavkit check --werror "$(basename "$script")") >&2; then
-      fail "$script has problems"
+      ! (cd "$(dirname "$tree/$script")" && tavkit check --werror "$(basename "$script")") >&2; then
+      fail "$document: $script has problems"
     fi
   done
 }
@@ -131,10 +120,10 @@ check_good_scripts() {
 check_file() {
   local text
   text=$(cat)
-  if [[ ! -e $root/$1 ]]; then
-    printf '%s\n' "$text" >"$root/$1"
-  elif [[ $(cat "$root/$1") != *"$text"* ]]; then
-    fail "$1 has no such passage"
+  if [[ ! -e $tree/$1 ]]; then
+    printf '%s\n' "$text" >"$tree/$1"
+  elif [[ $(cat "$tree/$1") != *"$text"* ]]; then
+    fail "$document: $1 has no such passage"
   fi
 }
 
@@ -145,14 +134,14 @@ check_block() {
     sh,) check_commands ;;
     sh,scripts) check_scripts ;;
     bytes,?*) check_bytes "$name" ;;
-    c, | cpp,) fail "a block of C without a file name" ;;
+    c, | cpp,) fail "$document: a block of C without a file name" ;;
     *,?*) check_file "$name" ;;
   esac
 }
 
 export HOME=$sandbox/home # for what a document installs there
 cmake --install "$build" --prefix "$sandbox/usr" >/dev/null
-type python3 >/dev/null && python3 "$source/tests/docs/links_test.py" "$sandbox/usr/share/doc/tavrel"
+type python3 >/dev/null && python3 "$root/tests/docs/links_test.py" "$sandbox/usr/share/doc/tavrel"
 mkdir "$sandbox/bin"
 ln -s "$compiler" "$sandbox/bin/cc"
 export PATH=$sandbox/usr/bin:$sandbox/bin:$PATH CMAKE_PREFIX_PATH=$sandbox/usr
@@ -161,15 +150,15 @@ CMAKE_GENERATOR=$(sed -n 's/^CMAKE_GENERATOR:INTERNAL=//p' "$build/CMakeCache.tx
 export CMAKE_GENERATOR
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
-cd "$source"
+cd "$root"
 for document in README.md CONTRIBUTING.md docs/*.md; do
   if [[ $document == docs/tavkit.md && ! -x $build/tavkit ]]; then
     echo "$document is skipped, because tavkit isn't built"
     continue
   fi
-  make_root
+  lay_out
   split_blocks
-  for block in "$root"/.blocks/*; do
+  for block in "$tree"/.blocks/*; do
     read -r words <"$block"
     # shellcheck disable=SC2086 # split on purpose
     check_block $words < <(tail -n +2 "$block")
@@ -180,13 +169,12 @@ done
 
 # The man page: its command line with its script.
 document=docs/tavrel.1
-make_root
-mkdir "$root/examples/out"
-sed -n '/^\.Bd /,/^\.Ed/{ /^\.[BE]d/d; p }' "$document" >"$root/examples/sfx.txt"
+lay_out
+mkdir "$tree/examples/out"
+sed -n '/^\.Bd /,/^\.Ed/{ /^\.[BE]d/d; p }' "$document" >"$tree/examples/sfx.txt"
 check_good_scripts examples/sfx.txt
-root+=/examples
+tree+=/examples
 check_commands < <(sed -n 's/^\.Dl \$ //p' "$document")
-if [[ $(grep -c 'SFX_.*_\(WAV\|MID\)' "$root/out/sfx.h") -ne 2 ]]; then
-  fail "the script's assets aren't in the header"
+if [[ $(grep -c 'SFX_.*_\(WAV\|MID\)' "$tree/out/sfx.h") -ne 2 ]]; then
+  fail "$document: the script's assets aren't in the header"
 fi
-[[ $failures -eq 0 ]]

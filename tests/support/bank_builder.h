@@ -16,7 +16,14 @@ struct BankAsset {
   std::array<std::int32_t, 8> parameters{};
 };
 
-/// All blobs are padded to a multiple of 4 bytes, the bank to one of 32.
+/// Returns the size of a blob with its padding to a multiple of 4 bytes, which the tone banks and
+/// the effects don't have.
+inline std::size_t paddedSize(const BankAsset& asset) {
+  const bool isPadded = asset.type < 3 || asset.type > 5;
+  return isPadded ? (asset.blob.size() + 3) / 4 * 4 : asset.blob.size();
+}
+
+/// The bank is padded to a multiple of 32 bytes.
 inline std::string bankOf(const std::vector<BankAsset>& assets) {
   Bytes table = Bytes().le32(assets.size());
   Bytes blobs;
@@ -25,7 +32,7 @@ inline std::string bankOf(const std::vector<BankAsset>& assets) {
     for (const std::int32_t parameter : asset.parameters) {
       table.le32(static_cast<std::uint32_t>(parameter));
     }
-    blobs.text(asset.blob).fill((4 - asset.blob.size() % 4) % 4);
+    blobs.text(asset.blob).fill(paddedSize(asset) - asset.blob.size());
   }
   table.text(blobs);
   return table.fill((32 - table.size() % 32) % 32);

@@ -2,6 +2,7 @@
 // Reads script, bank and header on its own.
 #pragma once
 
+#include <strings.h>
 #include <tavrel/bank.h>
 
 #include <algorithm>
@@ -18,11 +19,8 @@ namespace tavrel::test {
 inline const std::vector<std::string> kBlockKeywords{
     "WaveFile", "MidiFileType0", "MidiToneBank", "FxOutputBank", "FxProgramBank", "UserAsset"};
 
-inline std::string lowered(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-    return static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-  });
-  return text;
+inline bool isKeyword(const std::string& word, const std::string& keyword) {
+  return strcasecmp(word.c_str(), keyword.c_str()) == 0;
 }
 
 /// Returns the words of a script, each up to a NUL in it.
@@ -61,15 +59,14 @@ inline Wanted wantedBy(const std::string& script) {
   Wanted wanted;
   std::vector<std::string> words = wordsOf(script);
   words.emplace_back();
-  for (std::size_t i = 0; i + 1 < words.size() && lowered(words[i]) != "scriptend"; ++i) {
+  for (std::size_t i = 0; i + 1 < words.size() && !isKeyword(words[i], "ScriptEnd"); ++i) {
     std::string next = words[i + 1];
     std::replace(next.begin(), next.end(), '\\', '/');
-    if (lowered(words[i]) == "bankfilename") {
+    if (isKeyword(words[i], "BankFileName")) {
       wanted.bank = next;
       ++i;
-    } else if (std::any_of(kBlockKeywords.begin(), kBlockKeywords.end(), [&](const auto& keyword) {
-                 return lowered(keyword) == lowered(words[i]);
-               })) {
+    } else if (std::any_of(kBlockKeywords.begin(), kBlockKeywords.end(),
+                           [&](const auto& keyword) { return isKeyword(words[i], keyword); })) {
       wanted.files.push_back(next);
     }
   }

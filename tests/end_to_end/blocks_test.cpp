@@ -93,7 +93,7 @@ TEST(OpaqueBlock, StoresTheWholeFileOrFails) {
       {kFxOutputBank, "empty", "BankType", kFails},
       {kFxProgramBank, "none", "", kFails},
       {kUserAsset, "empty", "Parameter8", kFails, unidentified("Parameter8")},
-      {kToneBank, "one/x.mtb", "BankType Drum BANKTYPE Melodic", {{1}}, "21 bytes"},
+      {kToneBank, "one/x.mtb", "BankType Drum BANKTYPE Melodic", {{1}}, "a tone bank"},
       {kToneBank, "Wah~1.B~n", "BankType Melodic BankType Drum", {{0}}, ""},
       {kFxOutputBank, "a-1.b.cdefg", "", {{0}}, "three"},
       {kFxProgramBank, std::string(75, 'L') + ".bin", "", {{0}}, {"\r\n\0\x1A\xFF;", 6}},

@@ -3,7 +3,9 @@
 #include <array>
 #include <sstream>
 
+#include "platform/file_cache.h"
 #include "tests/support/all.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 
 namespace tavrel::test {
@@ -152,10 +154,8 @@ TEST_F(DiskFileTest, UsesABufferInsteadOfTheFile) {
   output_.useBuffer(content);
   EXPECT_TRUE(all({output_.open(), output_.write("1234", 4), output_.seek(1),
                    output_.write("ab", 2), output_.close()}));
+  EXPECT_EQ(content.str(), "1ab4");
   EXPECT_EQ(directory_.read("some.bin"), "abc") << "untouched";
-  input_.useBuffer(content);
-  EXPECT_TRUE(all({input_.open(), input_.read(bytes_.data(), 4), input_.close()}));
-  EXPECT_STREQ(bytes_.data(), "1ab4");
   struct FullBuffer : std::streambuf {
     int sync() override { return -1; }
   } full;
@@ -163,6 +163,48 @@ TEST_F(DiskFileTest, UsesABufferInsteadOfTheFile) {
   EXPECT_TRUE(output_.open());
   EXPECT_FALSE(output_.close());
   EXPECT_EQ(output_.error, 2U);
+}
+
+/// The file's bytes may be in memory already.
+class CachedFile : public DiskFileTest {
+ protected:
+  CachedFile() { setFileCache(&cache_); }
+  ~CachedFile() override { setFileCache(nullptr); }
+  void add(std::string_view content) { cache_.add(name_, {blockOf(content), content.size()}); }
+  /// Reads the file whole, always with the same object.
+  std::string wholeFile() {
+    const bool complete = input_.readImage(block_, size_) == DiskFile::WholeRead::complete;
+    return complete ? std::string(block_.get(), block_.get() + size_) : "fails";
+  }
+
+  FileCache cache_;
+};
+
+TEST_F(CachedFile, IsReadInsteadOfTheDisk) {
+  EXPECT_EQ(wholeFile(), "abc");
+  add("");
+  EXPECT_EQ(wholeFile(), "");
+  add("in memory");
+  EXPECT_EQ(wholeFile(), "in memory");
+  EXPECT_EQ(setFileCache(nullptr), &cache_);
+  EXPECT_EQ(wholeFile(), "abc");
+  setFileCache(&cache_);
+  EXPECT_TRUE(output_.writeWhole("written", 7));
+  EXPECT_EQ(directory_.read("some.bin"), "written");
+  cache_.remove(name_);
+  EXPECT_EQ(wholeFile(), "written");
+}
+
+TEST_F(CachedFile, IsReadLikeAFile) {
+  add("01234");
+  char* const bytes = bytes_.data();
+  EXPECT_TRUE(all({input_.open(), input_.read(bytes, 5), input_.getSize(size_)}));
+  EXPECT_STREQ(bytes, "01234");
+  EXPECT_EQ(size_, 5U);
+  EXPECT_TRUE(all({input_.seek(4), input_.read(bytes, 1), input_.seek(2), input_.read(bytes + 1, 2),
+                   input_.seek(5), input_.read(bytes, 0), !input_.read(bytes, 1), input_.close(),
+                   input_.open(), input_.seek(6), !input_.read(bytes, 1), input_.close()}));
+  EXPECT_STREQ(bytes, "42334");
 }
 
 }  // namespace tavrel::test

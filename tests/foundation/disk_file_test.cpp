@@ -153,7 +153,7 @@ TEST_F(DiskFileTest, UsesABufferInsteadOfTheFile) {
   std::stringbuf content;
   output_.useBuffer(content);
   EXPECT_TRUE(all({output_.open(), output_.write("1234", 4), output_.seek(1),
-                   output_.write("ab", 2), output_.close()}));
+                   output_.write("ab", 2), output_.getSize(size_), output_.close()}));
   EXPECT_EQ(content.str(), "1ab4");
   EXPECT_EQ(directory_.read("some.bin"), "abc") << "untouched";
   struct FullBuffer : std::streambuf {

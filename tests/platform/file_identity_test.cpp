@@ -11,20 +11,6 @@ TEST(FileIdentity, OtherCaseExchangesLetters) {
 }
 
 #ifndef _WIN32
-TEST(FileIdentity, IsThatOfTheFileThatLinksLeadTo) {
-  const TemporaryDirectory directory;
-  const auto identity = [&directory](const char* name) {
-    return fileIdentity(directory.path(name).c_str());
-  };
-  directory.write("file", "");
-  directory.write("other", "");
-  fs::create_symlink("file", directory.path("link"));
-  EXPECT_EQ(identity("link"), identity("file"));
-  EXPECT_NE(identity("other"), identity("file"));
-  EXPECT_NE(identity("other") < identity("file"), identity("file") < identity("other"));
-  EXPECT_EQ(identity("missing"), std::nullopt);
-}
-
 TEST(FileIdentity, CaseIsIgnoredWhereTheFolderIsFoundInTheOtherCase) {
   const TemporaryDirectory directory;
   const bool isIgnored = ignoresCase(directory.path("").c_str());

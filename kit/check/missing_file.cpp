@@ -30,6 +30,7 @@ std::string withoutQuotes(std::string_view name) {
 /// its quotes names a file. Returns the empty string if there is none.
 std::string fileAtStart(std::string_view whole) {
   constexpr std::size_t kMostParts = 32;
+  whole = whole.substr(0, whole.find('\0'));  // no file has one in its name
   std::string found;
   std::size_t end = 0;
   for (std::size_t part = 0; part < kMostParts && end < whole.size(); ++part) {

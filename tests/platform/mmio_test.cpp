@@ -67,4 +67,11 @@ TEST_F(Mmio, FindsNoChunkWhoseContentStartsAt4GiB) {
   EXPECT_EQ(mmioDescend(file_, &info, nullptr, kMmioFindRiff), kMmioChunkNotFound);
 }
 
+TEST_F(Mmio, FindsNoFormThatIsTooShortForItsType) {
+  open(Bytes().text("RIFF").le32(3).fill(4));
+  ChunkInfo info;
+  info.formType = 0;
+  EXPECT_EQ(mmioDescend(file_, &info, nullptr, kMmioFindRiff), kMmioChunkNotFound);
+}
+
 }  // namespace tavrel::test

@@ -80,13 +80,14 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
   const std::string sequence = directory.write("a.mid", song);
   const struct {
     bool (BankScript::*parse)(TokenFile&);
+    std::uint32_t kind;
     std::string tokens, payload;
-  } rows[] = {{&BankScript::parseWaveFile, wave + " Adpcm 1", "\x77\x1F\x80\x80"},
-              {&BankScript::parseMidiFileType0, sequence + " Loop 1", song},
-              {&BankScript::parseMidiToneBank, sequence + " BankType Drum", song},
-              {&BankScript::parseFxOutputBank, sequence, song},
-              {&BankScript::parseFxProgramBank, sequence, song},
-              {&BankScript::parseUserAsset, sequence + " Parameter0 1", song}};
+  } rows[] = {{&BankScript::parseWaveFile, 1, wave + " Adpcm 1", "\x77\x1F\x80\x80"},
+              {&BankScript::parseMidiFileType0, 2, sequence + " Loop 1", song},
+              {&BankScript::parseMidiToneBank, 3, sequence + " BankType Drum", song},
+              {&BankScript::parseFxOutputBank, 4, sequence, song},
+              {&BankScript::parseFxProgramBank, 4, sequence, song},
+              {&BankScript::parseUserAsset, 6, sequence + " Parameter0 1", song}};
   BankScript script("a.txt");
   for (const auto& row : rows) {
     SCOPED_TRACE(row.tokens);
@@ -101,6 +102,7 @@ TEST(BankScript, ParsesEachBlockFromAnyTokenSource) {
     const AssetData& asset = *script.assets.back();
     const std::uint8_t* bytes = asset.payload.get();
     EXPECT_EQ(std::string(bytes, bytes + script.entries.back()->size), row.payload);
+    EXPECT_EQ(asset.kind, row.kind);
     EXPECT_EQ(asset.scriptOffset, 1U) << "of the keyword";
     EXPECT_EQ(asset.compressed, &row == rows);
   }

@@ -82,6 +82,7 @@ TEST(WaveFile, HandsOverOrReleasesItsSamples) {
   const TemporaryDirectory directory;
   WaveFile wave(directory.write("a.wav", wav().fmt(mono, 16, 22050).data("abc")).c_str());
   const std::string withoutSamples = "1 1 22050 44100 2 16 0 mono PCM 3 fails";
+  EXPECT_EQ(textOf(wave), "no 7 no 7 no 7 0 0 no 7 0 no 7 fails") << "not loaded yet";
   EXPECT_TRUE(wave.load());
   const std::uint8_t* samples = wave.getSampleData();
   EXPECT_EQ(wave.takeSamples().get(), samples);

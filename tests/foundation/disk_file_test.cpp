@@ -131,8 +131,8 @@ TEST_F(DiskFileTest, ReadsAtThePositionUntilAReadFailsAndAgainOnceReopened) {
   char* const bytes = bytes_.data();
   EXPECT_TRUE(all({input_.open(), input_.seek(1), input_.read(bytes, 2),
                    input_.getSize(size_) /* moves to the start */, input_.read(bytes + 2, 1),
-                   input_.readRange(bytes + 3, 1, 2), input_.readRange(bytes, 3, 3)}));
-  EXPECT_STREQ(bytes, "bcab");
+                   input_.readRange(bytes + 3, 2, 3), input_.readRange(bytes, 3, 3)}));
+  EXPECT_STREQ(bytes, "bcac");
   EXPECT_FALSE(input_.readRange(bytes, 2, 1));
   EXPECT_EQ(input_.error, 1U);
   EXPECT_TRUE(all({!input_.read(bytes, 4), input_.getSize(size_), !input_.seek(0)}));

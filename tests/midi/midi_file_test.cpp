@@ -35,7 +35,7 @@ TEST(MidiFile, ReadsAndPrintsEveryKindOfEventTwiceAlike) {
   track.meta(0, 6, {"m\0M", 3}).meta(0, 7, "").meta(0, 32, "\1").tempo(0, 500000);
   track.meta(0, 81, "\7\xA1").tempo(0, 1000).tempo(0, 999).meta(0, 84, "\1\2\3\4\5");
   track.meta(0, 88, "\6\3\x18\x08").meta(0, 88, "\1\x0F").meta(0, 88, "\1\x10");
-  track.meta(0, 89, "\xFD\2").meta(0, 89, "\2").meta(0, 89, "");
+  track.meta(0, 89, "\xFF\2").meta(0, 89, "\1").meta(0, 89, "");
   track.meta(0, 127, std::string(600, '\x5C')).meta(0, 9, "open").system(0, 0xFE, "unknown");
   LoadedMidi loaded(track.endOfTrack());
   std::string lines = expectedLines("dump.txt");

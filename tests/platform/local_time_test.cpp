@@ -2,9 +2,15 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <ctime>
 
 namespace tavrel::test {
+
+std::int64_t millisecondsNow() {
+  const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(sinceEpoch).count();
+}
 
 TEST(LocalTime, IsThatOfTheHost) {
   SYSTEMTIME clock{};
@@ -24,11 +30,12 @@ TEST(LocalTime, IsThatOfTheHost) {
   // The C library's clock may be some milliseconds late.
   EXPECT_LE(std::mktime(&fields), std::time(nullptr) + 1);
   EXPECT_EQ(clock.wDayOfWeek, fields.tm_wday);
-  for (int i = 0; clock.wMilliseconds == 0 && i < 1000000; ++i) {
+  std::int64_t now = 0;
+  do {
+    now = millisecondsNow();
     GetLocalTime(&clock);
-  }
-  EXPECT_GT(clock.wMilliseconds, 0);
-  EXPECT_LT(clock.wMilliseconds, 1000);
+  } while (millisecondsNow() != now);
+  EXPECT_EQ(clock.wMilliseconds, now % 1000);
 }
 
 TEST(UtcTime, IsThatOfTheSecond) {

@@ -41,6 +41,9 @@ static void test_assets(const uint8_t* bytes) {
   tavrel_bank bank;
   tavrel_asset asset;
   tavrel_wave wave;
+  CHECK(TAVREL_WAVE == 1 && TAVREL_SEQUENCE == 2 && TAVREL_TONE_BANK == 3, "types");
+  CHECK(TAVREL_FX_PROGRAM_BANK == 4 && TAVREL_FX_OUTPUT_BANK == 5, "types of effects");
+  CHECK(TAVREL_USER_ASSET == 6, "type of user assets");
   CHECK(tavrel_bank_open(&bank, bytes, 160) == TAVREL_OK, "tiny");
   CHECK(bank.bytes == bytes && bank.size == 160 && bank.count == 3 && bank.held == 160, "tiny");
   CHECK(tavrel_bank_asset(&bank, 0, &asset) && tavrel_asset_wave(&asset, &wave), "wave");

@@ -6,7 +6,6 @@
 #include <tavrel/bank.h>
 
 #include <algorithm>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -110,14 +109,16 @@ inline std::string lossOfAssets(const std::string& bytes, const std::vector<std:
 
 /// Returns what is wrong with the defines of a header for so many assets, or nothing.
 inline std::string faultOfDefines(const std::string& header, std::size_t assets) {
-  static const std::regex identifier("[A-Z_][A-Z_0-9]*");
   std::set<std::string> names;
   std::istringstream lines(header);
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with("#define")) {
       const std::size_t start = line.find_first_not_of('\t', 7);
       const std::string name = line.substr(start, line.find('\t', start) - start);
-      if (!std::regex_match(name, identifier) || !names.insert(name).second) {
+      const bool isIdentifier =
+          name.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789") == std::string::npos &&
+          name.find_first_of("0123456789") != 0;
+      if (!isIdentifier || !names.insert(name).second) {
         return "bad define " + name;
       }
     }

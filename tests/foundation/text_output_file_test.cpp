@@ -8,8 +8,8 @@ namespace tavrel::test {
 TEST(TextOutputFileTest, WritesByteForByteAndNothingToAClosedFile) {
   const TemporaryDirectory directory;
   TextOutputFile file(directory.path("a.txt").c_str());
-  EXPECT_TRUE(all(
-      {file.writeNewlines(0), !file.writeNewline(), !file.writeTab(), !file.writeComment("x")}));
+  EXPECT_TRUE(all({file.writeTabs(0), !file.writeTabs(1), !file.writeNewline(), !file.writeTab(),
+                   !file.writeComment("x")}));
   EXPECT_EQ(file.error, 0U);
   EXPECT_FALSE(file.writeBytes("a", 1));
   EXPECT_EQ(file.error, 11U);

@@ -80,6 +80,22 @@ TEST_F(BankCheckTest, FindsWhatSpoilsTheBankItsHeaderOrOtherFiles) {
   EXPECT_THAT(output_.results, HasSubstr("in\\four.dat " + mark + "Rename the file\n"));
 }
 
+TEST_F(BankCheckTest, NamesTheLargestAssetsOfABankOverItsBudget) {
+  std::string script = bank("b.tvb");
+  for (const std::size_t size : {1U, 2U, 3U, 4U, 5U, 6U}) {
+    const std::string name = std::to_string(size) + ".dat";
+    write(name, std::string(size, 'x'));
+    script += asset(name);
+    write("s.txt", script);
+    run({"check", "s.txt", "--max-bytes", "32"});
+    if (size == 1) {
+      EXPECT_THAT(output_.results, HasSubstr("; its only asset: 1.dat (1 byte) [over-budget]"));
+    }
+  }
+  EXPECT_THAT(output_.results, HasSubstr("; its largest assets: 6.dat (6 bytes), 5.dat (5 bytes), "
+                                         "4.dat (4 bytes), 3.dat (3 bytes), 2.dat (2 bytes) ["));
+}
+
 TEST(BankLimitsTest, CountAndLengthPointAtTheFirstFileTooMuch) {
   ScriptBlock block;
   block.file = ScriptWord{"x.dat", 7};

@@ -122,6 +122,7 @@ TEST_F(ListTest, ReadsTheDefinesFromTheHeaderOfTheBank) {
 TEST_F(ListTest, FailsWithoutResults) {
   write("text", std::string(64, 'x'));
   expectAnswers({"list"}, {{{}, "too few operands\nUsage: tavkit list [OPTION ...] BANK"},
+                           {{bank_, bank_}, "too many operands"},
                            {{bank_, "--jsn"}, "did you mean --json?"},
                            {{bank_, "--json=1"}, "--json takes no value"},
                            {{bank_, "--json=true"}, "--json takes no value"},
@@ -136,9 +137,11 @@ TEST_F(ListTest, FailsWithoutResults) {
                            {{"/none"}, "can't read /none: "}});
   expectAnswers(
       {}, {{{"lits"}, "did you mean list?\nRun "}, {{"--verison"}, "did you mean --version?"}});
-  expectAnswers({"diff"}, {{{bank_, bank_, bank_}, "too many operands"}});
-  for (const char* command : {"list", "verify", "explain", "deps", "build", "quality", "report"}) {
-    expectAnswers({command}, {{{bank_, bank_}, "too many operands"}});
+  expectAnswers({"diff"},
+                {{{bank_}, "too few operands"}, {{bank_, bank_, bank_}, "too many operands"}});
+  expectAnswers({"explain"}, {{{bank_, bank_}, "too many operands"}});
+  for (const char* command : {"verify", "deps", "build", "quality", "report"}) {
+    expectAnswers({command}, {{{}, "too few operands"}, {{bank_, bank_}, "too many operands"}});
   }
   for (const Lines& arguments : {Lines{"--version"}, {"list", "--version"}}) {
     EXPECT_EQ(run(arguments), 0);

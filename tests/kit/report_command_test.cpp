@@ -70,7 +70,7 @@ TEST_F(ReportTest, LeavesOutSoundsThatDontFit) {
   EXPECT_TRUE(document("asset-2")["audio"].is_string());
 }
 
-TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
+TEST_F(ReportTest, DrawsLongSoundsAtSeveralScalesAndTheStartOfOthers) {
   const struct {
     std::size_t samples, bucket, scales;
   } rows[] = {{1024, 1, 2}, {1028, 1, 3}, {2047, 1, 3}, {2048, 4, 2}};
@@ -79,9 +79,11 @@ TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
     assets.push_back({1, std::string(row.samples, 'a'), {8000, 0, 8}});
   }
   assets.push_back({1, "", {8000, 0, 8}});
+  assets.push_back({6, std::string(97, 'a')});
   write("b.tvb", bankOf(assets));
   ASSERT_EQ(report({}), 0) << output_.messages;
   EXPECT_FALSE(document("asset-4").contains("peaks")) << "without samples";
+  EXPECT_EQ(document("asset-5")["firstBytes"].get<std::string>().size(), 96 / 3 * 4U);
   for (std::size_t id = 0; id < std::size(rows); ++id) {
     const Json wave = document("asset-" + std::to_string(id));
     EXPECT_EQ(wave["bucket"], rows[id].bucket) << id;
@@ -90,12 +92,13 @@ TEST_F(ReportTest, DrawsLongSoundsAtSeveralScales) {
 }
 
 TEST_F(ReportTest, ShowsTheQualityOfAScriptOrWhyItDoesntPack) {
-  write("b.tvb", bankOf({{6, "four"}}));
   write("a.wav", test::wav().fmt(test::mono, 16, 8000).data("four"));
   write("s.txt", "BankFileName b.tvb WaveFile a.wav SampleRate 8000 Adpcm 1 AssetEnd ScriptEnd\n");
+  ASSERT_TRUE(runTool({"s.txt"}));
   ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
   EXPECT_EQ(document("report")["packs"], true);
   EXPECT_EQ(document("report")["quality"]["waves"][0]["file"], "a.wav");
+  EXPECT_EQ(document("report")["judged"], Json::parse("[[0, 0]]"));
   write("s.txt", "BankFileName b.tvb\nUserAsset <gone> AssetEnd\n");
   ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
   EXPECT_THAT(folder_.read("page.html"), testing::Not(testing::HasSubstr("<gone")));

@@ -41,6 +41,8 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
                 " UserAsset level.dat Lop 1 AssetEnd\n"
                 "                     ^\n");
   EXPECT_EQ(output_.messages, "1 error, 1 warning\n");
+  run({"check", "blank.txt"});
+  EXPECT_THAT(output_.results, HasSubstr("bank-nam isn't a code; did you mean bank-name?"));
   run({"check", "-C", folder_.path(), "a b.txt", "--format", "sarif"});
   EXPECT_THAT(output_.results, HasSubstr(R"(/a%20b.txt")"));
   if (std::string_view(kHostSeparators).find(':') == std::string_view::npos) {

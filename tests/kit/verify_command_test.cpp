@@ -146,7 +146,7 @@ TEST_F(VerifyTest, FindsDamageOfTheHeader) {
       {"a hyphen", "SFX_V", "SFX-V", "define1"},
       {"the bank's prefix", "SFX_(FILE|BANK)", "S.X_$1", "define define define"},
       {"a guard with a hyphen", "_SFX_H", "_S-X_H", "define", "s-x"},
-      {"a name too long for a guard", "", "", "guard", std::string(100, 'n')},
+      {"a name too long for a guard", "#endif", "#endif", "guard", std::string(100, 'n')},
       {"no number", "5\n", "5u\n", "define missing-define5"},
       {"octal", "5\n", "05\n", "define missing-define5"},
       {"two of a name", "SFX_Z", "SFX_U", "duplicate5"},

@@ -89,6 +89,8 @@ const std::vector<AssetRow> kAssetRows{
     {"other extension", kWave, "1", "missing-file", "did you mean a.ogg?", "a.ogg"},
     {"other folder", waveBlock("im\\hti.wav"), kGood, "missing-file", "in\\hit.wav", "in/hit.wav"},
     {"split by a space", waveBlock("a b.wav"), kGood, "missing-file", "mv -n 'a b.wav'", "a b.wav"},
+    {"split before other words", waveBlock("a b.wav c d"), kGood, "missing-file",
+     "mv -n 'a b.wav' ", "a b.wav"},
     {"folder split by a space", waveBlock("my dir\\x.wav"), kGood, "missing-file",
      "x.wav; rename it and write my_dir\\x.wav. mv -n 'my dir' my_dir\n", "my dir/x.wav"},
     {"nearest split by a space", waveBlock("ab.wav"), kGood, "missing-file",

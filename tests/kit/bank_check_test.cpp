@@ -89,7 +89,9 @@ TEST_F(BankCheckTest, NamesTheLargestAssetsOfABankOverItsBudget) {
     write("s.txt", script);
     run({"check", "s.txt", "--max-bytes", "32"});
     if (size == 1) {
-      EXPECT_THAT(output_.results, HasSubstr("; its only asset: 1.dat (1 byte) [over-budget]"));
+      EXPECT_THAT(output_.results,
+                  HasSubstr("the bank has 64 bytes, 32 more than the 32 that --max-bytes allows; "
+                            "its only asset: 1.dat (1 byte) [over-budget]"));
     }
   }
   EXPECT_THAT(output_.results, HasSubstr("; its largest assets: 6.dat (6 bytes), 5.dat (5 bytes), "

@@ -45,6 +45,7 @@ TEST_F(CheckFormsTest, TextOfSeveralScriptsAndAUri) {
   EXPECT_THAT(output_.results, HasSubstr("bank-nam isn't a code; did you mean bank-name?"));
   run({"check", "-C", folder_.path(), "a b.txt", "--format", "sarif"});
   EXPECT_THAT(output_.results, HasSubstr(R"(/a%20b.txt")"));
+  EXPECT_THAT(output_.results, HasSubstr(R"( will be a.tvb. Name the bank a.tvb")"));
   if (std::string_view(kHostSeparators).find(':') == std::string_view::npos) {
     fs::copy_file("a b.txt", "a:b.txt");
     run({"check", "a:b.txt", "--format", "sarif"});
@@ -146,6 +147,8 @@ TEST_F(CheckFormsTest, ExplainsEveryListedCode) {
   EXPECT_EQ(count, 54U);  // 27 errors and 27 warnings
   expectAnswers({"explain"},
                 {{{}, "check --list-codes"}, {{"adpcm-lop"}, "did you mean adpcm-loop?"}});
+  run({"explain", "adpcm-loop"});
+  EXPECT_THAT(output_.results, HasSubstr("\n\nExample:\n    WaveFile engine.wav "));
 }
 
 }  // namespace

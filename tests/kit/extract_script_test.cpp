@@ -174,6 +174,14 @@ TEST_F(ExtractScriptTest, NamesWhatCannotComeOutTheSame) {
   }
 }
 
+TEST_F(ExtractScriptTest, FindsANameWhereAnotherAssetHasThatOfTheId) {
+  pack({{userAsset, "x"}, {userAsset, "y"}}, {"A;B_DAT", "0000_DAT"});
+  ASSERT_EQ(extract("out"), 0);
+  EXPECT_THAT(output_.messages, HasSubstr("(asset 0) can't come out the same: its define becomes "
+                                          "SFX_0000_3_DAT\n"));
+  EXPECT_EQ(folder_.read("out/0000_3.dat"), "x");
+}
+
 TEST_F(ExtractScriptTest, NamesFilesFromItsOwnFolder) {
   pack({{wave, "abc", {1, 1, 4, 0, 0, 6}}}, {"A_WAV"});
   ASSERT_EQ(run({"extract", "was/sfx.tvb", "-o", "out/../files", "--script", "s.txt"},

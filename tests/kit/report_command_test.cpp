@@ -99,6 +99,7 @@ TEST_F(ReportTest, ShowsTheQualityOfAScriptOrWhyItDoesntPack) {
   EXPECT_EQ(document("report")["packs"], true);
   EXPECT_EQ(document("report")["quality"]["waves"][0]["file"], "a.wav");
   EXPECT_EQ(document("report")["judged"], Json::parse("[[0, 0]]"));
+  EXPECT_EQ(document("asset-0")["sourcePeaks"][0], "Zm9mb3VydXI=") << "fo, fo, ur, ur";
   write("s.txt", "BankFileName b.tvb\nUserAsset <gone> AssetEnd\n");
   ASSERT_EQ(report({"--script", "s.txt"}), 0) << output_.messages;
   EXPECT_THAT(folder_.read("page.html"), testing::Not(testing::HasSubstr("<gone")));

@@ -37,6 +37,7 @@ TEST(NearestTest, SuggestsTheFirstOfTheNearestWords) {
   EXPECT_EQ(nearest("Loup", {"Loop", "Soup"}), "Loop");
   EXPECT_EQ(nearest("VOLUNE", {"Volume"}), "Volume");
   EXPECT_EQ(nearest("x", {"y"}), "y");
+  EXPECT_EQ(nearest("same-rate-missing", {"sample-rate-missing"}), "sample-rate-missing");
   EXPECT_EQ(nearest("xy", {"ab"}), "");
   EXPECT_EQ(nearest("abcdef", {"abcxyz", "abcdxy"}), "abcdxy") << "a third may differ";
   EXPECT_EQ(nearest("abcdef", {"abcxyz"}), "");
